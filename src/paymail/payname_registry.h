@@ -1,0 +1,22 @@
+// The paynames that were verified for wallets on this PC: payname.json in the settings folder. Read afresh by every
+// operation; the busy guard keeps flows apart.
+#pragma once
+
+#include <nlohmann/json.hpp>
+
+#include <string>
+
+// One kept payname, as a row of the file.
+struct PaynameRecord {
+    std::string paymail;  // lower case
+    std::string pubkey;   // 66 lower-case hex digits
+    std::string address;  // Base58Check
+};
+
+nlohmann::json load_paynames();                   // array of rows, possibly empty; never fails
+bool save_paynames(const nlohmann::json& rows);   // false when the file cannot be written
+bool keep_payname(const PaynameRecord& record);   // adds it, or updates its row in place
+void remove_payname(const std::string& paymail);  // deletes the file when the last row goes
+
+// The names of the connected wallet, joined by ", "; empty when there are none or no wallet is connected.
+std::string names_of_this_wallet();

@@ -1,0 +1,33 @@
+// Files, by narrow UTF-8 paths ("\" and "/" both separate). Nothing here throws; a failure is a false or empty result.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+enum class FileStatus { exists, missing, unknown };  // unknown: the question itself failed
+
+FileStatus file_status(const std::string& path);
+
+bool create_folders(const std::string& path);  // with all missing parents; true when the folder is there afterwards
+std::string parent_folder(const std::string& path);
+
+// The whole file, exactly as it stands. Empty when it cannot be opened or read. The buffer is freed, and so wiped, by
+// its owner; no stream keeps a second copy.
+std::optional<std::string> read_file(const std::string& path);
+
+// Truncates, then writes. True only when every byte was written and the file was closed without an error.
+bool write_file(const std::string& path, std::string_view bytes);
+
+// Rewrites a file in place such that a process killed at any moment leaves either the old text or the new one, each at
+// most followed by blanks: never an empty file, never a cut one. For text whose readers skip trailing blanks (JSON). A
+// disk that is full is noticed before the first byte of the old text is touched.
+bool rewrite_in_place(const std::string& path, std::string_view text);
+
+// Moves `from` onto `to`, replacing it atomically, and returns when the change is on the disk. Tries again for a
+// moment when another program has the target open.
+bool replace_file(const std::string& from, const std::string& to);
+
+bool rename_file(const std::string& from, const std::string& to);  // fails when `to` exists
+bool copy_file(const std::string& from, const std::string& to);    // overwrites `to`
+bool remove_file(const std::string& path);

@@ -1,0 +1,76 @@
+// Types for bytes and text that must not outlive their use: they wipe themselves.
+//
+// Text that libraries copy on their way is caught elsewhere: the program's operator delete wipes what it frees
+// (platform/wiping_heap). What remains is what stands inside an object or on a stack, and that is these types'
+// business.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <utility>
+
+// Zeroes the memory in a way that no compiler removes.
+void wipe(void* memory, std::size_t size);
+void wipe(std::string& text);  // its whole capacity, then empties it
+
+// Zeroes the stack below the caller, where finished calls into libraries have left their buffers.
+void wipe_finished_stack();
+
+// `Size` bytes, zeroed at the start and when it dies. A move wipes its source; a copy is asked for with clone(),
+// never made by accident.
+template <std::size_t Size>
+class WipedBuffer {
+public:
+    WipedBuffer() = default;
+    WipedBuffer(const WipedBuffer&) = delete;
+    WipedBuffer& operator=(const WipedBuffer&) = delete;
+    WipedBuffer(WipedBuffer&& other) noexcept : m_bytes(other.m_bytes) { other.clear(); }
+    WipedBuffer& operator=(WipedBuffer&& other) noexcept
+    {
+        if (this != &other) {
+            m_bytes = other.m_bytes;
+            other.clear();
+        }
+        return *this;
+    }
+    ~WipedBuffer() { clear(); }
+
+    WipedBuffer clone() const
+    {
+        WipedBuffer copy;
+        copy.m_bytes = m_bytes;
+        return copy;
+    }
+    void clear() { wipe(m_bytes.data(), Size); }
+
+    std::uint8_t* data() { return m_bytes.data(); }
+    const std::uint8_t* data() const { return m_bytes.data(); }
+    static constexpr std::size_t size() { return Size; }
+    std::span<std::uint8_t, Size> bytes() { return m_bytes; }
+    std::span<const std::uint8_t, Size> bytes() const { return m_bytes; }
+
+private:
+    std::array<std::uint8_t, Size> m_bytes{};
+};
+
+// Text that wipes itself, the short form inside the object included.
+class SecretText {
+public:
+    SecretText() = default;
+    explicit SecretText(std::string text) : m_text(std::move(text)) { wipe(text); }
+    SecretText(const SecretText&) = default;
+    SecretText& operator=(const SecretText& other);
+    SecretText(SecretText&& other) noexcept : m_text(std::move(other.m_text)) { other.clear(); }
+    SecretText& operator=(SecretText&& other) noexcept;
+    ~SecretText() { clear(); }
+
+    void clear() { wipe(m_text); }
+    bool empty() const { return m_text.empty(); }
+    const std::string& text() const { return m_text; }
+
+private:
+    std::string m_text;
+};

@@ -1,0 +1,31 @@
+// Which wallet this copy of the program is bound to. One bind record for every folder that a copy runs from.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+struct WalletBinding {
+    bool is_initialised = false;  // bind_at_startup has run
+    std::string app;
+    std::string instance;   // the executable's folder
+    std::string wallet_id;  // empty: not bound
+};
+
+// Once, at the start: migrates the older single-file layout, then takes the wallet of the bind record, or else the one
+// wallet of a registry that holds exactly one, and writes the bind record.
+void bind_at_startup(const std::string& instance, const std::string& app);
+
+// A copy; any thread.
+WalletBinding wallet_binding();
+
+// The wallet of the bind record when that can be read, else the one in memory.
+std::string bound_wallet_id();
+
+// Binds `wallet_id` and writes the bind record. Nothing happens before bind_at_startup or for an empty id.
+void bind_wallet(const std::string& wallet_id);
+
+// File name of the bind record, without its ending: small letters and digits, everything else "_", the last 96 of them.
+std::string bind_key(std::string_view instance);
+
+std::string bind_record_path();  // makes the folder
+std::string wallet_file_path();  // empty when no wallet is bound

@@ -1,0 +1,66 @@
+#include "platform_host/stand_in.h"
+
+#include "platform/environment.h"
+#include "platform/resource.h"
+#include "platform/user_protection.h"
+#include "platform/wallet_app.h"
+
+StandIn& stand_in()
+{
+    static StandIn instance;
+    return instance;
+}
+
+std::string local_app_data()
+{
+    return stand_in().local_app_data;
+}
+
+std::string executable_folder()
+{
+    return stand_in().executable_folder;
+}
+
+void enter_executable_folder() {}
+
+std::vector<SrvRecord> query_srv(const std::string& name)
+{
+    stand_in().srv_queries.push_back(name);
+    return stand_in().srv_records;
+}
+
+void notify_wallet_app()
+{
+    ++stand_in().wallet_app_notices;
+}
+
+std::string_view load_resource(int)
+{
+    return stand_in().resource;
+}
+
+namespace {
+
+constexpr std::string_view kMark = "protected by the stand-in:";
+
+std::string turned(std::string_view text)
+{
+    std::string other(text);
+    for (char& c : other)
+        c = static_cast<char>(c ^ 0x55);
+    return other;
+}
+
+}  // namespace
+
+std::optional<std::string> protect_for_user(const SecretText& secret)
+{
+    if (!stand_in().protection_works) return std::nullopt;
+    return std::string(kMark) + turned(secret.text());
+}
+
+std::optional<SecretText> unprotect_for_user(std::string_view bytes)
+{
+    if (!bytes.starts_with(kMark)) return std::nullopt;
+    return SecretText(turned(bytes.substr(kMark.size())));
+}
