@@ -1,0 +1,10 @@
+// The wallet service's host name is pinned to a fixed address, so that name resolution cannot redirect it.
+#pragma once
+
+#include "net/curl_owners.h"
+
+#include <string>
+
+// Pins the bare host and its "www." form on port 443, over IPv4 only, when `url` contains the host name anywhere, a
+// path or a query included. The list must outlive `handle`; it is empty when nothing is pinned.
+CurlList pin_hosts(CURL* handle, const std::string& url);
