@@ -1,0 +1,73 @@
+# nginx on port 443, HTTP/1.1, with a host for every site.
+
+start_web() {
+  mkdir "$WORLD_DIR/web" "$WORLD_DIR/web/hosts" "$WORLD_DIR/makers_page"
+  cat >"$WORLD_DIR/web/nginx.conf" <<END
+# One process that keeps the user it was started as.
+daemon off;
+master_process off;
+pid $WORLD_DIR/web/nginx.pid;
+error_log $WORLD_DIR/logs/web.log;
+events {}
+http {
+  include /etc/nginx/mime.types;
+  access_log $WORLD_DIR/logs/access.log;
+  client_body_temp_path $WORLD_DIR/web/body;
+  fastcgi_temp_path $WORLD_DIR/web/fastcgi;
+  proxy_temp_path $WORLD_DIR/web/proxy;
+  uwsgi_temp_path $WORLD_DIR/web/uwsgi;
+  scgi_temp_path $WORLD_DIR/web/scgi;
+  client_max_body_size 64m;
+  ssl_certificate $WORLD_DIR/authority/site.pem;
+  ssl_certificate_key $WORLD_DIR/authority/site.key;
+  include $WORLD_DIR/web/hosts/*.conf;
+}
+END
+  # Credentials travel in the Authorization header; some hosts lose it on the way to PHP, some rename the custom one.
+  local lost='fastcgi_param HTTP_AUTHORIZATION "" if_not_empty;'
+  local renamed='fastcgi_param HTTP_X_BRASSLET_AUTH "" if_not_empty;
+    fastcgi_param REDIRECT_HTTP_X_BRASSLET_AUTH $http_x_brasslet_auth if_not_empty;'
+  wordpress_host "brasslet.test pay.brasslet.test" stable ""
+  wordpress_host strip.brasslet.test stable "$lost"
+  wordpress_host redirect.brasslet.test stable "$lost $renamed"
+  wordpress_host newer.brasslet.test newer ""
+  file_host corvane.example "$WORLD_DIR/makers_page"
+  start web nginx -c "$WORLD_DIR/web/nginx.conf" -e "$WORLD_DIR/logs/web.log"
+}
+
+# wordpress_host "HOST..." SITE HEADERS: these hosts answer with the WordPress of SITE, which takes the first of them for
+# its own name; HEADERS are more lines for PHP.
+wordpress_host() {
+  cat >"$WORLD_DIR/web/hosts/${1%% *}.conf" <<END
+server {
+  listen 443 ssl;
+  server_name $1;
+  root $WORLD_DIR/sites/$2/core;
+  index index.php;
+  location / {
+    try_files \$uri \$uri/ /index.php\$is_args\$args;
+  }
+  location ~ \.php\$ {
+    include /etc/nginx/fastcgi.conf;
+    $3
+    fastcgi_pass unix:$php_socket;
+  }
+}
+END
+}
+
+# file_host HOST FOLDER: HOST answers with the files of FOLDER, which are pages whatever their names.
+file_host() {
+  cat >"$WORLD_DIR/web/hosts/$1.conf" <<END
+server {
+  listen 443 ssl;
+  server_name $1;
+  root $2;
+  default_type text/html;
+}
+END
+}
+
+wait_for_web() {
+  wait_for web answers 443
+}
