@@ -24,3 +24,18 @@ if(WIN32)
     -Wl,--dynamicbase -Wl,--nxcompat -Wl,--high-entropy-va
     $<$<NOT:$<CONFIG:Debug>>:-s>)
 endif()
+
+# Checks every source with clang-tidy as it is compiled; googletest is left out.
+option(BRASSLET_TIDY "Run clang-tidy with the build" OFF)
+if(BRASSLET_TIDY)
+  find_program(BRASSLET_CLANG_TIDY clang-tidy REQUIRED)
+  set(CMAKE_CXX_CLANG_TIDY "${BRASSLET_CLANG_TIDY}" --quiet)
+  if(WIN32)
+    list(APPEND CMAKE_CXX_CLANG_TIDY --extra-arg=--target=x86_64-w64-windows-gnu)
+    foreach(folder IN LISTS CMAKE_CXX_IMPLICIT_INCLUDE_DIRECTORIES)
+      if(folder MATCHES "c\\+\\+")
+        list(APPEND CMAKE_CXX_CLANG_TIDY "--extra-arg=-isystem${folder}")
+      endif()
+    endforeach()
+  endif()
+endif()
