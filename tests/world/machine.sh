@@ -4,22 +4,22 @@
 site_hosts="brasslet.test strip.brasslet.test redirect.brasslet.test newer.brasslet.test"
 
 make_machine() {
-  ip link set lo up
-  mount -t tmpfs -o mode=0700 world "$WORLD_DIR"
-  mkdir "$WORLD_DIR/etc" "$WORLD_DIR/logs"
+    ip link set lo up
+    mount -t tmpfs -o mode=0700 world "$WORLD_DIR"
+    mkdir "$WORLD_DIR/etc" "$WORLD_DIR/logs"
 
-  cat >"$WORLD_DIR/etc/hosts" <<END
+    cat >"$WORLD_DIR/etc/hosts" <<END
 127.0.0.1 localhost $(uname -n)
 127.0.0.1 $site_hosts pay.brasslet.test corvane.example
 127.0.0.9 dead.brasslet.test
 END
-  replace_file /etc/hosts "$WORLD_DIR/etc/hosts"
+    replace_file /etc/hosts "$WORLD_DIR/etc/hosts"
 
-  printf 'nameserver 127.0.0.1\noptions timeout:2 attempts:1\n' >"$WORLD_DIR/etc/resolv.conf"
-  replace_file /etc/resolv.conf "$WORLD_DIR/etc/resolv.conf"
+    printf 'nameserver 127.0.0.1\noptions timeout:2 attempts:1\n' >"$WORLD_DIR/etc/resolv.conf"
+    replace_file /etc/resolv.conf "$WORLD_DIR/etc/resolv.conf"
 }
 
 # replace_file FILE BY: inside the world FILE has the contents of BY; a link is followed to the file it stands for.
 replace_file() {
-  mount --bind "$2" "$(readlink -f "$1")"
+    mount --bind "$2" "$(readlink -f "$1")"
 }

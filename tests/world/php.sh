@@ -1,8 +1,8 @@
 # PHP-FPM on a socket. A changed plugin file counts at once.
 
 start_php() {
-  php_socket="$WORLD_DIR/php.sock"
-  cat >"$WORLD_DIR/etc/php-fpm.conf" <<END
+    php_socket="$WORLD_DIR/php.sock"
+    cat >"$WORLD_DIR/etc/php-fpm.conf" <<END
 [global]
 daemonize = no
 error_log = $WORLD_DIR/logs/php.log
@@ -19,9 +19,9 @@ php_admin_value[upload_max_filesize] = 64M
 php_admin_value[post_max_size] = 64M
 env[WORLD_DIR] = $WORLD_DIR
 END
-  start php php-fpm8.2 --nodaemonize --allow-to-run-as-root --fpm-config "$WORLD_DIR/etc/php-fpm.conf"
+    start php php-fpm8.2 --nodaemonize --allow-to-run-as-root --fpm-config "$WORLD_DIR/etc/php-fpm.conf"
 }
 
 wait_for_php() {
-  wait_for php test -S "$php_socket"
+    wait_for php test -S "$php_socket"
 }

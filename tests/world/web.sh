@@ -1,8 +1,8 @@
 # nginx on port 443, HTTP/1.1, with a host for every site.
 
 start_web() {
-  mkdir "$WORLD_DIR/web" "$WORLD_DIR/web/hosts" "$WORLD_DIR/makers_page"
-  cat >"$WORLD_DIR/web/nginx.conf" <<END
+    mkdir "$WORLD_DIR/web" "$WORLD_DIR/web/hosts" "$WORLD_DIR/makers_page"
+    cat >"$WORLD_DIR/web/nginx.conf" <<END
 # One process that keeps the user it was started as.
 daemon off;
 master_process off;
@@ -23,22 +23,22 @@ http {
   include $WORLD_DIR/web/hosts/*.conf;
 }
 END
-  # Credentials travel in the Authorization header; some hosts lose it on the way to PHP, some rename the custom one.
-  local lost='fastcgi_param HTTP_AUTHORIZATION "" if_not_empty;'
-  local renamed='fastcgi_param HTTP_X_BRASSLET_AUTH "" if_not_empty;
-    fastcgi_param REDIRECT_HTTP_X_BRASSLET_AUTH $http_x_brasslet_auth if_not_empty;'
-  wordpress_host "brasslet.test pay.brasslet.test" stable ""
-  wordpress_host strip.brasslet.test stable "$lost"
-  wordpress_host redirect.brasslet.test stable "$lost $renamed"
-  wordpress_host newer.brasslet.test newer ""
-  file_host corvane.example "$WORLD_DIR/makers_page"
-  start web nginx -c "$WORLD_DIR/web/nginx.conf" -e "$WORLD_DIR/logs/web.log"
+    # Credentials travel in the Authorization header; some hosts lose it on the way to PHP, some rename the custom one.
+    local lost='fastcgi_param HTTP_AUTHORIZATION "" if_not_empty;'
+    local renamed='fastcgi_param HTTP_X_BRASSLET_AUTH "" if_not_empty;
+        fastcgi_param REDIRECT_HTTP_X_BRASSLET_AUTH $http_x_brasslet_auth if_not_empty;'
+    wordpress_host "brasslet.test pay.brasslet.test" stable ""
+    wordpress_host strip.brasslet.test stable "$lost"
+    wordpress_host redirect.brasslet.test stable "$lost $renamed"
+    wordpress_host newer.brasslet.test newer ""
+    file_host corvane.example "$WORLD_DIR/makers_page"
+    start web nginx -c "$WORLD_DIR/web/nginx.conf" -e "$WORLD_DIR/logs/web.log"
 }
 
 # wordpress_host "HOST..." SITE HEADERS: these hosts answer with the WordPress of SITE, which takes the first of them for
 # its own name; HEADERS are more lines for PHP.
 wordpress_host() {
-  cat >"$WORLD_DIR/web/hosts/${1%% *}.conf" <<END
+    cat >"$WORLD_DIR/web/hosts/${1%% *}.conf" <<END
 server {
   listen 443 ssl;
   server_name $1;
@@ -58,7 +58,7 @@ END
 
 # file_host HOST FOLDER: HOST answers with the files of FOLDER, which are pages whatever their names.
 file_host() {
-  cat >"$WORLD_DIR/web/hosts/$1.conf" <<END
+    cat >"$WORLD_DIR/web/hosts/$1.conf" <<END
 server {
   listen 443 ssl;
   server_name $1;
@@ -69,5 +69,5 @@ END
 }
 
 wait_for_web() {
-  wait_for web answers 443
+    wait_for web answers 443
 }

@@ -1,0 +1,52 @@
+# A Windows desktop: Wine on a display of its own, with a prefix whose user has a name outside ASCII and with a space.
+# The prefix is made once; a run keeps what it changes to itself.
+
+prepare_desktop() {
+    export DISPLAY=:77 USER='Zoë 用户' LC_ALL=C.UTF-8
+    export WINEPREFIX="$WORLD_DIR/desktop/prefix"
+    export WINEDEBUG=-all WINEDLLOVERRIDES="winedbg.exe=d;winemenubuilder.exe=d;mscoree=d;mshtml=d"
+    mkdir -p "$WINEPREFIX" "$WORLD_DIR/desktop"/{template,changes,work,home,sockets/x11,sockets/wine}
+
+    # Both keep their sockets in places that every run on the machine would share.
+    mkdir -p /tmp/.X11-unix
+    mkdir -p -m 0700 "/tmp/.wine-$(id -u)"
+    mount --bind "$WORLD_DIR/desktop/sockets/x11" /tmp/.X11-unix
+    mount --bind "$WORLD_DIR/desktop/sockets/wine" "/tmp/.wine-$(id -u)"
+
+    start display Xvfb "$DISPLAY" -nolock -nolisten tcp -screen 0 1600x1200x24
+    wait_for display test -S "/tmp/.X11-unix/X${DISPLAY#:}"
+
+    cached desktop "$(key_of "$(version_of wine64 fonts-lato fonts-sil-charis fonts-wine)" "$scripts"/desktop.*)" make_prefix
+    mount --bind "$cached_folder" "$WORLD_DIR/desktop/template"
+    # Relative names, because a folder's name could hold what separates options.
+    (cd "$WORLD_DIR/desktop" && mount -t overlay -o lowerdir=template,upperdir=changes,workdir=work world prefix)
+    sed -i "s/^\"LogPixels\"=.*/\"LogPixels\"=dword:$(printf %08x "${WORLD_DPI:-96}")/" "$WINEPREFIX/user.reg"
+}
+
+make_prefix() {
+    local -x WINEPREFIX="$1"
+    # Wine links the user's documents and the like to the home folder; this one is the run's own.
+    local -x HOME="$WORLD_DIR/desktop/home"
+    {
+        wine wineboot --init
+        # The font that a caption's buttons are drawn with; Debian's Wine looks for it here alone.
+        cp /usr/share/wine/fonts/marlett.ttf "$WINEPREFIX/drive_c/windows/Fonts"
+        wine regedit /S "$scripts/desktop.reg"
+        wineserver --wait
+    } </dev/null >"$WORLD_DIR/logs/desktop_template.log" 2>&1
+}
+
+# The server stays until the world ends, so that no program pays for its start, for Wine's own services, or (the first
+# program that needs a window does) for the desktop.
+start_desktop() {
+    prepare_desktop
+    start desktop sh -c 'wineserver --persistent && wine wineboot && exec wine rundll32 user32.dll,MessageBeep'
+}
+
+wait_for_desktop() {
+    if ! wait "${service_process[desktop]}"; then
+        echo "The test world's desktop does not start:" >&2
+        cat "$WORLD_DIR/logs/desktop.log" >&2
+        exit 70
+    fi
+}
