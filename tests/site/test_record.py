@@ -1,0 +1,158 @@
+"""The option that holds the names: older and damaged records, and how it is kept."""
+
+import pytest
+
+from names import ADDRESS, HOUSE, OTHER_ADDRESS, PUBKEY, record, row
+
+LEGACY = {"alias": "Alice", "pubkey": PUBKEY, "address": ADDRESS, "house": HOUSE}
+
+
+def aliases(site):
+    return site.get("/status").json()["alias"]
+
+
+def test_a_legacy_record_is_listed_and_answers_lookups(site):
+    site.set_record(LEGACY)
+    before = site.stored()
+    status = site.get("/status").json()
+    assert (status["alias"], status["set"]) == ("alice", True)
+    assert site.get("/id/alice").json() == {"bsvalias": "1.0", "handle": f"alice@{site.host}", "pubkey": PUBKEY}
+    assert site.get("/address/alice").json() == {"address": ADDRESS}
+    assert site.stored() == before
+
+
+def test_a_legacy_record_becomes_rows_at_the_next_save(site):
+    site.set_record(LEGACY)
+    assert site.publish(alias="bob").json()["aliases"] == ["alice", "bob"]
+    assert site.record() == {"rows": [row("alice", house=HOUSE), row("bob")]}
+
+
+def test_a_legacy_record_becomes_rows_at_the_next_removal(site):
+    site.set_record(LEGACY)
+    assert site.remove("carol").json()["aliases"] == ["alice"]
+    assert site.record() == {"rows": [row("alice", house=HOUSE)]}
+
+
+def test_a_legacy_record_can_be_removed(site):
+    site.set_record(LEGACY)
+    assert site.remove("alice").json()["aliases"] == []
+    assert site.record() == {"rows": []}
+
+
+def test_a_legacy_record_without_its_other_fields_gets_them_empty(site):
+    site.set_record({"alias": "alice"})
+    site.publish(alias="bob")
+    assert site.record() == {"rows": [row("alice", "", "", ""), row("bob")]}
+
+
+def test_rows_count_before_a_legacy_alias(site):
+    site.set_record({"rows": [row("bob")], "alias": "alice"})
+    assert aliases(site) == "bob"
+
+
+@pytest.mark.parametrize("rows", ["text", 5, None])
+def test_rows_that_are_no_list_leave_the_legacy_alias(site, rows):
+    site.set_record({"rows": rows, **LEGACY})
+    assert aliases(site) == "alice"
+
+
+@pytest.mark.parametrize("alias", ["", None, 5, ["alice"]])
+def test_a_legacy_record_without_a_usable_alias_is_none(site, alias):
+    site.set_record({**LEGACY, "alias": alias})
+    assert site.get("/status").json()["set"] is False
+
+
+@pytest.mark.parametrize("corrupt", ["text", "", 5, True, False, None])
+def test_a_corrupt_record_reads_as_no_names_and_the_next_save_replaces_it(site, corrupt):
+    site.set_record(corrupt)
+    assert site.get("/status").json()["set"] is False
+    assert site.publish(alias="alice").json()["aliases"] == ["alice"]
+    assert site.record() == record("alice")
+
+
+def test_a_corrupt_record_is_replaced_by_a_removal_too(site):
+    site.set_record("text")
+    assert site.remove("alice").json()["aliases"] == []
+    assert site.record() == {"rows": []}
+
+
+def test_bytes_that_php_cannot_read_are_no_names(site):
+    site.set_record(record("alice"))
+    site.php("""
+        $cut = array( 'option_value' => 'a:1:{s:4:' );
+        $wpdb->update( $wpdb->options, $cut, array( 'option_name' => 'brasslet_record' ) );
+    """)
+    assert site.get("/status").json()["set"] is False
+    site.publish(alias="bob")
+    assert site.record() == record("bob")
+
+
+def test_a_later_row_with_the_same_alias_wins_in_the_place_of_the_first(site):
+    site.set_record({"rows": [row("alice"), row("bob"), row("ALICE", address=OTHER_ADDRESS)]})
+    assert aliases(site) == "alice bob"
+    assert site.get("/address/alice").json() == {"address": OTHER_ADDRESS}
+    site.remove("carol")
+    assert site.record() == {"rows": [row("alice", address=OTHER_ADDRESS), row("bob")]}
+
+
+def test_damaged_rows_are_dropped_and_damaged_fields_emptied_by_the_next_write(site):
+    damaged = row("alice", pubkey=["x"], address=5, house=None)
+    site.set_record({"rows": ["text", row(""), damaged, {"alias": "bob", "more": "x"}]})
+    assert site.get("/id/alice").json()["pubkey"] == ""
+    site.publish(alias="carol")
+    assert site.record() == {"rows": [row("alice", "", "", ""), row("bob", "", "", ""), row("carol")]}
+
+
+def test_a_new_record_is_not_loaded_with_every_page(site):
+    site.publish(alias="alice")
+    assert site.stored()["autoload"] in ("no", "off")
+
+
+def test_a_record_that_was_loaded_with_every_page_no_longer_is(site):
+    site.set_record(record("alice"), autoload=True)
+    assert site.stored()["autoload"] in ("yes", "on")
+    site.publish(alias="bob")
+    assert site.stored()["autoload"] in ("no", "off")
+
+
+def test_deactivating_and_activating_keep_the_record(site):
+    site.set_record(record("alice"))
+    before = site.stored()
+    try:
+        site.php("""
+            require_once ABSPATH . 'wp-admin/includes/plugin.php';
+            deactivate_plugins( 'brasslet/brasslet.php' );
+        """)
+        assert site.get("/status").json()["code"] == "rest_no_route"
+    finally:
+        site.php("activate_plugin( 'brasslet/brasslet.php' );")
+    assert site.stored() == before
+    assert aliases(site) == "alice"
+
+
+def test_deleting_the_plugin_would_run_nothing(site):
+    assert site.php("""
+        require_once ABSPATH . 'wp-admin/includes/plugin.php';
+        $plugin = 'brasslet/brasslet.php';
+        return array( is_uninstallable_plugin( $plugin ), has_action( 'deactivate_' . $plugin ) );
+    """) == [False, False]
+
+
+def test_writing_takes_the_rows_in_their_order_and_skips_one_without_an_alias(site):
+    site.php("""
+        brasslet_put_rows( array(
+            'zoe' => array( 'alias' => 'zoe' ),
+            'x'   => array( 'alias' => '', 'pubkey' => 'k' ),
+            'y'   => array( 'pubkey' => 'k' ),
+            'abe' => array( 'house' => 'h', 'address' => 'a', 'pubkey' => 'k', 'alias' => 'abe', 'more' => 'm' ),
+        ) );
+    """)
+    assert site.record() == {"rows": [row("zoe", "", "", ""), row("abe", "k", "a", "h")]}
+    assert list(site.record()["rows"][1]) == ["alias", "pubkey", "address", "house"]
+
+
+def test_reading_gives_a_map_by_lower_case_alias(site):
+    site.set_record({"rows": [row("Zoe"), row("abe", house=HOUSE)]})
+    rows = site.php("return brasslet_rows();")
+    assert rows == {"zoe": row("zoe"), "abe": row("abe", house=HOUSE)}
+    assert list(rows) == ["zoe", "abe"]
