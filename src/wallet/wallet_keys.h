@@ -2,7 +2,6 @@
 #pragma once
 
 #include "text/secret.h"
-#include "wallet/keys.h"
 
 #include <cstdint>
 #include <string>

@@ -1,0 +1,51 @@
+#include "wallet/phrase.h"
+
+#include "wallet/digest.h"
+#include "wallet/word_list.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace {
+
+constexpr std::string_view kSeparators = " \t";
+constexpr std::size_t kWordCount = 12;
+constexpr std::size_t kBitsPerWord = 11;
+constexpr std::size_t kEntropySize = 16;
+
+using PackedWords = WipedBuffer<kEntropySize + 1>;  // the entropy, then the checksum in the high half of the last byte
+
+// Takes the next word off `rest`; empty when there is none left.
+std::string_view next_word(std::string_view& rest)
+{
+    rest.remove_prefix(std::min(rest.find_first_not_of(kSeparators), rest.size()));
+    const std::string_view word = rest.substr(0, rest.find_first_of(kSeparators));
+    rest.remove_prefix(word.size());
+    return word;
+}
+
+void put_word(PackedWords& packed, std::size_t place, unsigned position)
+{
+    for (std::size_t bit = 0; bit < kBitsPerWord; ++bit) {
+        const unsigned value = (position >> (kBitsPerWord - 1 - bit)) & 1U;
+        const std::size_t at = place * kBitsPerWord + bit;
+        packed.data()[at / 8] = static_cast<std::uint8_t>(packed.data()[at / 8] | (value << (7 - at % 8)));
+    }
+}
+
+}  // namespace
+
+bool is_valid_phrase(const SecretText& phrase)
+{
+    PackedWords packed;
+    std::string_view rest = phrase.text();
+    for (std::size_t place = 0; place < kWordCount; ++place) {
+        const auto position = word_position(next_word(rest));
+        if (!position) return false;
+        put_word(packed, place, *position);
+    }
+    if (!next_word(rest).empty()) return false;
+
+    const auto digest = sha256(packed.bytes().first<kEntropySize>());
+    return digest && (digest->data()[0] & 0xF0) == packed.data()[kEntropySize];
+}
