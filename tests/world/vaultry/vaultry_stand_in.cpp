@@ -133,8 +133,8 @@ HWND make_window(HINSTANCE instance)
     window_class.hbrBackground = GetSysColorBrush(COLOR_WINDOW);
     window_class.lpszClassName = kWindowClass;
     RegisterClassW(&window_class);
-    return CreateWindowW(kWindowClass, L"Vaultry", WS_OVERLAPPEDWINDOW, 40, 40, 360, 240, nullptr, nullptr, instance,
-                         nullptr);
+    return CreateWindowExW(0, kWindowClass, L"Vaultry", WS_OVERLAPPEDWINDOW, 40, 40, 360, 240, nullptr, nullptr,
+                           instance, nullptr);
 }
 
 }  // namespace
@@ -149,7 +149,7 @@ int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, PWSTR, int)
     if (holds_lock && !shared_lock.take()) return kNoLock;
 
     payname_accepted = RegisterWindowMessageW(kPaynameAccepted);
-    const HWND window = make_window(instance);
+    HWND window = make_window(instance);
     if (window == nullptr) return kNoWindow;
     ShowWindow(window, request.show);
     if (holds_lock) SetTimer(window, kLookForReleaseFile, kLookEveryMilliseconds, nullptr);
