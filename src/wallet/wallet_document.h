@@ -8,8 +8,9 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
+
+using ReceiveCounters = std::array<std::uint32_t, 6>;  // the index is the account
 
 struct OrdinalItem {
     std::string origin;
@@ -34,7 +35,7 @@ struct Wallet {
     bool has_phrase = false;
     SecretText phrase;
     bool backup_confirmed = false;
-    std::array<std::uint32_t, 6> receive_counters{};
+    ReceiveCounters receive_counters{};
     std::uint32_t shown = 0;  // never above receive_counters[1]
     std::string paymail;
     std::string picture;  // reference to the ordinal chosen as the wallet's picture ("ord_avatar")
@@ -45,7 +46,7 @@ struct Wallet {
 };
 
 // The wallet in `text`, its keys derived. Empty for anything malformed, a phrase that fails its check, a key that is no
-// key, and a lock record.
+// key, and a lock record, for which this program holds no key.
 std::optional<Wallet> read_wallet(SecretText text);
 
 // The document of `wallet` to put in the place of its source: the members known here set from the wallet, all others
