@@ -5,6 +5,8 @@ site_hosts="brasslet.test strip.brasslet.test redirect.brasslet.test newer.brass
 
 make_machine() {
     ip link set lo up
+    # With loopback addresses alone, programs that ask for what the machine can reach get no name resolved.
+    ip address add 198.51.100.1/32 dev lo
     mount -t tmpfs -o mode=0700 world "$WORLD_DIR"
     mkdir "$WORLD_DIR/etc" "$WORLD_DIR/logs"
 

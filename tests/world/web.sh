@@ -40,7 +40,7 @@ END
 wordpress_host() {
     cat >"$WORLD_DIR/web/hosts/${1%% *}.conf" <<END
 server {
-  listen 443 ssl;
+  listen 127.0.0.1:443 ssl;
   server_name $1;
   root $WORLD_DIR/sites/$2/core;
   index index.php;
@@ -60,7 +60,7 @@ END
 file_host() {
     cat >"$WORLD_DIR/web/hosts/$1.conf" <<END
 server {
-  listen 443 ssl;
+  listen 127.0.0.1:443 ssl;
   server_name $1;
   root $2;
   default_type text/html;

@@ -1,0 +1,220 @@
+"""The test world keeps its promises: what it offers inside, and that nothing of it is seen or left outside."""
+
+import hashlib
+import json
+import os
+import pathlib
+import signal
+import struct
+import subprocess
+import time
+import uuid
+
+import pytest
+
+WORLD = pathlib.Path(__file__).parent
+RUN_FOLDER = WORLD.parents[1] / "build" / "world"
+BUNDLE = pathlib.Path("/etc/ssl/certs/ca-certificates.crt")
+HOSTS = ["brasslet.test", "strip.brasslet.test", "redirect.brasslet.test", "newer.brasslet.test"]
+
+PROBE = """<?php
+/* Plugin Name: Probe */
+add_action('rest_api_init', fn() => register_rest_route('probe/v1', '/headers', [
+    'permission_callback' => '__return_true',
+    'callback' => fn() => array_values(array_intersect(array_keys($_SERVER), [
+        'HTTP_AUTHORIZATION', 'PHP_AUTH_USER', 'HTTP_X_BRASSLET_AUTH', 'REDIRECT_HTTP_X_BRASSLET_AUTH'])),
+]));
+"""
+
+
+def up(script, *options, **more):
+    """Runs a bash script in a world of its own and returns what it wrote, without the last line feed."""
+    command = [WORLD / "up", *options, "--", "bash", "-euc", script]
+    done = subprocess.run(command, capture_output=True, text=True, timeout=300, check=False, **more)
+    assert done.returncode == 0, done.stderr
+    return done.stdout.strip()
+
+
+def start_marked(*options):
+    """A world that waits until it is ended. Everything in it carries a mark in its environment."""
+    mark = f"WORLD_TEST_MARK={uuid.uuid4()}"
+    name, value = mark.split("=")
+    world = subprocess.Popen(
+        [WORLD / "up", *options, "--", "bash", "-c", "echo ready; exec sleep infinity"],
+        stdout=subprocess.PIPE, env={**os.environ, name: value})
+    assert world.stdout.readline() == b"ready\n"
+    return world, mark.encode()
+
+
+def living(mark):
+    found = []
+    for process in pathlib.Path("/proc").glob("[0-9]*"):
+        try:
+            if mark in (process / "environ").read_bytes():
+                found.append(int(process.name))
+        except OSError:
+            continue  # it ended meanwhile, or is another user's
+    return found
+
+
+def wait_until_gone(mark):
+    limit = time.monotonic() + 30
+    while living(mark) and time.monotonic() < limit:
+        time.sleep(0.02)
+    return living(mark)
+
+
+def test_the_command_s_exit_status_is_returned():
+    done = subprocess.run([WORLD / "up", "--no-desktop", "--", "sh", "-c", "exit 37"], check=False)
+    assert done.returncode == 37
+
+
+@pytest.mark.parametrize("arguments", [[], ["--"], ["true"], ["--no-desktop"], ["--desktop", "--", "true"]])
+def test_a_wrong_command_line_is_refused(arguments):
+    assert subprocess.run([WORLD / "up", *arguments], capture_output=True, check=False).returncode == 2
+
+
+@pytest.mark.parametrize("host", HOSTS)
+def test_every_site_answers_over_https_under_its_own_address(host):
+    answer = json.loads(up(f"curl -sS --cacert $WORLD_CA https://{host}/wp-json/", "--no-desktop"))
+    assert answer["url"] == f"https://{host}"
+
+
+def test_the_two_wordpress_stand_on_both_sides_of_the_change_of_password_hashes():
+    versions = up(f"for host in brasslet.test newer.brasslet.test; do {WORLD}/wp $host 'echo $wp_version, PHP_EOL;'; "
+                  "done", "--no-desktop").split()
+    old, new = ([int(part) for part in version.split(".")[:2]] for version in versions)
+    assert old < [6, 8] <= new
+
+
+@pytest.mark.parametrize("host", ["brasslet.test", "newer.brasslet.test"])
+def test_an_application_password_logs_the_owner_in_and_the_editor_is_no_administrator(host):
+    roles = up(f"""for user in owner editor; do
+        curl -sSg -u $user:$({WORLD}/app_password {host} $user) \\
+            'https://{host}/wp-json/wp/v2/users/me?context=edit&_fields=roles'; echo
+        done""", "--no-desktop").split("\n")
+    assert roles == ['{"roles":["administrator"]}', '{"roles":["editor"]}']
+
+
+@pytest.mark.parametrize("host, seen", [
+    ("brasslet.test", {"HTTP_AUTHORIZATION", "PHP_AUTH_USER", "HTTP_X_BRASSLET_AUTH"}),
+    ("strip.brasslet.test", {"HTTP_X_BRASSLET_AUTH"}),
+    ("redirect.brasslet.test", {"REDIRECT_HTTP_X_BRASSLET_AUTH"}),
+    ("newer.brasslet.test", {"HTTP_AUTHORIZATION", "PHP_AUTH_USER", "HTTP_X_BRASSLET_AUTH"}),
+])
+def test_php_sees_the_credentials_that_the_host_lets_through(host, seen, tmp_path):
+    (tmp_path / "probe.php").write_text(PROBE)
+    answer = up(f"""{WORLD}/install_plugin {host} {tmp_path}/probe.php
+        secret=$({WORLD}/app_password {host} owner)
+        curl -sS -u owner:$secret -H "X-Brasslet-Auth: Basic $(echo -n owner:$secret | base64 -w0)" \\
+            https://{host}/wp-json/probe/v1/headers""", "--no-desktop")
+    assert set(json.loads(answer)) == seen
+
+
+def test_a_plugin_that_is_installed_again_counts_at_once(tmp_path):
+    for name in ("first", "second"):
+        text = f"<?php\n/* Plugin Name: Probe */\nif (!defined('ABSPATH')) exit;\nheader('X-Probe: {name}');\n"
+        (tmp_path / f"{name}.php").write_text(text)
+    answer = up(f"""for name in first second; do
+        {WORLD}/install_plugin brasslet.test {tmp_path}/$name.php
+        curl -sSI https://brasslet.test/wp-json/ | tr -d '\\r' | grep '^X-Probe'
+        done""", "--no-desktop")
+    assert answer.split("\n") == ["X-Probe: first", "X-Probe: second"]
+
+
+def test_the_machine_s_certificates_and_names_stay_as_they_are():
+    kept = [BUNDLE, pathlib.Path("/etc/hosts"), pathlib.Path("/etc/resolv.conf")]
+    before = [hashlib.sha256(path.read_bytes()).digest() for path in kept]
+    world, _ = start_marked("--no-desktop")
+    during = [hashlib.sha256(path.read_bytes()).digest() for path in kept]
+    world.kill()
+    world.wait()
+    assert before == during
+
+
+def test_no_certificate_of_the_world_is_trusted_without_its_authority():
+    assert up(f"curl -sS -o /dev/null --cacert {BUNDLE} https://brasslet.test/wp-json/ && echo trusted; "
+              "head -c -$(stat -c %s $WORLD_CA) /etc/ssl/certs/ca-certificates.crt >$WORLD_DIR/without.crt; "
+              "curl -s --cacert $WORLD_DIR/without.crt https://brasslet.test/wp-json/ || echo refused $?",
+              "--no-desktop") == "trusted\nrefused 60"
+
+
+def test_the_zone_file_is_read_afresh_for_every_query():
+    question = "dig +noall +comments +answer _bsvalias._tcp.brasslet.test SRV"
+    answers = up(f"""{question}
+        echo '_bsvalias._tcp.brasslet.test SRV 10 5 443 pay.brasslet.test' >>$WORLD_ZONE
+        {question}
+        echo '_bsvalias._tcp.brasslet.test FAILS' >>$WORLD_ZONE
+        {question}""", "--no-desktop")
+    assert [line.split("status: ")[1].split(",")[0] for line in answers.split("\n") if "status: " in line] == [
+        "NXDOMAIN", "NOERROR", "SERVFAIL"]
+    assert "10 5 443 pay.brasslet.test." in answers
+
+
+@pytest.mark.parametrize("target, end", [("pay.brasslet.test", "brasslet.test"), ("pay.elsewhere.example", "")])
+def test_a_target_ends_in_a_compression_pointer(target, end):
+    question = b"\x09_bsvalias\x04_tcp\x08brasslet\x04test\x00"
+    query = b"\x12\x34\x01\x00\x00\x01\x00\x00\x00\x00\x00\x00" + question + b"\x00\x21\x00\x01"
+    reply = bytes.fromhex(up(f"""echo '_bsvalias._tcp.brasslet.test SRV 1 2 443 {target}' >>$WORLD_ZONE
+        exec 3<>/dev/udp/127.0.0.1/53
+        printf '{"".join(f"{chr(92)}x{byte:02x}" for byte in query)}' >&3
+        dd bs=512 count=1 <&3 2>/dev/null | od -An -v -tx1""", "--no-desktop"))
+    (pointer,) = struct.unpack("!H", reply[-2:])
+    assert pointer & 0xC000 == 0xC000
+    suffix = b"".join(bytes([len(label)]) + label.encode() for label in end.split(".") if label) + b"\x00"
+    assert (query[:12] + question)[pointer & 0x3FFF:] == suffix
+
+
+def test_a_long_answer_is_cut_and_comes_whole_over_tcp():
+    counts = up("""for i in $(seq 40); do echo "many.test SRV $i 0 443 server$i.a-long-name.example" >>$WORLD_ZONE; done
+        dig +noedns +ignore +short many.test SRV | wc -l
+        dig +noedns +short many.test SRV | wc -l""", "--no-desktop")
+    assert counts.split() == ["0", "40"]
+
+
+def test_names_lead_to_the_machine_itself_and_one_leads_nowhere():
+    assert up("getent ahostsv4 anything.brasslet.test | head -1 | cut -d' ' -f1; "
+              "curl -s https://dead.brasslet.test/ || echo refused $?; "
+              "curl -s --connect-timeout 5 http://192.0.2.10/ || echo no road $?",
+              "--no-desktop") == "127.0.0.1\nrefused 7\nno road 7"
+
+
+@pytest.mark.parametrize("ending", [signal.SIGKILL, signal.SIGTERM, signal.SIGINT])
+@pytest.mark.parametrize("options", [["--no-desktop"], []])
+def test_nothing_survives_the_end_of_up(ending, options):
+    world, mark = start_marked(*options)
+    assert len(living(mark)) > 4
+    world.send_signal(ending)
+    world.wait()
+    assert wait_until_gone(mark) == []
+    assert list(RUN_FOLDER.iterdir()) == []
+
+
+def test_what_the_command_leaves_running_ends_with_it():
+    mark = f"WORLD_TEST_MARK={uuid.uuid4()}"
+    up(f"export {mark}; setsid sleep infinity </dev/null >/dev/null 2>&1 &", "--no-desktop")
+    assert wait_until_gone(mark.encode()) == []
+
+
+def test_two_worlds_at_once_do_not_meet():
+    first, _ = start_marked()
+    assert up("echo 'corvane.example A 127.0.0.1' >$WORLD_ZONE; wine cmd /c 'exit 0'; "
+              "curl -sS https://brasslet.test/wp-json/ -o /dev/null -w '%{http_code}'") == "200"
+    assert first.poll() is None
+    first.kill()
+    first.wait()
+
+
+def test_the_desktop_is_up_before_the_command():
+    assert "explorer.exe /desktop" in up("ps -eo args")
+
+
+def test_the_windows_user_has_a_name_outside_ascii():
+    assert up("wine cmd /u /c 'echo %LOCALAPPDATA%' | iconv -f utf-16le -t utf-8 | tr -d '\\r'") == (
+        "C:\\users\\Zoë 用户\\AppData\\Local")
+
+
+@pytest.mark.parametrize("dpi", ["96", "144", "192"])
+def test_the_resolution_is_the_one_asked_for(dpi):
+    seen = up("wine reg query 'HKCU\\Control Panel\\Desktop' /v LogPixels", env={**os.environ, "WORLD_DPI": dpi})
+    assert int(seen.split()[-1], 16) == int(dpi)
