@@ -107,7 +107,3 @@ def test_a_request_without_a_readable_path_is_left_alone(site, uri):
         $_SERVER = $before;
     """)
     assert site.php("return 'still here';") == "still here"
-
-
-def test_it_is_answered_before_anything_else_of_wordpress_starts(site):
-    assert site.php("return has_action( 'init', 'brasslet_discovery' );") == 0

@@ -135,10 +135,6 @@ def test_without_any_header_nothing_is_set(site):
     assert bridged(site) == NOTHING
 
 
-def test_it_runs_before_wordpress_looks_for_a_login(site):
-    assert site.php("return has_action( 'plugins_loaded', 'brasslet_bridge_login' );") == 0
-
-
 def test_wordpress_takes_the_bridged_login(site):
     header = site.login_headers()["X-Brasslet-Auth"]
     reply = site.request("GET", ME, headers={"X-Brasslet-Auth": header})
