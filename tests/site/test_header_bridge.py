@@ -60,6 +60,12 @@ def test_blanks_around_the_base64_do_not_matter(site):
     assert bridged(site, custom(f"Basic    {encoded('user:pass')}"))[:2] == ["user", "pass"]
 
 
+@pytest.mark.parametrize("blank", [r"\t", r"\x0B", r"\0", r" \r\n"])
+def test_whatever_php_trims_may_stand_around_the_base64(site, blank):
+    prepare = redirected(f'"Basic {blank}{encoded("user:pass")}{blank}"')
+    assert bridged(site, prepare=prepare)[:2] == ["user", "pass"]
+
+
 @pytest.mark.parametrize("header", [
     "Bearer " + encoded("user:pass"), "Digest " + encoded("user:pass"), encoded("user:pass"),
     "Basic" + encoded("user:pass"),

@@ -76,6 +76,13 @@ def test_a_corrupt_record_is_replaced_by_a_removal_too(site):
     assert site.record() == {"rows": []}
 
 
+def test_an_object_is_a_corrupt_record_too(site):
+    site.php("add_option( 'brasslet_record', (object) array( 'rows' => array( array( 'alias' => 'alice' ) ) ) );")
+    assert site.get("/status").json()["set"] is False
+    assert site.publish(alias="bob").json()["aliases"] == ["bob"]
+    assert site.record() == record("bob")
+
+
 def test_bytes_that_php_cannot_read_are_no_names(site):
     site.set_record(record("alice"))
     site.php("""
