@@ -1,0 +1,136 @@
+// Works the program's main window from outside, as a user's hands and eyes would: finds it, reads its controls, types,
+// presses. One command a run; what it finds goes to standard output as UTF-8. Exit status 1: not found, or too late.
+#include <windows.h>
+#include <shellapi.h>
+
+#include <functional>
+#include <iostream>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace {
+
+constexpr wchar_t kWindowClass[] = L"CorvaneBrassletShell";
+constexpr UINT kAnswerWithin = 10'000;  // milliseconds
+constexpr int kPublishButton = 1006;
+
+using Arguments = std::vector<std::wstring>;
+
+std::string utf8(const std::wstring& wide)
+{
+    if (wide.empty()) return {};
+    const int size =
+        WideCharToMultiByte(CP_UTF8, 0, wide.data(), static_cast<int>(wide.size()), nullptr, 0, nullptr, nullptr);
+    std::string narrow(static_cast<std::size_t>(size), '\0');
+    WideCharToMultiByte(CP_UTF8, 0, wide.data(), static_cast<int>(wide.size()), narrow.data(), size, nullptr, nullptr);
+    return narrow;
+}
+
+// False when `condition` did not come true within `milliseconds`.
+bool wait_until(const std::function<bool()>& condition, ULONGLONG milliseconds)
+{
+    const ULONGLONG end = GetTickCount64() + milliseconds;
+    while (!condition()) {
+        if (GetTickCount64() >= end) return false;
+        Sleep(10);
+    }
+    return true;
+}
+
+HWND window()
+{
+    return FindWindowW(kWindowClass, nullptr);
+}
+
+HWND control(const Arguments& arguments)
+{
+    return arguments.empty() ? nullptr : GetDlgItem(window(), std::stoi(arguments[0]));
+}
+
+std::wstring text_of(HWND handle)
+{
+    wchar_t text[2048] = {};
+    DWORD_PTR length = 0;
+    SendMessageTimeoutW(handle, WM_GETTEXT, std::size(text), reinterpret_cast<LPARAM>(text), SMTO_BLOCK, kAnswerWithin,
+                        &length);
+    return std::wstring(text, length);
+}
+
+bool send(HWND handle, UINT message, WPARAM wparam, LPARAM lparam)
+{
+    DWORD_PTR result = 0;
+    return handle != nullptr &&
+           SendMessageTimeoutW(handle, message, wparam, lparam, SMTO_BLOCK, kAnswerWithin, &result) != 0;
+}
+
+bool print_rectangle(HWND handle)
+{
+    RECT r;
+    if (handle == nullptr || !GetWindowRect(handle, &r)) return false;
+    std::cout << r.left << ' ' << r.top << ' ' << r.right << ' ' << r.bottom << '\n';
+    return true;
+}
+
+bool print_text(HWND handle)
+{
+    if (handle == nullptr) return false;
+    std::cout << utf8(text_of(handle)) << '\n';
+    return true;
+}
+
+bool is_idle()
+{
+    return text_of(GetDlgItem(window(), kPublishButton)) == L"Publish";
+}
+
+const std::map<std::wstring, std::function<bool(const Arguments&)>>& commands()
+{
+    static const std::map<std::wstring, std::function<bool(const Arguments&)>> all = {
+        // wait-window: until the main window is there and visible
+        {L"wait-window",
+         [](const Arguments&) { return wait_until([] { return IsWindowVisible(window()) != FALSE; }, 60'000); }},
+        // wait-gone: until there is no main window
+        {L"wait-gone", [](const Arguments&) { return wait_until([] { return window() == nullptr; }, 30'000); }},
+        // wait-idle SECONDS: until no flow runs
+        {L"wait-idle",
+         [](const Arguments& a) { return wait_until(is_idle, static_cast<ULONGLONG>(std::stoi(a.at(0))) * 1000); }},
+        // text ID, rectangle [ID]: of a control; the rectangle is in screen pixels
+        {L"text", [](const Arguments& a) { return print_text(control(a)); }},
+        {L"rectangle", [](const Arguments& a) { return print_rectangle(a.empty() ? window() : control(a)); }},
+        // is-enabled ID
+        {L"is-enabled", [](const Arguments& a) { return IsWindowEnabled(control(a)) != FALSE; }},
+        // type ID TEXT: the text of an edit field
+        {L"type",
+         [](const Arguments& a) { return send(control(a), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(a.at(1).c_str())); }},
+        // press ID: returns when the window has taken the press
+        {L"press", [](const Arguments& a) { return send(control(a), BM_CLICK, 0, 0); }},
+        // answers: the window takes messages
+        {L"answers", [](const Arguments&) { return send(window(), WM_NULL, 0, 0); }},
+        {L"close", [](const Arguments&) { return PostMessageW(window(), WM_CLOSE, 0, 0) != FALSE; }},
+        {L"minimise", [](const Arguments&) { return ShowWindow(window(), SW_MINIMIZE) != FALSE; }},
+        {L"is-minimised", [](const Arguments&) { return IsIconic(window()) != FALSE; }},
+    };
+    return all;
+}
+
+}  // namespace
+
+int main()
+{
+    int count = 0;
+    wchar_t** words = CommandLineToArgvW(GetCommandLineW(), &count);
+    const Arguments all(words, words + count);
+    LocalFree(static_cast<HLOCAL>(words));
+    const auto command = all.size() > 1 ? commands().find(all[1]) : commands().end();
+    if (command == commands().end()) {
+        std::cerr << "drive: no such command\n";
+        return 2;
+    }
+    try {
+        return command->second(Arguments(all.begin() + 2, all.end())) ? 0 : 1;
+    } catch (const std::exception&) {
+        std::cerr << "drive: an argument is missing or no number\n";
+        return 2;
+    }
+}

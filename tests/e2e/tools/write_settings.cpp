@@ -1,0 +1,25 @@
+// Writes the program's settings file as the program itself does: SITE and USER from the command line, the application
+// password from standard input (so that no list of processes shows it), the name from the third argument when given.
+#include "settings/settings_store.h"
+
+#include <iostream>
+
+int main(int count, char** words)
+{
+    if (count < 3) return 2;
+    std::string password;
+    std::getline(std::cin, password);
+    if (!password.empty() && password.back() == '\r') password.pop_back();
+
+    SiteSettings settings;
+    settings.site = words[1];
+    settings.user = words[2];
+    settings.pass = SecretText(std::move(password));
+    save_settings(settings, count > 3 ? words[3] : "");
+
+    SiteSettings written;
+    load_settings(written);
+    const bool kept =
+        written.site == settings.site && written.user == settings.user && written.pass.text() == settings.pass.text();
+    return kept ? 0 : 1;
+}
