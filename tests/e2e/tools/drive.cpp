@@ -95,6 +95,16 @@ const std::map<std::wstring, std::function<bool(const Arguments&)>>& commands()
         // wait-idle SECONDS: until no flow runs
         {L"wait-idle",
          [](const Arguments& a) { return wait_until(is_idle, static_cast<ULONGLONG>(std::stoi(a.at(0))) * 1000); }},
+        // wait-text ID [TEXT]: until the control has the text, or any text at all
+        {L"wait-text",
+         [](const Arguments& a) {
+             return wait_until(
+                 [&a] {
+                     const std::wstring text = text_of(control(a));
+                     return a.size() > 1 ? text == a[1] : !text.empty();
+                 },
+                 60'000);
+         }},
         // text ID, rectangle [ID]: of a control; the rectangle is in screen pixels
         {L"text", [](const Arguments& a) { return print_text(control(a)); }},
         {L"rectangle", [](const Arguments& a) { return print_rectangle(a.empty() ? window() : control(a)); }},

@@ -1,0 +1,137 @@
+"""The user's PC in the test world: the shared data directory of one Windows user, a wallet as the wallet application
+would have left it, the program in its window, and the stand-in for the wallet application."""
+import contextlib
+import json
+import os
+import pathlib
+import shutil
+import subprocess
+import time
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+BUILD = pathlib.Path(os.environ.get("BRASSLET_WINDOWS_BUILD", ROOT / "build/windows"))
+EXE = BUILD / "src/Brasslet.exe"
+TOOLS = BUILD / "tests"
+VAULTRY = TOOLS / "world/vaultry/vaultry_stand_in.exe"
+
+# The phrase of a published test vector (BIP39), and what its wallet shows to the world.
+PHRASE = "legal winner thank year wave sausage worth useful legal winner thank yellow"
+
+NAME, PREVIEW, PAYMENT_ADDRESS, NOTE, STATUS, PUBLISH, CLOSE = 1004, 1012, 1011, 1013, 1008, 1006, 1018
+
+
+def data_directory() -> pathlib.Path:
+    """%LOCALAPPDATA%\\Corvane of the world's Windows user, seen from outside of Wine."""
+    users = pathlib.Path(os.environ["WINEPREFIX"]) / "drive_c/users"
+    return users / os.environ["USER"] / "AppData/Local/Corvane"
+
+
+def clear_data_directory() -> None:
+    shutil.rmtree(data_directory(), ignore_errors=True)
+
+
+def put_wallet(wallet_id: str = "1700000000000", phrase: str = PHRASE, **members) -> pathlib.Path:
+    """Writes a registry with this one wallet, and its file. Returns the file's path."""
+    folder = data_directory() / "wallets" / wallet_id
+    folder.mkdir(parents=True, exist_ok=True)
+    registry = {"active": wallet_id, "wallets": [{"id": wallet_id, "name": "Wallet 1"}]}
+    (data_directory() / "wallets.json").write_text(json.dumps(registry, indent=2), encoding="utf-8")
+    document = {"version": 2, "mnemonic": phrase, "backup": True, "recv": [0, 0, 0, 0, 0, 0], "show": 0,
+                "contacts": [], **members}
+    path = folder / "wallet.json"
+    path.write_text(json.dumps(document, indent=2, sort_keys=True), encoding="utf-8")
+    return path
+
+
+def put_settings(site: str, user: str, password: str, name: str = "") -> None:
+    """Leaves the settings file as the program itself writes it, the password protected for the Windows user."""
+    subprocess.run(["wine", TOOLS / "write_settings.exe", site, user, name], input=password + "\n", text=True,
+                   check=True, timeout=60)
+
+
+def payname_rows() -> list:
+    path = data_directory() / "payname/payname.json"
+    return json.loads(path.read_text(encoding="utf-8"))["names"] if path.exists() else []
+
+
+def drive(*words: object, check: bool = True) -> str:
+    """One command to the main window; see tools/drive.cpp."""
+    done = subprocess.run(["wine", TOOLS / "drive.exe", *map(str, words)], capture_output=True, check=False, timeout=120)
+    if check and done.returncode != 0:
+        raise AssertionError(f"drive {words}: exit status {done.returncode}\n{done.stderr.decode(errors='replace')}")
+    return done.stdout.decode("utf-8").rstrip("\r\n")
+
+
+def start_program(folder: pathlib.Path = EXE.parent) -> subprocess.Popen:
+    return subprocess.Popen(["wine", folder / EXE.name], cwd=folder)
+
+
+@contextlib.contextmanager
+def running_program(folder: pathlib.Path = EXE.parent):
+    """The program with its window open; closed at the end, as a user closes it."""
+    process = start_program(folder)
+    try:
+        drive("wait-window")
+        yield process
+        drive("close", check=False)
+        process.wait(timeout=30)
+    finally:
+        if process.poll() is None:
+            process.kill()
+            process.wait()
+        drive("wait-gone", check=False)
+
+
+def publish(name: str, seconds: int = 90) -> str:
+    """Types the name, presses Publish, waits for the flow's end. Returns the sentence."""
+    drive("type", NAME, name)
+    drive("press", PUBLISH)
+    drive("wait-idle", seconds)
+    return drive("text", STATUS)
+
+
+def wait_until(condition, seconds: float = 30) -> bool:
+    end = time.monotonic() + seconds
+    while not condition():
+        if time.monotonic() > end:
+            return False
+        time.sleep(0.02)
+    return True
+
+
+class WalletNotices:
+    """How often the wallet application was told that a name was accepted."""
+
+    def __init__(self, counter: pathlib.Path):
+        self._counter = counter
+
+    def count(self) -> int:
+        return int(self._counter.read_text(encoding="utf-8"))
+
+    def is_ready(self) -> bool:
+        return wait_until(self._counter.exists)
+
+    def wait_for(self, count: int) -> bool:
+        return wait_until(lambda: self.count() >= count) and self.count() == count
+
+
+@contextlib.contextmanager
+def wallet_application(folder: pathlib.Path):
+    """The stand-in for the wallet application, with its window open."""
+    counter = folder / "notices"
+    process = subprocess.Popen(["wine", VAULTRY, f"Z:{counter}"])
+    try:
+        notices = WalletNotices(counter)
+        assert notices.is_ready()
+        yield notices
+    finally:
+        process.kill()
+        process.wait()
+
+
+def screenshot(path: pathlib.Path) -> None:
+    """The main window as the user sees it."""
+    left, top, right, bottom = map(int, drive("rectangle").split())
+    path.parent.mkdir(parents=True, exist_ok=True)
+    subprocess.run(["import", "-window", "root", "-crop", f"{right - left}x{bottom - top}+{left}+{top}", "+repage", path],
+                   check=True, timeout=60)
