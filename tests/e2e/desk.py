@@ -11,8 +11,8 @@ import time
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 BUILD = pathlib.Path(os.environ.get("BRASSLET_WINDOWS_BUILD", ROOT / "build/windows"))
 EXE = BUILD / "src/Brasslet.exe"
-TOOLS = BUILD / "tests"
-VAULTRY = TOOLS / "world/vaultry/vaultry_stand_in.exe"
+TOOLS = BUILD / "tests/e2e/tools"
+VAULTRY = BUILD / "tests/world/vaultry/vaultry_stand_in.exe"
 
 # The phrase of a published test vector (BIP39), and what its wallet shows to the world.
 PHRASE = "legal winner thank year wave sausage worth useful legal winner thank yellow"
