@@ -1,0 +1,27 @@
+// What the user-interface thread keeps for the life of the process. No other thread may touch it; a worker gets copies.
+#pragma once
+
+#include "app/layout.h"
+#include "settings/settings_store.h"
+#include "ui/dpi.h"
+#include "ui/fonts.h"
+
+#include <windows.h>
+
+struct AppState {
+    HWND main_window = nullptr;
+    HWND settings_window = nullptr;  // null while it is closed
+    unsigned dpi = kDefaultDpi;
+    SiteSettings settings;
+
+    Fonts fonts;
+    Fonts fonts_at_creation;  // the Close button keeps its first font when the DPI changes
+    Brush card_brush;
+    Brush edit_brush;
+    MainLayout layout;
+
+    bool is_busy = false;
+    int waiting_button = 0;  // id of the button that reads "Wait..."; 0: none
+};
+
+AppState& app_state();

@@ -1,0 +1,157 @@
+#include "app/controls.h"
+
+#include "app/app_state.h"
+#include "app/version.h"
+#include "platform/text_conversion.h"
+#include "ui/control_text.h"
+#include "ui/drawn_button.h"
+#include "ui/painted_static.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+
+namespace {
+
+enum class Kind { label, wrapped_label, button, field };
+
+struct ControlRow {
+    int id = 0;
+    Kind kind = Kind::label;
+    const wchar_t* text = nullptr;
+    Font Fonts::*font = nullptr;
+    Rect MainLayout::*place = nullptr;
+    bool starts_work = false;  // disabled while a flow runs
+};
+
+// In the order of creation, which is also the order of the Tab key.
+constexpr ControlRow kControls[] = {
+    {kHousePaymailCaption, Kind::label, L"House paymail", &Fonts::small, &MainLayout::house_paymail_caption},
+    {kHousePaymail, Kind::label, L"", &Fonts::body, &MainLayout::house_paymail},
+    {kPaymentAddressCaption, Kind::label, L"Payment address", &Fonts::small, &MainLayout::payment_address_caption},
+    {kPaymentAddress, Kind::label, L"", &Fonts::small, &MainLayout::payment_address},
+    {kNameCaption, Kind::label, L"Name", &Fonts::small, &MainLayout::name_caption},
+    {kNameField, Kind::field, L"", &Fonts::body, &MainLayout::name_field},
+    {kNamePreview, Kind::label, L"name@your-site", &Fonts::body, &MainLayout::name_preview},
+    {kNameHint, Kind::label, L"Pays this house paymail. Other names stay.", &Fonts::small, &MainLayout::name_hint},
+    {kKeptNames, Kind::label, L"", &Fonts::small, &MainLayout::kept_names},
+    {kPublishButton, Kind::button, L"Publish", &Fonts::body, &MainLayout::publish, true},
+    {kCloseButton, Kind::button, L"Close", &Fonts::body, &MainLayout::close},
+    {kStatusLine, Kind::wrapped_label, L"", &Fonts::small, &MainLayout::status},
+    {kVersionLabel, Kind::label, L"", &Fonts::small, &MainLayout::version},
+};
+
+constexpr int kProvisionalSize = 10;
+
+HWND control(int id)
+{
+    return GetDlgItem(app_state().main_window, id);
+}
+
+void set_font(HWND window, const Font& font)
+{
+    SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), TRUE);
+}
+
+HWND create_child(HWND parent, const ControlRow& row, const wchar_t* window_class, DWORD style, DWORD extended_style)
+{
+    return CreateWindowExW(extended_style, window_class, row.text, WS_CHILD | WS_VISIBLE | style, 0, 0,
+                           kProvisionalSize, kProvisionalSize, parent,
+                           reinterpret_cast<HMENU>(static_cast<INT_PTR>(row.id)), GetModuleHandleW(nullptr), nullptr);
+}
+
+HWND create_field(HWND parent, const ControlRow& row)
+{
+    const HWND field = create_child(parent, row, L"EDIT", WS_TABSTOP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE);
+    constexpr WPARAM kAlsoWhileFocused = TRUE;
+    SendMessageW(field, EM_SETCUEBANNER, kAlsoWhileFocused, reinterpret_cast<LPARAM>(L"name"));
+    return field;
+}
+
+HWND create_control(HWND parent, const ControlRow& row)
+{
+    constexpr DWORD kLabelStyle = WS_CLIPSIBLINGS | SS_NOPREFIX;
+    switch (row.kind) {
+    case Kind::button:
+        return create_drawn_button(parent, row.id, row.text);
+    case Kind::field:
+        return create_field(parent, row);
+    case Kind::wrapped_label:
+        return create_child(parent, row, L"STATIC", kLabelStyle, 0);
+    case Kind::label:
+        return create_child(parent, row, L"STATIC", kLabelStyle | SS_ENDELLIPSIS, 0);
+    }
+    return nullptr;
+}
+
+// Only what the change of DPI has always reached: the payment address becomes body text then, and the Close button
+// keeps the font that it was made with.
+const Font* font_after_change(int id)
+{
+    if (id > kNameHint) return nullptr;
+    const bool is_small = id == kStatusLine || id == kVersionLabel || (id >= kKeptNames && id <= kNameHint);
+    return is_small ? &app_state().fonts.small : &app_state().fonts.body;
+}
+
+void enable_work(bool enabled)
+{
+    for (const ControlRow& row : kControls)
+        if (row.starts_work) EnableWindow(control(row.id), enabled);
+}
+
+}  // namespace
+
+void create_controls(HWND window)
+{
+    for (const ControlRow& row : kControls)
+        set_font(create_control(window, row), app_state().fonts.*row.font);
+
+    make_self_painting(control(kStatusLine), TextFlow::wrapped);
+    const HWND version = control(kVersionLabel);
+    SetWindowLongPtrW(version, GWL_STYLE, GetWindowLongPtrW(version, GWL_STYLE) | SS_NOTIFY);
+    make_self_painting(version, TextFlow::one_line);
+    set_painted_text(version, L"Version " BRASSLET_VERSION);
+}
+
+void place_controls()
+{
+    for (const ControlRow& row : kControls) {
+        const Rect& place = app_state().layout.*row.place;
+        MoveWindow(control(row.id), place.x, place.y, place.width, place.height, TRUE);
+    }
+}
+
+void reassign_control_fonts()
+{
+    for (const ControlRow& row : kControls)
+        if (const Font* font = font_after_change(row.id)) set_font(control(row.id), *font);
+}
+
+void set_control_text(int id, const std::string& utf8)
+{
+    SetWindowTextW(control(id), widen(utf8).c_str());
+}
+
+std::string name_field_text()
+{
+    return control_text(control(kNameField));
+}
+
+void set_status(const std::wstring& text)
+{
+    set_painted_text(control(kStatusLine), text.c_str());
+}
+
+void show_waiting(int button)
+{
+    enable_work(false);
+    EnableWindow(control(button), TRUE);
+    SetWindowTextW(control(button), L"Wait...");
+}
+
+void show_idle(int waited_button)
+{
+    const auto row = std::ranges::find(kControls, waited_button, &ControlRow::id);
+    if (row != std::end(kControls)) SetWindowTextW(control(waited_button), row->text);
+    enable_work(true);
+}

@@ -1,0 +1,35 @@
+// The controls of the main window. What they are is a table; this makes them, places them and speaks to them.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+enum ControlId : int {
+    kPublishButton = 1006,
+    kNameField = 1004,
+    kStatusLine = 1008,
+    kVersionLabel = 1009,
+    kHousePaymail = 1010,
+    kPaymentAddress = 1011,
+    kNamePreview = 1012,
+    kKeptNames = 1013,
+    kHousePaymailCaption = 1014,
+    kPaymentAddressCaption = 1015,
+    kNameCaption = 1016,
+    kNameHint = 1017,
+    kCloseButton = 1018,
+};
+
+void create_controls(HWND window);
+void place_controls();          // where app_state().layout says
+void reassign_control_fonts();  // after a change of DPI
+
+void set_control_text(int id, const std::string& utf8);
+std::string name_field_text();  // trimmed
+void set_status(const std::wstring& text);
+
+// While a flow runs the buttons that would start another one are disabled, except the one that the user pressed, which
+// reads "Wait...".
+void show_waiting(int button);
+void show_idle(int waited_button);  // 0: no label to give back

@@ -1,0 +1,87 @@
+// The program's life: prepare the process, open the window, answer messages until it closes.
+#include "app/app_state.h"
+#include "app/main_window.h"
+#include "app/single_instance.h"
+#include "app/workers.h"
+#include "net/curl_lifetime.h"
+#include "platform/environment.h"
+#include "wallet_bridge/binding.h"
+
+#include <windows.h>
+
+#include <commctrl.h>
+#include <objbase.h>
+#include <shellscalingapi.h>
+
+#include <optional>
+
+namespace {
+
+std::optional<unsigned> dpi_under_mouse()
+{
+    POINT mouse{};
+    GetCursorPos(&mouse);
+    UINT horizontal = 0;
+    UINT vertical = 0;
+    const HMONITOR monitor = MonitorFromPoint(mouse, MONITOR_DEFAULTTONEAREST);
+    if (FAILED(GetDpiForMonitor(monitor, MDT_EFFECTIVE_DPI, &horizontal, &vertical))) return std::nullopt;
+    return horizontal;
+}
+
+class ComApartment {
+public:
+    ComApartment() : m_is_entered(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) {}
+    ComApartment(const ComApartment&) = delete;
+    ComApartment& operator=(const ComApartment&) = delete;
+    ~ComApartment()
+    {
+        if (m_is_entered) CoUninitialize();
+    }
+
+private:
+    bool m_is_entered;
+};
+
+void open_main_window(HINSTANCE instance, int show)
+{
+    const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_STANDARD_CLASSES};
+    InitCommonControlsEx(&controls);
+    register_main_window_class(instance);
+    app_state().dpi = start_dpi(dpi_under_mouse());
+    const HWND window = create_main_window(instance);
+    ShowWindow(window, show);
+    UpdateWindow(window);
+}
+
+int answer_messages()
+{
+    MSG message{};
+    while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+        const HWND settings = app_state().settings_window;
+        if (settings != nullptr && IsDialogMessageW(settings, &message)) continue;
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+    return static_cast<int>(message.wParam);
+}
+
+}  // namespace
+
+int WINAPI WinMain(HINSTANCE instance, HINSTANCE, PSTR, int show)
+{
+    SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
+    enter_executable_folder();
+    if (bring_running_copy_forward()) return 0;
+
+    SetProcessDpiAwarenessContext(DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2);
+    const ComApartment apartment;
+    bind_at_startup(executable_folder(), "Brasslet");
+    load_settings(app_state().settings);
+    const CurlLifetime curl;
+    open_main_window(instance, show);
+    const int exit_code = answer_messages();
+
+    // A worker may be in the middle of a request or of a wallet query: nothing that it uses is taken down under it.
+    if (worker_is_running()) ExitProcess(static_cast<UINT>(exit_code));
+    return exit_code;
+}

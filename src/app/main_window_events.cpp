@@ -1,0 +1,153 @@
+#include "app/main_window_events.h"
+
+#include "app/app_state.h"
+#include "app/busy_guard.h"
+#include "app/controls.h"
+#include "app/messages.h"
+#include "app/posted_text.h"
+#include "app/wallet_card.h"
+#include "app/window_painting.h"
+#include "flows/publish.h"
+#include "ui/drawn_button.h"
+
+#include <utility>
+
+namespace {
+
+void on_create(HWND window)
+{
+    AppState& state = app_state();
+    state.main_window = window;
+    state.fonts = make_fonts(state.dpi);
+    state.card_brush = solid_brush(kCard);
+    state.edit_brush = solid_brush(kEditBackground);
+    create_controls(window);
+    fill_name_field();
+    refresh_wallet_card();
+    refresh_name_preview();
+    apply_frame_colours(window);
+}
+
+void lay_out(HWND window)
+{
+    AppState& state = app_state();
+    RECT client{};
+    GetClientRect(window, &client);
+    state.layout = main_layout(client.right, state.dpi);
+    place_controls();
+    InvalidateRect(window, nullptr, FALSE);
+}
+
+void on_size(HWND window, WPARAM how)
+{
+    if (how != SIZE_MINIMIZED) lay_out(window);
+}
+
+void on_dpi_changed(HWND window, unsigned dpi, const RECT& suggested)
+{
+    AppState& state = app_state();
+    state.dpi = dpi;
+    // The controls still hold the old fonts: these die only after the new ones have been handed out.
+    Fonts old = std::exchange(state.fonts, make_fonts(dpi));
+    reassign_control_fonts();
+    if (!state.fonts_at_creation.body) state.fonts_at_creation = std::move(old);
+
+    SetWindowPos(window, nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
+                 suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    lay_out(window);
+}
+
+void limit_size(MINMAXINFO& limits)
+{
+    const Size smallest = smallest_window_size(app_state().dpi);
+    limits.ptMinTrackSize = {smallest.width, smallest.height};
+}
+
+void on_command(HWND window, int id, int notification)
+{
+    switch (id) {
+    case kNameField:
+        if (notification == EN_CHANGE) refresh_name_preview();
+        break;
+    case kPublishButton:
+        start_guarded_flow(id, publish_sentence);
+        break;
+    case kCloseButton:
+        DestroyWindow(window);
+        break;
+    default:
+        break;
+    }
+}
+
+void on_flow_result(LPARAM lparam)
+{
+    const auto sentence = take_text<std::wstring>(lparam);
+    clear_busy();
+    refresh_wallet_card();
+    refresh_name_preview();
+    if (sentence != nullptr) set_status(*sentence);
+}
+
+void on_destroy()
+{
+    save_settings(app_state().settings, name_field_text());
+    if (app_state().settings_window != nullptr) DestroyWindow(app_state().settings_window);
+    PostQuitMessage(0);
+}
+
+// A result that was posted just before the end finds nobody any more.
+void discard_late_results(HWND window)
+{
+    MSG late{};
+    while (PeekMessageW(&late, window, MsgFlowResult, MsgFlowResult, PM_REMOVE))
+        take_text<std::wstring>(late.lParam);
+}
+
+}  // namespace
+
+LRESULT CALLBACK main_window_procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam)
+{
+    switch (message) {
+    case WM_CREATE:
+        on_create(window);
+        return 0;
+    case WM_SIZE:
+        on_size(window, wparam);
+        return 0;
+    case WM_DPICHANGED:
+        on_dpi_changed(window, HIWORD(wparam), *reinterpret_cast<const RECT*>(lparam));
+        return 0;
+    case WM_GETMINMAXINFO:
+        limit_size(*reinterpret_cast<MINMAXINFO*>(lparam));
+        return 0;
+    case WM_ERASEBKGND:
+        return 1;
+    case WM_PAINT:
+        paint_main_window(window);
+        return 0;
+    case WM_DRAWITEM:
+        paint_drawn_button(*reinterpret_cast<const DRAWITEMSTRUCT*>(lparam), app_state().dpi,
+                           app_state().fonts.body.get());
+        return 1;
+    case WM_CTLCOLORSTATIC:
+        return reinterpret_cast<LRESULT>(colour_static(reinterpret_cast<HDC>(wparam), reinterpret_cast<HWND>(lparam)));
+    case WM_CTLCOLOREDIT:
+        return reinterpret_cast<LRESULT>(colour_field(reinterpret_cast<HDC>(wparam)));
+    case WM_COMMAND:
+        on_command(window, LOWORD(wparam), HIWORD(wparam));
+        return 0;
+    case MsgFlowResult:
+        on_flow_result(lparam);
+        return 0;
+    case WM_DESTROY:
+        on_destroy();
+        return 0;
+    case WM_NCDESTROY:
+        discard_late_results(window);
+        break;
+    default:
+        break;
+    }
+    return DefWindowProcW(window, message, wparam, lparam);
+}

@@ -1,0 +1,95 @@
+#include "app/window_painting.h"
+
+#include "app/app_state.h"
+#include "app/controls.h"
+#include "ui/background.h"
+
+#include <dwmapi.h>
+
+namespace {
+
+// Windows 11's names for these attributes are younger than the headers of some toolchains.
+constexpr DWORD kUseDarkMode = 20;
+constexpr DWORD kBorderColour = 34;
+constexpr DWORD kCaptionColour = 35;
+constexpr DWORD kTextColour = 36;
+
+void paint_card(HDC dc, const Rect& card, int corner)
+{
+    const Pen pen = thin_pen(kCardOutline);
+    const Selected selected_pen(dc, pen.get());
+    const Selected selected_brush(dc, app_state().card_brush.get());
+    RoundRect(dc, card.x, card.y, card.right(), card.bottom(), corner, corner);
+}
+
+void paint_text(HDC dc, const wchar_t* text, const Rect& place, const Font& font, Colour colour, UINT form)
+{
+    const Selected selected(dc, font.get());
+    SetTextColor(dc, colorref(colour));
+    RECT area = to_windows(place);
+    DrawTextW(dc, text, -1, &area, DT_SINGLELINE | DT_VCENTER | form);
+}
+
+void paint_header(HDC dc, const MainLayout& layout)
+{
+    const Fonts& fonts = app_state().fonts;
+    SetBkMode(dc, TRANSPARENT);
+    paint_text(dc, L"Brasslet", layout.title, fonts.title, kTitleText, 0);
+
+    const Pen pen = thin_pen(kTitleRule);
+    const Selected selected(dc, pen.get());
+    MoveToEx(dc, layout.title_rule.x, layout.title_rule.y, nullptr);
+    LineTo(dc, layout.title_rule.right(), layout.title_rule.y);
+
+    paint_text(dc, L"A payment name beside your Vaultry paymail.", layout.subtitle, fonts.small, kSubtitleText,
+               DT_END_ELLIPSIS);
+}
+
+void set_frame(HWND window, DWORD attribute, DWORD value)
+{
+    DwmSetWindowAttribute(window, attribute, &value, sizeof value);
+}
+
+}  // namespace
+
+void paint_main_window(HWND window)
+{
+    const Painting painting(window);
+    const MainLayout& layout = app_state().layout;
+    RECT client{};
+    GetClientRect(window, &client);
+    paint_gradient(painting.dc(), client, {kBackgroundTop, kBackgroundBottom});
+    paint_card(painting.dc(), layout.wallet_card, layout.card_corner);
+    paint_card(painting.dc(), layout.name_card, layout.card_corner);
+    paint_header(painting.dc(), layout);
+}
+
+HBRUSH colour_static(HDC dc, HWND control)
+{
+    const int id = GetDlgCtrlID(control);
+    if (id == kStatusLine || id == kVersionLabel) {
+        SetTextColor(dc, colorref(kLightText));
+        SetBkMode(dc, TRANSPARENT);
+        return static_cast<HBRUSH>(GetStockObject(HOLLOW_BRUSH));
+    }
+    const bool is_value = id == kHousePaymail || id == kPaymentAddress || id == kNamePreview;
+    const Colour other = id == kKeptNames ? kNoteText : kCaptionText;
+    SetTextColor(dc, colorref(is_value ? kLightText : other));
+    SetBkColor(dc, colorref(kCard));
+    return app_state().card_brush.get();
+}
+
+HBRUSH colour_field(HDC dc)
+{
+    SetTextColor(dc, colorref(kLightText));
+    SetBkColor(dc, colorref(kEditBackground));
+    return app_state().edit_brush.get();
+}
+
+void apply_frame_colours(HWND window)
+{
+    set_frame(window, kUseDarkMode, TRUE);
+    set_frame(window, kCaptionColour, colorref(kFrameCaption));
+    set_frame(window, kBorderColour, colorref(kFrameBorder));
+    set_frame(window, kTextColour, colorref(kFrameText));
+}

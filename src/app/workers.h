@@ -1,0 +1,17 @@
+// Worker threads: detached, never joined, and never in touch with a control. What they have to say they post.
+#pragma once
+
+#include "settings/settings_store.h"
+
+#include <windows.h>
+
+#include <string>
+
+// One of the things the user can have done on the site: decides everything and returns the sentence to show.
+using Flow = std::wstring (*)(const SiteSettings& settings);
+
+// Runs `flow` on a worker thread with its own copy of the settings, then posts exactly one MsgFlowResult to `window`.
+void start_flow(HWND window, Flow flow, const SiteSettings& settings);
+
+// Whether a worker has not come to its end yet.
+bool worker_is_running();

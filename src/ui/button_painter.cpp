@@ -1,0 +1,72 @@
+// Paints the drawn buttons. The corners outside the rounded face show the window's gradient, so that nothing tells
+// where a button ends and its parent begins.
+#include "ui/background.h"
+#include "ui/dpi.h"
+#include "ui/drawn_button.h"
+
+namespace {
+
+constexpr int kCorner = 12;
+constexpr int kLongestLabel = 128;
+
+ButtonState state_of(const DRAWITEMSTRUCT& item)
+{
+    return {GetPropW(item.hwndItem, kHotProperty) != nullptr, (item.itemState & ODS_SELECTED) != 0,
+            (item.itemState & ODS_DISABLED) != 0};
+}
+
+void paint_behind(const DRAWITEMSTRUCT& item, const BackgroundBehind& behind)
+{
+    FillRect(item.hDC, &item.rcItem, solid_brush(behind.middle).get());
+    RECT grown = item.rcItem;
+    ++grown.right;
+    ++grown.bottom;
+    paint_gradient(item.hDC, grown, behind.whole);
+}
+
+void paint_face(HDC dc, const RECT& place, int corner, const Gradient& face)
+{
+    const Region rounded(CreateRoundRectRgn(place.left, place.top, place.right + 1, place.bottom + 1, corner, corner));
+    const Clipped clipped(dc, rounded);
+    const int rows = place.bottom - place.top;
+    for (int row = 0; row < rows; ++row) {
+        const Pen pen = thin_pen(gradient_row(face, row, rows));
+        const Selected selected(dc, pen.get());
+        MoveToEx(dc, place.left, place.top + row, nullptr);
+        LineTo(dc, place.right, place.top + row);
+    }
+}
+
+void paint_outline(HDC dc, const RECT& place, int corner, Colour colour)
+{
+    const Pen pen = thin_pen(colour);
+    const Selected selected_pen(dc, pen.get());
+    const Selected selected_brush(dc, GetStockObject(HOLLOW_BRUSH));
+    RoundRect(dc, place.left, place.top, place.right - 1, place.bottom - 1, corner, corner);
+}
+
+void paint_label(const DRAWITEMSTRUCT& item, const ButtonState& state, HFONT font)
+{
+    wchar_t label[kLongestLabel + 1] = {};
+    const int length = GetWindowTextW(item.hwndItem, label, kLongestLabel + 1);
+    RECT place = item.rcItem;
+    if (state.pressed) OffsetRect(&place, 1, 1);
+
+    const Selected selected(item.hDC, font);
+    SetTextColor(item.hDC, colorref(state.disabled ? kButtonTextDisabled : kButtonText));
+    SetBkMode(item.hDC, TRANSPARENT);
+    DrawTextW(item.hDC, label, length, &place, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
+}
+
+}  // namespace
+
+void paint_drawn_button(const DRAWITEMSTRUCT& item, unsigned dpi, HFONT font)
+{
+    const ButtonState state = state_of(item);
+    const BackgroundBehind behind = background_behind(item.hwndItem);
+    const int corner = scaled(kCorner, dpi);
+    paint_behind(item, behind);
+    paint_face(item.hDC, item.rcItem, corner, button_face(state, behind.middle));
+    paint_outline(item.hDC, item.rcItem, corner, state.hot || state.pressed ? kBorderActive : kBorder);
+    paint_label(item, state, font);
+}

@@ -1,0 +1,63 @@
+#include "ui/drawn_button.h"
+
+#include <commctrl.h>
+
+namespace {
+
+constexpr int kProvisionalSize = 10;
+
+void show_hand()
+{
+    SetCursor(LoadCursorW(nullptr, IDC_HAND));
+}
+
+void mouse_entered(HWND button)
+{
+    TRACKMOUSEEVENT leave{sizeof leave, TME_LEAVE, button, 0};
+    TrackMouseEvent(&leave);
+    if (GetPropW(button, kHotProperty) != nullptr) return;
+    SetPropW(button, kHotProperty, reinterpret_cast<HANDLE>(1));
+    InvalidateRect(button, nullptr, FALSE);
+}
+
+void mouse_left(HWND button)
+{
+    RemovePropW(button, kHotProperty);
+    InvalidateRect(button, nullptr, FALSE);
+}
+
+LRESULT CALLBACK track_hover(HWND button, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR id, DWORD_PTR)
+{
+    switch (message) {
+    case WM_MOUSEMOVE:
+        mouse_entered(button);
+        show_hand();
+        break;
+    case WM_MOUSELEAVE:
+        mouse_left(button);
+        break;
+    case WM_SETCURSOR:
+        if (LOWORD(lparam) != HTCLIENT) break;
+        show_hand();
+        return TRUE;
+    case WM_NCDESTROY:
+        RemovePropW(button, kHotProperty);
+        RemoveWindowSubclass(button, track_hover, id);
+        break;
+    default:
+        break;
+    }
+    return DefSubclassProc(button, message, wparam, lparam);
+}
+
+}  // namespace
+
+HWND create_drawn_button(HWND parent, int id, const wchar_t* label)
+{
+    constexpr DWORD kStyle = WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_TABSTOP | BS_OWNERDRAW;
+    const HWND button =
+        CreateWindowExW(0, L"BUTTON", label, kStyle, 0, 0, kProvisionalSize, kProvisionalSize, parent,
+                        reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleW(nullptr), nullptr);
+    if (button != nullptr) SetWindowSubclass(button, track_hover, 0, 0);
+    return button;
+}

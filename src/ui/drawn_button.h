@@ -1,0 +1,13 @@
+// The program's buttons: owner-drawn, softly shaded, with a hand cursor and a lighter face under the mouse.
+#pragma once
+
+#include "ui/gdi.h"
+
+// Window property of a button that the mouse is over.
+inline constexpr wchar_t kHotProperty[] = L"payname.hot";
+
+// A visible child button of a provisional size; the layout places it. Null when Windows refuses.
+HWND create_drawn_button(HWND parent, int id, const wchar_t* label);
+
+// The answer to WM_DRAWITEM for a button made above. `font` is the body font of `dpi`.
+void paint_drawn_button(const DRAWITEMSTRUCT& item, unsigned dpi, HFONT font);

@@ -1,0 +1,56 @@
+#include "ui/painted_static.h"
+
+#include "ui/background.h"
+
+#include <commctrl.h>
+
+namespace {
+
+constexpr int kLongestText = 640;
+
+void paint(HWND label, TextFlow flow)
+{
+    const Painting painting(label);
+    RECT client{};
+    GetClientRect(label, &client);
+    paint_gradient(painting.dc(), client, background_behind(label).whole);
+
+    wchar_t text[kLongestText + 1] = {};
+    const int length = GetWindowTextW(label, text, kLongestText + 1);
+    const Selected selected(painting.dc(), reinterpret_cast<HFONT>(SendMessageW(label, WM_GETFONT, 0, 0)));
+    SetBkMode(painting.dc(), TRANSPARENT);
+    SetTextColor(painting.dc(), colorref(kLightText));
+    const UINT form = flow == TextFlow::wrapped ? DT_WORDBREAK : DT_SINGLELINE | DT_VCENTER;
+    DrawTextW(painting.dc(), text, length, &client, form | DT_NOPREFIX);
+}
+
+LRESULT CALLBACK paint_itself(HWND label, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR id, DWORD_PTR flow)
+{
+    switch (message) {
+    case WM_ERASEBKGND:
+        return 1;
+    case WM_PAINT:
+        paint(label, static_cast<TextFlow>(flow));
+        return 0;
+    case WM_NCDESTROY:
+        RemoveWindowSubclass(label, paint_itself, id);
+        break;
+    default:
+        break;
+    }
+    return DefSubclassProc(label, message, wparam, lparam);
+}
+
+}  // namespace
+
+void make_self_painting(HWND label, TextFlow flow)
+{
+    SetWindowSubclass(label, paint_itself, 0, static_cast<DWORD_PTR>(flow));
+}
+
+void set_painted_text(HWND label, const wchar_t* text)
+{
+    SetWindowTextW(label, text);
+    // The static has drawn the new text over the old one at once, without a background; this covers both.
+    InvalidateRect(label, nullptr, FALSE);
+}

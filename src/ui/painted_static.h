@@ -1,0 +1,11 @@
+// A static that paints its text itself over the window's gradient.
+#pragma once
+
+#include "ui/gdi.h"
+
+enum class TextFlow { one_line, wrapped };  // one line: vertically centred; wrapped: at word breaks, from the top
+
+void make_self_painting(HWND label, TextFlow flow);
+
+// Sets the text and has the whole label painted anew.
+void set_painted_text(HWND label, const wchar_t* text);
