@@ -61,7 +61,7 @@ HttpReply post_json(const std::string& url, const std::string& body, std::chrono
 std::string service_error(std::int32_t status, const std::string& body)
 {
     if (status == kTooManyRequests) return kRateLimited;
-    const std::string line = "HTTP " + std::to_string(status);
+    std::string line = "HTTP " + std::to_string(status);
     if (body.empty() || is_page(body)) return line;
     const std::size_t end = body.find_last_not_of("\n\r ") + 1;
     return line + " \xe2\x80\x93 " + body.substr(0, end).substr(0, kShownBody);

@@ -1,0 +1,53 @@
+#include "flows/publish.h"
+
+#include "flows/publish_reply.h"
+#include "paymail/payname_rules.h"
+#include "paymail/verification.h"
+#include "platform/wallet_app.h"
+#include "site/plugin_status.h"
+#include "site/site_address.h"
+#include "site/site_request.h"
+#include "text/ascii.h"
+#include "text/json.h"
+#include "wallet_bridge/wallet_identity.h"
+
+namespace {
+
+SecretText publish_body(const SiteSettings& settings, const std::string& key, const std::string& address)
+{
+    return SecretText(compact_json({{"address", address},
+                                    {"alias", settings.alias},
+                                    {"house", wallet_paymail()},
+                                    {"login_pass", settings.pass.text()},
+                                    {"login_user", settings.user},
+                                    {"pubkey", lower_ascii(key)}}));
+}
+
+}  // namespace
+
+std::wstring publish_sentence(const SiteSettings& settings)
+{
+    if (!wallet_ready()) return L"Connect a Vaultry wallet first.";
+    if (!is_valid_alias(settings.alias)) return L"Type the name. Letters, numbers, and . _ + -";
+    std::string typed_site = settings.site;
+    const SiteAddress site = normalise_site(typed_site);
+    if (!site.ok || site.host.find('.') == std::string::npos) return L"Add the site in settings. It needs https.";
+    if (settings.user.empty() || settings.pass.empty())
+        return L"Add the WordPress user and application password in settings.";
+
+    const std::string key = identity_pubkey().value_or(std::string());
+    const std::string address = wallet_address().value_or(std::string());
+    if (key.size() != 66 || address.size() < 26) return L"This Vaultry has no payment address yet.";
+
+    if (plugin_on_site(site.base) != SitePlugin::current)
+        return L"Press Install plugin and upload the zip over the one on the site.";
+    const HttpReply reply = site_request("POST", site.base + "/wp-json/brasslet/v1/name",
+                                         publish_body(settings, key, address), settings.user, settings.pass);
+    const std::wstring refusal = publish_refusal(reply);
+    if (!refusal.empty()) return refusal;
+
+    const std::string host = published_host(reply, site.host);
+    const Verification verification = verify_and_keep(settings.alias + "@" + host);
+    if (verification.is_kept) notify_wallet_app();
+    return kept_sentence(verification, settings.alias, host, reply);
+}

@@ -1,0 +1,55 @@
+#include "flows/publish_reply.h"
+
+#include "platform/text_conversion.h"
+#include "site/site_refusal.h"
+#include "text/ascii.h"
+#include "text/json.h"
+
+namespace {
+
+using nlohmann::json;
+
+// The names of the reply but `alias`, as paymails joined by ", ".
+std::string other_paymails(const HttpReply& reply, const std::string& alias, const std::string& host)
+{
+    const json document = parse_json(reply.body);
+    if (!document.is_object()) return {};
+    const auto aliases = document.find("aliases");
+    if (aliases == document.end() || !aliases->is_array()) return {};
+    std::string others;
+    for (const json& other : *aliases) {
+        if (!other.is_string() || other.get_ref<const std::string&>() == alias) continue;
+        if (!others.empty()) others += ", ";
+        others.append(other.get_ref<const std::string&>()).append("@").append(host);
+    }
+    return others;
+}
+
+}  // namespace
+
+std::wstring publish_refusal(const HttpReply& reply)
+{
+    std::wstring refusal = refusal_message(reply);
+    if (!refusal.empty()) return refusal;
+    if (reply.status == 404) return L"Install the plugin first.";
+    if (reply.error.empty() && reply.status >= 200 && reply.status <= 299) return {};
+    const std::string message = reply_message(reply.body);
+    if (!message.empty()) return widen(message);
+    return reply.error.empty() ? L"The site did not take the name." : widen(reply.error);
+}
+
+std::string published_host(const HttpReply& reply, const std::string& typed_host)
+{
+    const std::string host = text_member(parse_json(reply.body), "host");
+    return host.empty() ? typed_host : lower_ascii(host);
+}
+
+std::wstring kept_sentence(const Verification& verification, const std::string& alias, const std::string& host,
+                           const HttpReply& reply)
+{
+    if (!verification.is_kept)
+        return verification.message.empty() ? L"Vaultry did not keep the name." : widen(verification.message);
+    const std::wstring kept = L"Vaultry kept " + widen(alias + "@" + host) + L".";
+    const std::string others = other_paymails(reply, alias, host);
+    return others.empty() ? kept : kept + L" Still on the site: " + widen(others) + L".";
+}

@@ -1,0 +1,33 @@
+#include "net/redirects.h"
+
+#include <curl/curl.h>
+
+#include <algorithm>
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+using std::chrono::milliseconds;
+
+// Never 0, which would mean no limit: libcurl then says itself that the time is over.
+milliseconds time_until(Clock::time_point end)
+{
+    return std::max(std::chrono::duration_cast<milliseconds>(end - Clock::now()), milliseconds(1));
+}
+
+}  // namespace
+
+HttpReply exchange_hop_by_hop(const std::string& url, int most, std::chrono::milliseconds whole_time,
+                              const DescribeHop& describe)
+{
+    const Clock::time_point end = Clock::now() + whole_time;
+    HttpReply reply = exchange(describe(url, time_until(end)));
+    for (int redirects = 0; reply.error.empty() && !reply.redirect_url.empty(); ++redirects) {
+        if (redirects == most) {
+            reply.error = curl_easy_strerror(CURLE_TOO_MANY_REDIRECTS);
+            return reply;
+        }
+        reply = exchange(describe(reply.redirect_url, time_until(end)));
+    }
+    return reply;
+}

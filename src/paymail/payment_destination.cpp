@@ -1,0 +1,90 @@
+#include "paymail/payment_destination.h"
+
+#include "text/hex.h"
+#include "text/json.h"
+#include "wallet/address.h"
+
+#include <algorithm>
+
+namespace {
+
+using nlohmann::json;
+
+constexpr std::size_t kMostOutputs = 20;
+constexpr std::int64_t kAskedFor = 1;  // satoshis
+constexpr char kTooManyOutputs[] = "that paymail host asked for too many outputs";
+constexpr char kNoAddress[] = "that paymail host did not return a payment address";
+constexpr char kOtherAmount[] = "that paymail host returned a different amount";
+
+// The address that a pay-to-public-key-hash script pays; empty for every other script and for a value that is no text.
+std::string script_address(const json& script)
+{
+    if (!script.is_string()) return {};
+    const std::vector<std::uint8_t> bytes = hex_decode(script.get_ref<const std::string&>());
+    if (bytes.size() != 25) return {};
+    const bool is_p2pkh =
+        bytes[0] == 0x76 && bytes[1] == 0xa9 && bytes[2] == 0x14 && bytes[23] == 0x88 && bytes[24] == 0xac;
+    if (!is_p2pkh) return {};
+    Hash160 hash;
+    std::copy_n(bytes.begin() + 3, hash.size(), hash.begin());
+    return address_from_hash160(hash);
+}
+
+// True only for a whole number from 1 to `most`; however large the number of the reply is, nothing overflows.
+bool read_satoshis(const json& output, std::int64_t most, std::int64_t& satoshis)
+{
+    const auto member = output.find("satoshis");
+    if (member == output.end() || !member->is_number_integer()) return false;
+    if (*member < 1 || *member > most) return false;
+    satoshis = member->get<std::int64_t>();
+    return true;
+}
+
+// The error text; empty on success.
+std::string read_outputs(const json& list, std::vector<PaymentOutput>& outputs)
+{
+    if (list.size() > kMostOutputs) return kTooManyOutputs;
+    if (!std::all_of(list.begin(), list.end(), [](const json& output) { return output.is_object(); }))
+        return kNoAddress;
+    std::int64_t total = 0;
+    for (const json& output : list) {
+        PaymentOutput made;
+        if (!read_satoshis(output, kAskedFor - total, made.satoshis)) return kOtherAmount;
+        total += made.satoshis;
+        const auto script = output.find("script");
+        made.address = script == output.end() ? std::string() : script_address(*script);
+        if (made.address.empty()) return kNoAddress;
+        outputs.push_back(made);
+    }
+    return total == kAskedFor ? std::string() : kOtherAmount;
+}
+
+// The older answers: one script, or one address, without an amount.
+std::string read_single(const json& reply, std::vector<PaymentOutput>& outputs)
+{
+    std::string address;
+    if (const auto script = reply.find("output"); script != reply.end()) {
+        address = script_address(*script);
+    } else if (const auto hash = hash160_from_address(text_member(reply, "address"))) {
+        address = address_from_hash160(*hash);
+    }
+    if (address.empty()) return kNoAddress;
+    outputs.push_back({address, kAskedFor});
+    return {};
+}
+
+}  // namespace
+
+bool read_payment_destination(const std::string& body, std::vector<PaymentOutput>& outputs, std::string& error)
+{
+    outputs.clear();
+    const json reply = parse_json(body);
+    if (!reply.is_object()) {
+        error = kNoAddress;
+        return false;
+    }
+    const auto list = reply.find("outputs");
+    error = list != reply.end() && list->is_array() ? read_outputs(*list, outputs) : read_single(reply, outputs);
+    if (!error.empty()) outputs.clear();
+    return error.empty();
+}

@@ -1,0 +1,112 @@
+#include "paymail/payname_registry.h"
+
+#include "build_values.h"
+#include "paymail/payname_rules.h"
+#include "platform/files.h"
+#include "text/ascii.h"
+#include "text/json.h"
+#include "wallet_bridge/data_directory.h"
+#include "wallet_bridge/wallet_identity.h"
+
+#include <optional>
+
+namespace {
+
+using nlohmann::json;
+
+std::string registry_path()
+{
+    return data_directory() + "/payname/payname.json";
+}
+
+json rows_of(const std::string& text)
+{
+    json document = parse_json(text);
+    if (document.is_object()) {
+        if (const auto names = document.find("names"); names != document.end() && names->is_array()) return *names;
+        if (document.contains("paymail")) return json::array({document});
+    }
+    return document.is_array() ? document : json::array();
+}
+
+// Empty when there is a file that cannot be read just now: rows that nobody saw must not be written over.
+std::optional<json> readable_paynames()
+{
+    const std::optional<std::string> text = read_file(registry_path());
+    if (!text) return file_status(registry_path()) == FileStatus::missing ? std::optional(json::array()) : std::nullopt;
+    return rows_of(*text);
+}
+
+bool is_row_of(const json& row, const std::string& lower_case_paymail)
+{
+    return lower_ascii(text_member(row, "paymail")) == lower_case_paymail;
+}
+
+bool is_shown(const std::string& paymail)
+{
+    const std::size_t at = paymail.find('@');
+    if (at == std::string::npos) return false;
+    const std::string domain = paymail.substr(at + 1);
+    return is_valid_alias(paymail.substr(0, at)) && is_valid_host(domain) && lower_ascii(domain) != kHouseDomain;
+}
+
+}  // namespace
+
+json load_paynames()
+{
+    return rows_of(read_file(registry_path()).value_or(std::string()));
+}
+
+bool save_paynames(const json& rows)
+{
+    const std::string path = registry_path();
+    const std::string text = pretty_json({{"names", rows}});
+    if (read_file(path) == text) return true;
+    return create_folders(parent_folder(path)) && rewrite_in_place(path, text);
+}
+
+bool keep_payname(const PaynameRecord& record)
+{
+    std::optional<json> rows = readable_paynames();
+    if (!rows) return false;
+    json* kept = nullptr;
+    for (json& row : *rows)
+        if (kept == nullptr && is_row_of(row, lower_ascii(record.paymail))) kept = &row;
+    if (kept == nullptr) {
+        rows->push_back(json::object());
+        kept = &rows->back();
+    }
+    (*kept)["paymail"] = record.paymail;
+    (*kept)["pubkey"] = record.pubkey;
+    (*kept)["address"] = record.address;
+    return save_paynames(*rows);
+}
+
+void remove_payname(const std::string& paymail)
+{
+    const std::optional<json> rows = readable_paynames();
+    if (!rows) return;
+    json others = json::array();
+    for (const json& row : *rows)
+        if (!is_row_of(row, lower_ascii(paymail))) others.push_back(row);
+    if (others.empty()) {
+        remove_file(registry_path());
+    } else {
+        save_paynames(others);
+    }
+}
+
+std::string names_of_this_wallet()
+{
+    const std::string key = identity_pubkey().value_or(std::string());
+    const std::string address = wallet_address().value_or(std::string());
+    if (key.size() != 66 || address.size() < 26) return {};
+    std::string names;
+    for (const json& row : load_paynames()) {
+        const std::string paymail = text_member(row, "paymail");
+        if (text_member(row, "pubkey") != key || text_member(row, "address") != address || !is_shown(paymail)) continue;
+        if (!names.empty()) names += ", ";
+        names += paymail;
+    }
+    return names;
+}
