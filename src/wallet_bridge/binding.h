@@ -18,11 +18,15 @@ void bind_at_startup(const std::string& instance, const std::string& app);
 // A copy; any thread.
 WalletBinding wallet_binding();
 
-// The wallet of the bind record when that can be read, else the one in memory.
+// The wallet of the bind record when that can be read and names one, else the one in memory. Empty: not bound.
 std::string bound_wallet_id();
 
 // Binds `wallet_id` and writes the bind record. Nothing happens before bind_at_startup or for an empty id.
 void bind_wallet(const std::string& wallet_id);
+
+// Deletes the bind record and forgets the id: the next start binds again when there is but one wallet. Nothing happens
+// before bind_at_startup.
+void unbind_wallet();
 
 // File name of the bind record, without its ending: small letters and digits, everything else "_", the last 96 of them.
 std::string bind_key(std::string_view instance);

@@ -3,10 +3,24 @@
 
 #include "platform/dns_query.h"
 
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
+// Operations on files that fail from now on, and what was written.
+struct FileFaults {
+    bool reads_fail = false;
+    bool writes_fail = false;  // the file cannot be opened for writing
+    bool replaces_fail = false;
+    bool renames_fail = false;
+    bool copies_fail = false;
+    std::optional<std::size_t> largest_file;  // the disk is full beyond this size: a write stops there
+    std::vector<std::string> written;         // paths whose bytes were written or replaced, in order
+};
+
 struct StandIn {
+    FileFaults files;
     std::string local_app_data;            // answer of local_app_data()
     std::string executable_folder = ".";   // answer of executable_folder()
     std::vector<SrvRecord> srv_records;    // answer of query_srv()

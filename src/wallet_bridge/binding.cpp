@@ -1,0 +1,126 @@
+#include "wallet_bridge/binding.h"
+
+#include "platform/files.h"
+#include "text/ascii.h"
+#include "text/json.h"
+#include "wallet_bridge/data_directory.h"
+#include "wallet_bridge/migration.h"
+#include "wallet_bridge/registry_lock.h"
+#include "wallet_bridge/wallet_registry.h"
+
+#include <mutex>
+
+namespace {
+
+using nlohmann::json;
+
+constexpr std::size_t kLongestKey = 96;
+
+struct BindingState {
+    std::mutex mutex;  // small: never held while a file is read or written
+    WalletBinding binding;
+};
+
+BindingState& binding_state()
+{
+    static auto* const state = new BindingState;  // never destroyed: a worker may ask when the process ends
+    return *state;
+}
+
+void remember(WalletBinding binding)
+{
+    const std::scoped_lock lock(binding_state().mutex);
+    binding_state().binding = std::move(binding);
+}
+
+std::string recorded_wallet_id()
+{
+    return text_member(parse_json(read_file(bind_record_path()).value_or("")), "wallet_id");
+}
+
+void write_bind_record(const WalletBinding& binding)
+{
+    const json record = {{"app", binding.app}, {"instance", binding.instance}, {"wallet_id", binding.wallet_id}};
+    write_file(bind_record_path(), pretty_json(record));
+}
+
+// With two wallets or more only the user can choose, and does so in the wallet application.
+std::string id_of_the_only_wallet()
+{
+    const json registry = read_registry();
+    const json& wallets = registry["wallets"];
+    return wallets.size() == 1 ? text_member(wallets[0], "id") : std::string();
+}
+
+}  // namespace
+
+void bind_at_startup(const std::string& instance, const std::string& app)
+{
+    const RegistryLock lock;
+    WalletBinding binding;
+    binding.is_initialised = true;
+    binding.app = app.empty() ? "App" : app;
+    binding.instance = instance.empty() ? "." : instance;
+    remember(binding);
+    migrate_single_wallet();
+
+    binding.wallet_id = recorded_wallet_id();
+    if (binding.wallet_id.empty()) binding.wallet_id = id_of_the_only_wallet();
+    remember(binding);
+    if (!binding.wallet_id.empty()) write_bind_record(binding);
+}
+
+WalletBinding wallet_binding()
+{
+    const std::scoped_lock lock(binding_state().mutex);
+    return binding_state().binding;
+}
+
+std::string bound_wallet_id()
+{
+    const WalletBinding binding = wallet_binding();
+    if (!binding.is_initialised) return binding.wallet_id;
+    const std::string recorded = recorded_wallet_id();
+    return recorded.empty() ? binding.wallet_id : recorded;
+}
+
+void bind_wallet(const std::string& wallet_id)
+{
+    WalletBinding binding = wallet_binding();
+    if (!binding.is_initialised || wallet_id.empty()) return;
+    binding.wallet_id = wallet_id;
+    remember(binding);
+    write_bind_record(binding);
+}
+
+void unbind_wallet()
+{
+    WalletBinding binding = wallet_binding();
+    if (!binding.is_initialised) return;
+    remove_file(bind_record_path());
+    binding.wallet_id.clear();
+    remember(binding);
+}
+
+std::string bind_key(std::string_view instance)
+{
+    std::string key = lower_ascii(instance);
+    for (char& c : key)
+        if (!is_ascii_letter(c) && !is_ascii_digit(c)) c = '_';
+    // The end tells two folders apart better than the drive and the user's name do.
+    if (key.size() > kLongestKey) key.erase(0, key.size() - kLongestKey);
+    return key.empty() ? "default" : key;
+}
+
+std::string bind_record_path()
+{
+    const std::string folder = data_directory() + "/binds";
+    create_folders(folder);
+    return folder + "/" + bind_key(wallet_binding().instance) + ".json";
+}
+
+std::string wallet_file_path()
+{
+    const std::string id = bound_wallet_id();
+    return id.empty() ? std::string() : data_directory() + "/wallets/" + id + "/wallet.json";
+}

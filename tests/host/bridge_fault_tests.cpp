@@ -1,0 +1,105 @@
+// What the wallet bridge and the settings do when the disk refuses.
+#include "platform_host/stand_in.h"
+#include "settings/settings_store.h"
+#include "support/test_folder.h"
+#include "text/json.h"
+#include "wallet_bridge/migration.h"
+#include "wallet_bridge/wallet_registry.h"
+
+#include <gtest/gtest.h>
+
+TEST(BridgeFaults, AFailedReplaceLeavesTheOldRegistryAndNoTemporaryFile)
+{
+    const TestFolder folder;
+    folder.write("wallets.json", "old");
+    stand_in().files.replaces_fail = true;
+    EXPECT_FALSE(write_registry({{"wallets", nlohmann::json::array()}}));
+    EXPECT_EQ(folder.read("wallets.json"), "old");
+    EXPECT_FALSE(folder.has("wallets.json.tmp"));
+}
+
+TEST(BridgeFaults, AFullDiskLeavesTheOldRegistryAndTheTemporaryFileWhereItIs)
+{
+    const TestFolder folder;
+    folder.write("wallets.json", "old");
+    stand_in().files.largest_file = 5;
+    EXPECT_FALSE(write_registry({{"wallets", nlohmann::json::array()}}));
+    EXPECT_EQ(folder.read("wallets.json"), "old");
+    EXPECT_TRUE(folder.has("wallets.json.tmp"));
+}
+
+TEST(BridgeFaults, AnUnchangedRegistryIsNotWrittenAgain)
+{
+    const TestFolder folder;
+    ASSERT_TRUE(write_registry({{"wallets", nlohmann::json::array()}}));
+    stand_in().files.written.clear();
+    EXPECT_TRUE(write_registry({{"wallets", nlohmann::json::array()}}));
+    EXPECT_TRUE(stand_in().files.written.empty());
+}
+
+TEST(BridgeFaults, AnOldWalletThatCannotBeRenamedIsCopiedAndThenDeleted)
+{
+    const TestFolder folder;
+    folder.write("corvane_vaultry.json", "the wallet");
+    stand_in().files.renames_fail = true;
+    migrate_single_wallet();
+    ASSERT_EQ(list_wallets().size(), 1U);
+    EXPECT_EQ(folder.read("wallets/" + list_wallets()[0].id + "/wallet.json"), "the wallet");
+    EXPECT_FALSE(folder.has("corvane_vaultry.json"));
+}
+
+TEST(BridgeFaults, AnOldWalletThatCannotBeMovedStaysAndTheRegistryGainsItsEntry)
+{
+    const TestFolder folder;
+    folder.write("corvane_vaultry.json", "the wallet");
+    stand_in().files.renames_fail = true;
+    stand_in().files.copies_fail = true;
+    migrate_single_wallet();
+    ASSERT_EQ(list_wallets().size(), 1U);
+    EXPECT_EQ(list_wallets()[0].name, "Wallet 1");
+    EXPECT_FALSE(folder.has("wallets/" + list_wallets()[0].id + "/wallet.json"));
+    EXPECT_EQ(folder.read("corvane_vaultry.json"), "the wallet");
+}
+
+TEST(BridgeFaults, ARegistryThatCannotBeReadNowIsNotTakenForAnEmptyOne)
+{
+    const TestFolder folder;
+    folder.write("corvane_vaultry.json", "the wallet");
+    folder.write("wallets.json", R"({"wallets":[{"id":"1"}]})");
+    stand_in().files.reads_fail = true;
+    EXPECT_FALSE(is_registry_within_reach());
+    migrate_single_wallet();
+    stand_in().files.reads_fail = false;
+    EXPECT_EQ(folder.read("wallets.json"), R"({"wallets":[{"id":"1"}]})");
+    EXPECT_EQ(folder.read("corvane_vaultry.json"), "the wallet");
+}
+
+TEST(BridgeFaults, APasswordThatCannotBeProtectedIsNotSaved)
+{
+    const TestFolder folder;
+    SiteSettings settings;
+    settings.pass = SecretText("a password");
+    stand_in().protection_works = false;
+    save_settings(settings, "");
+    EXPECT_EQ(parse_json(folder.read("payname/ui.json"))["pass"], "");
+}
+
+TEST(BridgeFaults, AFullDiskLeavesTheOldSettings)
+{
+    const TestFolder folder;
+    SiteSettings settings;
+    save_settings(settings, "a");
+    const std::string text = folder.read("payname/ui.json");
+    stand_in().files.largest_file = text.size();
+    save_settings(settings, "a longer name");
+    EXPECT_EQ(folder.read("payname/ui.json"), text);
+}
+
+TEST(BridgeFaults, UnchangedSettingsAreNotWrittenAgain)
+{
+    const TestFolder folder;
+    save_settings({}, "a");
+    stand_in().files.written.clear();
+    save_settings({}, "a");
+    EXPECT_TRUE(stand_in().files.written.empty());
+}
