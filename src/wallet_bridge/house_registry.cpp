@@ -1,0 +1,161 @@
+#include "wallet_bridge/house_registry.h"
+
+#include "build_values.h"
+#include "platform/files.h"
+#include "text/ascii.h"
+#include "text/json.h"
+#include "wallet_bridge/data_directory.h"
+
+#include <limits>
+#include <mutex>
+
+namespace {
+
+using nlohmann::json;
+
+constexpr char kOlderPath[] = "userinfo/corvane_paymail.json";  // in the current directory
+
+std::mutex& registry_mutex()
+{
+    static auto* const mutex = new std::mutex;  // never destroyed: a worker may hold it when the process ends
+    return *mutex;
+}
+
+std::string registry_path()
+{
+    return data_directory() + "/corvane_paymail.json";
+}
+
+json object_of(const std::string& text)
+{
+    json document = parse_json(text);
+    return document.is_object() ? document : json::object();
+}
+
+// What the file says already is not written again. False when the file cannot be written, and when it is there but
+// could not be read: that would lose what it holds.
+bool save(const json& registry)
+{
+    const std::string path = registry_path();
+    const auto current = read_file(path);
+    if (!current && file_status(path) != FileStatus::missing) return false;
+    if (object_of(current.value_or("")) == registry) return true;
+    create_folders(data_directory());
+    return rewrite_in_place(path, pretty_json(registry));
+}
+
+json load()
+{
+    if (const auto text = read_file(registry_path())) return object_of(*text);
+    const auto older = read_file(kOlderPath);
+    if (!older) return json::object();
+    json registry = object_of(*older);
+    save(registry);
+    return registry;
+}
+
+// The member as an object, made when it is absent and put in the place of anything else.
+json& object_member(json& parent, const char* key)
+{
+    json& member = parent[key];
+    if (!member.is_object()) member = json::object();
+    return member;
+}
+
+bool is_held_by(const json& row, const std::string& lower_key)
+{
+    return lower_ascii(text_member(row, "pubkey")) == lower_key;
+}
+
+std::size_t quota(const json& registry)
+{
+    const std::string role = lower_ascii(text_member(registry, "host_role"));
+    if (role == "architect") return std::numeric_limits<std::size_t>::max();
+    return role == "dev" ? 20 : 10;
+}
+
+std::size_t count_labels(const json& names, const std::string& lower_key)
+{
+    std::size_t count = 0;
+    for (const json& row : names)
+        count += is_held_by(row, lower_key) ? 1 : 0;
+    return count;
+}
+
+// Does `change` to every row of the identity.
+template <typename Change>
+void change_rows(json& registry, const std::string& lower_key, Change change)
+{
+    const auto names = registry.find("names");
+    if (names == registry.end() || !names->is_object()) return;
+    for (json& row : *names)
+        if (is_held_by(row, lower_key)) change(row);
+}
+
+}  // namespace
+
+std::string house_label_of(const std::string& public_key)
+{
+    const std::string key = lower_ascii(public_key);
+    if (key.empty()) return {};
+    const std::scoped_lock lock(registry_mutex());
+    json registry = load();
+    const json& names = object_member(registry, "names");
+    const auto own = names.find(house_label(text_member(registry, "self")));
+    if (own != names.end() && is_held_by(*own, key)) return own.key();
+    for (const auto& [label, row] : names.items())
+        if (is_held_by(row, key)) return label;
+    return {};
+}
+
+std::string register_house_label(std::string_view name, const std::string& public_key, const std::string& address)
+{
+    const std::string label = house_label(name);
+    if (label.empty()) return "need a paymail name (letters, numbers, _ - .)";
+    const std::string key = lower_ascii(public_key);
+    if (key.empty()) return "no Vaultry identity pubkey";
+
+    const std::scoped_lock lock(registry_mutex());
+    json registry = load();
+    json& names = object_member(registry, "names");
+    const auto held = names.find(label);
+    if (held != names.end() && !is_held_by(*held, key)) return label + "@" + kHouseDomain + " is already taken";
+    if (held == names.end()) {
+        const std::size_t most = quota(registry);
+        if (count_labels(names, key) >= most)
+            return "paymail quota reached (" + std::to_string(most) + " free labels per identity)";
+    }
+
+    json& row = object_member(names, label.c_str());
+    row["pubkey"] = key;
+    if (!address.empty()) row["address"] = address;
+    registry["self"] = label;
+    return save(registry) ? "" : kHouseRegistryUnwritable;
+}
+
+std::string set_house_avatar(const std::string& public_key, const std::string& picture)
+{
+    const std::string key = lower_ascii(public_key);
+    if (key.empty()) return "no identity pubkey";
+    const std::scoped_lock lock(registry_mutex());
+    json registry = load();
+    if (picture.empty()) {
+        const auto avatars = registry.find("avatars");
+        if (avatars != registry.end() && avatars->is_object()) avatars->erase(key);
+        change_rows(registry, key, [](json& row) { row.erase("avatar"); });
+    } else {
+        object_member(registry, "avatars")[key] = picture;
+        change_rows(registry, key, [&picture](json& row) { row["avatar"] = picture; });
+    }
+    return save(registry) ? "" : kHouseRegistryUnwritable;
+}
+
+void set_house_ord_address(const std::string& public_key, const std::string& ordinals_address)
+{
+    const std::string key = lower_ascii(public_key);
+    if (key.empty() || ordinals_address.empty()) return;
+    const std::scoped_lock lock(registry_mutex());
+    json registry = load();
+    change_rows(registry, key, [&ordinals_address](json& row) { row["ordAddress"] = ordinals_address; });
+    save(registry);
+}

@@ -1,0 +1,98 @@
+#include "wallet_bridge/loaded_wallet.h"
+
+#include "platform/files.h"
+#include "wallet/lock_record.h"
+#include "wallet_bridge/binding.h"
+#include "wallet_bridge/data_directory.h"
+#include "wallet_bridge/house_registry.h"
+#include "wallet_bridge/spent_snapshot.h"
+
+#include <optional>
+
+namespace {
+
+struct WalletState {
+    std::recursive_mutex mutex;
+    std::optional<Wallet> wallet;
+    std::set<std::string> spent_outpoints;
+};
+
+WalletState& wallet_state()
+{
+    static auto* const state = new WalletState;  // never destroyed: a worker may hold it when the process ends
+    return *state;
+}
+
+bool has_seal(const std::string& path)
+{
+    return file_status(path + ".seal") == FileStatus::exists;
+}
+
+}  // namespace
+
+std::recursive_mutex& wallet_state_mutex()
+{
+    return wallet_state().mutex;
+}
+
+std::string wallet_path()
+{
+    const std::string path = wallet_file_path();
+    return path.empty() ? data_directory() + "/corvane_vaultry.json" : path;
+}
+
+bool is_wallet_locked()
+{
+    const std::string path = wallet_path();
+    return has_seal(path) || is_lock_record(read_file(path).value_or(""));
+}
+
+bool load_wallet()
+{
+    forget_wallet();
+    const std::string path = wallet_path();
+    if (has_seal(path)) return false;
+    auto text = read_file(path);
+    if (!text) return false;
+    WalletState& state = wallet_state();
+    state.wallet = read_wallet(SecretText(std::move(*text)));
+    if (!state.wallet) return false;
+
+    const WalletKeys& keys = state.wallet->keys;
+    if (!keys.identity_key.empty() && !keys.ordinals_address.empty())
+        set_house_ord_address(keys.identity_key, keys.ordinals_address);
+    state.spent_outpoints = read_spent_snapshot(spent_snapshot_key(bound_wallet_id(), keys.identity_key, keys.address));
+    return true;
+}
+
+bool save_wallet()
+{
+    const Wallet* const wallet = loaded_wallet();
+    if (wallet == nullptr) return false;
+    const SecretText text = wallet_text(*wallet);
+    if (text.empty()) return false;
+    const std::string path = wallet_path();
+    create_folders(parent_folder(path));
+    const SecretText current(read_file(path).value_or(""));
+    if (current.text() == text.text()) return true;
+    // Writing now would undo what the wallet application has just saved. The next load sees both.
+    if (!current.empty() && current.text() != wallet->source.text()) return false;
+    return rewrite_in_place(path, text.text());
+}
+
+void forget_wallet()
+{
+    wallet_state().wallet.reset();
+    wallet_state().spent_outpoints.clear();
+}
+
+Wallet* loaded_wallet()
+{
+    auto& wallet = wallet_state().wallet;
+    return wallet ? &*wallet : nullptr;
+}
+
+const std::set<std::string>& spent_outpoints()
+{
+    return wallet_state().spent_outpoints;
+}

@@ -1,0 +1,34 @@
+// The connected wallet, as it was last read from its file: one for the process. Whoever calls anything here holds the
+// wallet-state mutex.
+#pragma once
+
+#include "wallet/wallet_document.h"
+
+#include <mutex>
+#include <set>
+#include <string>
+
+std::recursive_mutex& wallet_state_mutex();
+
+// The bound wallet's file, else the single wallet file of the older layout.
+std::string wallet_path();
+
+// Whether that file is locked: a seal file lies beside it, or it holds a lock record.
+bool is_wallet_locked();
+
+// Forgets the wallet that was loaded before, then reads the file and derives the keys. Records the ordinals address
+// in the house registry. False, with no wallet loaded, for a locked, missing or malformed file.
+bool load_wallet();
+
+// Rewrites the file from the loaded wallet, in place; what this program does not know in it stays. False when no wallet
+// is loaded, the file cannot be written, or another program has changed it since it was loaded.
+bool save_wallet();
+
+// Wipes the loaded wallet's secrets and empties it.
+void forget_wallet();
+
+// Null when none is loaded. Valid until the next load or forgetting.
+Wallet* loaded_wallet();
+
+// The ordinal items that are known to be spent, of the loaded wallet; outpoints as plain text.
+const std::set<std::string>& spent_outpoints();
