@@ -11,7 +11,8 @@ error_log $WORLD_DIR/logs/web.log;
 events {}
 http {
   include /etc/nginx/mime.types;
-  access_log $WORLD_DIR/logs/access.log;
+  log_format world '\$host "\$request" \$status "\$http_user_agent"';
+  access_log $WORLD_DIR/logs/access.log world;
   client_body_temp_path $WORLD_DIR/web/body;
   fastcgi_temp_path $WORLD_DIR/web/fastcgi;
   proxy_temp_path $WORLD_DIR/web/proxy;
