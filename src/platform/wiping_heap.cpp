@@ -49,74 +49,16 @@ void wiping_free(void* block)
     std::free(block);
 }
 
-namespace {
-
-// Asks the program's new-handler for more memory until it gives up, as the standard's own operator new does.
-template <typename Allocate>
-void* allocate_or_throw(Allocate allocate)
+// The array, nothrow and sized forms of the standard library end in these. The aligned forms do not, but nothing in this
+// program is aligned more strictly than malloc's blocks are.
+void* operator new(std::size_t size)
 {
     for (;;) {
-        if (void* block = allocate()) return block;
+        if (void* block = wiping_malloc(size == 0 ? 1 : size)) return block;
         const std::new_handler handler = std::get_new_handler();
         if (handler == nullptr) throw std::bad_alloc();
         handler();
     }
-}
-
-void free_aligned(void* block, std::align_val_t alignment)
-{
-    if (block == nullptr) return;
-    SecureZeroMemory(block, _aligned_msize(block, static_cast<std::size_t>(alignment), 0));
-    _aligned_free(block);
-}
-
-}  // namespace
-
-// The array and the nothrow forms of the standard library call these. All forms of delete stand here, so that none of
-// the library's own, which would free without wiping, is ever linked in.
-void* operator new(std::size_t size)
-{
-    return allocate_or_throw([size] { return wiping_malloc(size == 0 ? 1 : size); });
-}
-
-void* operator new(std::size_t size, std::align_val_t alignment)
-{
-    return allocate_or_throw(
-        [size, alignment] { return _aligned_malloc(size == 0 ? 1 : size, static_cast<std::size_t>(alignment)); });
-}
-
-void* operator new[](std::size_t size)
-{
-    return operator new(size);
-}
-
-void* operator new[](std::size_t size, std::align_val_t alignment)
-{
-    return operator new(size, alignment);
-}
-
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept
-try {
-    return operator new(size);
-} catch (...) {
-    return nullptr;
-}
-
-void* operator new(std::size_t size, std::align_val_t alignment, const std::nothrow_t&) noexcept
-try {
-    return operator new(size, alignment);
-} catch (...) {
-    return nullptr;
-}
-
-void* operator new[](std::size_t size, const std::nothrow_t& nothrow) noexcept
-{
-    return operator new(size, nothrow);
-}
-
-void* operator new[](std::size_t size, std::align_val_t alignment, const std::nothrow_t& nothrow) noexcept
-{
-    return operator new(size, alignment, nothrow);
 }
 
 void operator delete(void* block) noexcept
@@ -127,54 +69,4 @@ void operator delete(void* block) noexcept
 void operator delete(void* block, std::size_t) noexcept
 {
     wiping_free(block);
-}
-
-void operator delete(void* block, const std::nothrow_t&) noexcept
-{
-    wiping_free(block);
-}
-
-void operator delete(void* block, std::align_val_t alignment) noexcept
-{
-    free_aligned(block, alignment);
-}
-
-void operator delete(void* block, std::size_t, std::align_val_t alignment) noexcept
-{
-    free_aligned(block, alignment);
-}
-
-void operator delete(void* block, std::align_val_t alignment, const std::nothrow_t&) noexcept
-{
-    free_aligned(block, alignment);
-}
-
-void operator delete[](void* block) noexcept
-{
-    wiping_free(block);
-}
-
-void operator delete[](void* block, std::size_t) noexcept
-{
-    wiping_free(block);
-}
-
-void operator delete[](void* block, const std::nothrow_t&) noexcept
-{
-    wiping_free(block);
-}
-
-void operator delete[](void* block, std::align_val_t alignment) noexcept
-{
-    free_aligned(block, alignment);
-}
-
-void operator delete[](void* block, std::size_t, std::align_val_t alignment) noexcept
-{
-    free_aligned(block, alignment);
-}
-
-void operator delete[](void* block, std::align_val_t alignment, const std::nothrow_t&) noexcept
-{
-    free_aligned(block, alignment);
 }
