@@ -89,19 +89,20 @@ void on_flow_result(LPARAM lparam)
     if (sentence != nullptr) set_status(*sentence);
 }
 
-void on_destroy()
-{
-    save_settings(app_state().settings, name_field_text());
-    if (app_state().settings_window != nullptr) DestroyWindow(app_state().settings_window);
-    PostQuitMessage(0);
-}
-
 // A result that was posted just before the end finds nobody any more.
 void discard_late_results(HWND window)
 {
     MSG late{};
     while (PeekMessageW(&late, window, MsgFlowResult, MsgFlowResult, PM_REMOVE))
         take_text<std::wstring>(late.lParam);
+}
+
+void on_destroy(HWND window)
+{
+    save_settings(app_state().settings, name_field_text());
+    if (app_state().settings_window != nullptr) DestroyWindow(app_state().settings_window);
+    discard_late_results(window);  // before there is a quit message, which passes every filter
+    PostQuitMessage(0);
 }
 
 }  // namespace
@@ -141,11 +142,8 @@ LRESULT CALLBACK main_window_procedure(HWND window, UINT message, WPARAM wparam,
         on_flow_result(lparam);
         return 0;
     case WM_DESTROY:
-        on_destroy();
+        on_destroy(window);
         return 0;
-    case WM_NCDESTROY:
-        discard_late_results(window);
-        break;
     default:
         break;
     }

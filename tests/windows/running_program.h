@@ -1,0 +1,45 @@
+// The real program, started beside a test and driven through its real window.
+#pragma once
+
+#include "ui/geometry.h"
+
+#include <windows.h>
+
+#include <functional>
+#include <string>
+
+// Asks again until `condition` holds; false when it still does not after ten seconds.
+bool becomes_true(const std::function<bool()>& condition);
+
+// Starts the program with this process's environment; its exit code.
+DWORD run_to_its_end();
+
+class RunningProgram {
+public:
+    RunningProgram();  // returns when the window is there and waits for input
+    RunningProgram(const RunningProgram&) = delete;
+    RunningProgram& operator=(const RunningProgram&) = delete;
+    ~RunningProgram();  // ended with force when it still runs
+
+    HWND window() const { return m_window; }
+    HWND control(int id) const { return GetDlgItem(m_window, id); }
+    std::wstring text(int id) const;
+    Rect place(int id) const;  // in the window's client area
+    Size client() const;
+
+    void type(const wchar_t* name) const;                // into the name field, in place of what it holds
+    void press(int id) const;                            // a button, with the mouse
+    bool shows(int id, const std::wstring& text) const;  // sooner or later
+    bool answers() const;                                // its thread is in the message loop
+
+    // Tells the window, as the system does, that it is on a monitor of `dpi` now and what its rectangle should be.
+    void change_dpi(unsigned dpi, const RECT& suggested) const;
+
+    bool is_running() const { return WaitForSingleObject(m_process, 0) == WAIT_TIMEOUT; }
+    DWORD close() const;  // by the caption's close box; the exit code
+    DWORD exit_code() const;
+
+private:
+    HANDLE m_process = nullptr;
+    HWND m_window = nullptr;
+};
