@@ -43,7 +43,7 @@ std::wstring publish_sentence(const SiteSettings& settings)
         return L"Press Install plugin and upload the zip over the one on the site.";
     const HttpReply reply = site_request("POST", site.base + "/wp-json/brasslet/v1/name",
                                          publish_body(settings, key, address), settings.user, settings.pass);
-    const std::wstring refusal = publish_refusal(reply);
+    std::wstring refusal = publish_refusal(reply);
     if (!refusal.empty()) return refusal;
 
     const std::string host = published_host(reply, site.host);

@@ -16,7 +16,7 @@ struct Free {
     void operator()(EVP_PKEY* key) const { EVP_PKEY_free(key); }
     void operator()(X509* certificate) const { X509_free(certificate); }
     void operator()(X509_EXTENSION* extension) const { X509_EXTENSION_free(extension); }
-    void operator()(std::FILE* file) const { std::fclose(file); }
+    void operator()(std::FILE* file) const { static_cast<void>(std::fclose(file)); }
 };
 using Key = std::unique_ptr<EVP_PKEY, Free>;
 using Certificate = std::unique_ptr<X509, Free>;

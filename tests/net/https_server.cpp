@@ -77,7 +77,7 @@ HttpsServer::HttpsServer(const std::vector<std::string>& names, Signer signer, c
       m_thread([this] { serve(); })
 {
     // A client that leaves early ends a write, not the process.
-    std::signal(SIGPIPE, SIG_IGN);
+    static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
 }
 
 HttpsServer::~HttpsServer()
@@ -107,7 +107,7 @@ Answer HttpsServer::next_answer(const std::string& request)
     const std::size_t end = request.find(' ', request.find(' ') + 1);
     const auto answers = m_answers.find(request.substr(0, end));
     if (answers == m_answers.end()) return {404, "", {}, Fault::none};
-    const Answer next = answers->second.front();
+    Answer next = answers->second.front();
     if (answers->second.size() > 1) answers->second.erase(answers->second.begin());
     return next;
 }

@@ -1,0 +1,28 @@
+// A site that publishes the bound wallet as alice@brasslet.test, as the plugin does.
+#pragma once
+
+#include "net/net_test.h"
+#include "support/bound_wallet.h"
+
+#include <string>
+
+inline constexpr char kDiscoveryPath[] = "GET /.well-known/bsvalias";
+inline constexpr char kPkiPath[] = "GET /id/alice@brasslet.test";
+inline constexpr char kPayPath[] = "POST /pay/alice@brasslet.test";
+inline constexpr char kRegistry[] = "payname/payname.json";
+
+std::string discovery_document(const std::string& host);
+std::string output_paying(const std::string& address);  // one element of a reply's "outputs"
+
+class PayingSite : public NetTest {
+protected:
+    PayingSite();
+
+    void answer(const std::string& request, const std::string& body, int status = 200)
+    {
+        server.answer(request, Answer{status, body, {}, Fault::none});
+    }
+    std::string kept_names() const { return wallet.folder.read(kRegistry); }
+
+    BoundWallet wallet;
+};

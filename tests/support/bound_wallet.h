@@ -1,0 +1,16 @@
+// A data directory that holds one recovery-phrase wallet, to which this process is bound.
+#pragma once
+
+#include "support/test_folder.h"
+
+#include <string>
+
+struct BoundWallet {
+    BoundWallet();
+
+    TestFolder folder;
+    std::string key;      // identity public key
+    std::string address;  // payment address
+};
+
+inline constexpr char kBoundWalletFile[] = "wallets/1/wallet.json";

@@ -1,0 +1,126 @@
+#include "paymail/payname_registry.h"
+
+#include "platform/files.h"
+#include "support/bound_wallet.h"
+#include "text/json.h"
+
+#include "build_values.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using nlohmann::json;
+
+constexpr char kFile[] = "payname/payname.json";
+
+json row(const std::string& paymail, const std::string& pubkey = "key", const std::string& address = "address")
+{
+    return {{"paymail", paymail}, {"pubkey", pubkey}, {"address", address}};
+}
+
+std::string names_form(const json& rows)
+{
+    return json{{"names", rows}}.dump(2);
+}
+
+}  // namespace
+
+TEST(PaynameRegistry, IsEmptyWithoutAReadableFile)
+{
+    const TestFolder folder;
+    EXPECT_EQ(load_paynames(), json::array());
+    for (const std::string& text :
+         {std::string(), std::string("no json"), std::string("{}"), std::string("7"), std::string(R"({"names":7})"),
+          std::string(10'000, '['), std::string("{\"names\":[\"\xff\"]}")}) {
+        folder.write(kFile, text);
+        EXPECT_EQ(load_paynames(), json::array()) << text.substr(0, 40);
+    }
+}
+
+TEST(PaynameRegistry, ReadsTheNamesOrAnArrayOrOneOlderRow)
+{
+    const TestFolder folder;
+    const json rows = json::array({row("a@x.org"), row("b@x.org")});
+    folder.write(kFile, json{{"names", rows}, {"paymail", "c@x.org"}}.dump());
+    EXPECT_EQ(load_paynames(), rows);
+    folder.write(kFile, rows.dump());
+    EXPECT_EQ(load_paynames(), rows);
+    folder.write(kFile, row("a@x.org").dump());
+    EXPECT_EQ(load_paynames(), json::array({row("a@x.org")}));
+}
+
+TEST(PaynameRegistry, IsWrittenInTheNamesForm)
+{
+    const TestFolder folder;
+    EXPECT_TRUE(save_paynames(json::array({row("a@x.org")})));
+    EXPECT_EQ(folder.read(kFile),
+              "{\n  \"names\": [\n    {\n      \"address\": \"address\",\n      \"paymail\": \"a@x.org\",\n"
+              "      \"pubkey\": \"key\"\n    }\n  ]\n}");
+}
+
+TEST(PaynameRegistry, CannotBeWrittenWhereItsFolderCannotBe)
+{
+    const TestFolder folder;
+    folder.write("payname", "a file");
+    EXPECT_FALSE(save_paynames(json::array()));
+    EXPECT_FALSE(keep_payname({"a@x.org", "key", "address"}));
+    EXPECT_EQ(folder.read("payname"), "a file");
+}
+
+TEST(PaynameRegistry, AnOlderRowIsRewrittenInTheNamesForm)
+{
+    const TestFolder folder;
+    folder.write(kFile, row("a@x.org").dump());
+    EXPECT_TRUE(keep_payname({"b@x.org", "k", "a"}));
+    EXPECT_EQ(folder.read(kFile), names_form(json::array({row("a@x.org"), row("b@x.org", "k", "a")})));
+}
+
+TEST(PaynameRegistry, KeepingANameTwiceUpdatesItsRowInPlace)
+{
+    const TestFolder folder;
+    json noted = row("A@X.org", "old", "old");
+    noted["note"] = "mine";
+    folder.write(kFile, names_form(json::array({7, noted, row("b@x.org")})));
+    EXPECT_TRUE(keep_payname({"a@x.org", "k", "a"}));
+    json updated = row("a@x.org", "k", "a");
+    updated["note"] = "mine";
+    EXPECT_EQ(load_paynames(), json::array({7, updated, row("b@x.org")}));
+}
+
+TEST(PaynameRegistry, RemovingANameKeepsEveryOther)
+{
+    const TestFolder folder;
+    folder.write(kFile, names_form(json::array({row("a@x.org"), 7, row("A@X.ORG"), row("b@x.org"), json::object()})));
+    remove_payname("a@X.org");
+    EXPECT_EQ(folder.read(kFile), names_form(json::array({7, row("b@x.org"), json::object()})));
+}
+
+TEST(PaynameRegistry, RemovingTheLastNameDeletesTheFile)
+{
+    const TestFolder folder;
+    folder.write(kFile, names_form(json::array({row("a@x.org")})));
+    remove_payname("a@x.org");
+    EXPECT_FALSE(folder.has(kFile));
+    remove_payname("a@x.org");
+    EXPECT_FALSE(folder.has(kFile));
+}
+
+TEST(PaynameRegistry, ShowsNothingWithoutAWallet)
+{
+    const TestFolder folder;
+    folder.write(kFile, names_form(json::array({row("a@x.org", "", "")})));
+    EXPECT_EQ(names_of_this_wallet(), "");
+}
+
+TEST(PaynameRegistry, ShowsTheNamesOfThisWallet)
+{
+    const BoundWallet wallet;
+    const auto mine = [&wallet](const std::string& paymail) { return row(paymail, wallet.key, wallet.address); };
+    wallet.folder.write(kFile, names_form(json::array({mine("a@x.org"), 7, row("other@x.org", "other", wallet.address),
+                                                       row("moved@x.org", wallet.key, "other"), mine("no paymail"),
+                                                       mine("a b@x.org"), mine("a@localhost"), mine("a@b@x.org"),
+                                                       mine(std::string("house@") + kHouseDomain),
+                                                       mine("house@CORVANE.example"), mine("b@y.org")})));
+    EXPECT_EQ(names_of_this_wallet(), "a@x.org, b@y.org");
+}

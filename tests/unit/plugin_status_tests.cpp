@@ -1,0 +1,44 @@
+#include "site/plugin_status.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+SitePlugin plugin(std::int32_t status, const std::string& body, const std::string& error = "")
+{
+    HttpReply reply;
+    reply.status = status;
+    reply.body = body;
+    reply.error = error;
+    return plugin_in(reply);
+}
+
+constexpr char kCurrent[] = R"({"ok":true,"login":"names"})";
+
+}  // namespace
+
+TEST(PluginStatus, IsCurrentWithTheLoginMark)
+{
+    EXPECT_EQ(plugin(200, kCurrent), SitePlugin::current);
+    EXPECT_EQ(plugin(299, R"({"login":"names"})"), SitePlugin::current);
+}
+
+TEST(PluginStatus, IsOutdatedWithoutTheLoginMark)
+{
+    EXPECT_EQ(plugin(200, R"({"ok":true})"), SitePlugin::outdated);
+    EXPECT_EQ(plugin(200, R"({"ok":true,"login": "names"})"), SitePlugin::outdated);
+    EXPECT_EQ(plugin(200, R"({"ok":true,"login":"name"})"), SitePlugin::outdated);
+}
+
+TEST(PluginStatus, IsNoneForEveryOtherPage)
+{
+    EXPECT_EQ(plugin(200, "<html>ok</html>"), SitePlugin::none);
+    EXPECT_EQ(plugin(200, ""), SitePlugin::none);
+    for (const std::int32_t status : {0, 199, 300, 401, 404, 500})
+        EXPECT_EQ(plugin(status, kCurrent), SitePlugin::none) << status;
+}
+
+TEST(PluginStatus, IsNoneWhenTheTransferFailed)
+{
+    EXPECT_EQ(plugin(200, kCurrent, "The site did not answer."), SitePlugin::none);
+}
