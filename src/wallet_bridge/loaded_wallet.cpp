@@ -67,9 +67,9 @@ bool load_wallet()
 
 bool save_wallet()
 {
-    const Wallet* const wallet = loaded_wallet();
+    Wallet* const wallet = loaded_wallet();
     if (wallet == nullptr) return false;
-    const SecretText text = wallet_text(*wallet);
+    SecretText text = wallet_text(*wallet);
     if (text.empty()) return false;
     const std::string path = wallet_path();
     create_folders(parent_folder(path));
@@ -77,7 +77,9 @@ bool save_wallet()
     if (current.text() == text.text()) return true;
     // Writing now would undo what the wallet application has just saved. The next load sees both.
     if (!current.empty() && current.text() != wallet->source.text()) return false;
-    return rewrite_in_place(path, text.text());
+    if (!rewrite_in_place(path, text.text())) return false;
+    wallet->source = std::move(text);
+    return true;
 }
 
 void forget_wallet()

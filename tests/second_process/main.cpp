@@ -78,11 +78,11 @@ int rewrite_for_ever(const std::string& path, std::size_t short_size, std::size_
 }
 
 #ifdef _WIN32
-// Opens the file as a program would that thinks of nobody else: others may read, not write, replace or delete it.
-int hold_open(const std::string& path)
+// Opens the file as a program would that thinks of nobody else: others may at most do what `share` says.
+int hold_open(const std::string& path, DWORD share)
 {
     const UniqueHandle file(
-        CreateFileW(wide_path(path).c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
+        CreateFileW(wide_path(path).c_str(), GENERIC_READ, share, nullptr, OPEN_EXISTING, 0, nullptr));
     say(file ? "open" : "failed");
     wait_for_the_end_of_input();
     return 0;
@@ -97,7 +97,8 @@ int run(const std::vector<std::string>& words)
     if (task == "write-registry") return write_registry_for_ever(std::stoi(words.at(2)));
     if (task == "rewrite") return rewrite_for_ever(words.at(2), std::stoul(words.at(3)), std::stoul(words.at(4)));
 #ifdef _WIN32
-    if (task == "hold-open") return hold_open(words.at(2));
+    if (task == "hold-open") return hold_open(words.at(2), FILE_SHARE_READ);
+    if (task == "hold-alone") return hold_open(words.at(2), 0);
 #endif
     return 2;
 }

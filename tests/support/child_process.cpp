@@ -6,8 +6,8 @@
 
 #ifdef _WIN32
 
-#include "platform/windows_path.h"
 #include <windows.h>
+#include "platform/windows_path.h"
 
 namespace {
 
@@ -70,7 +70,7 @@ std::string ChildProcess::read_line()
     char c = 0;
     DWORD read = 0;
     while (ReadFile(handle_of(m_output), &c, 1, &read, nullptr) != 0 && read == 1 && c != '\n')
-        line += c;
+        if (c != '\r') line += c;
     return line;
 }
 

@@ -8,10 +8,11 @@
 
 #ifdef _WIN32
 #include "platform/environment.h"
-#include <stdlib.h>
+
 #include <windows.h>
 #else
 #include "platform_host/stand_in.h"
+
 #include <unistd.h>
 #endif
 

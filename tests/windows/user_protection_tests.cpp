@@ -1,0 +1,46 @@
+#include "platform/user_protection.h"
+
+#include "settings/settings_store.h"
+#include "support/test_folder.h"
+
+#include <gtest/gtest.h>
+
+TEST(UserProtection, WhatWasProtectedOpensAgain)
+{
+    const auto sealed = protect_for_user(SecretText("p\xC3\xA4ss \xE7\x94\xA8 word"));
+    ASSERT_TRUE(sealed);
+    EXPECT_EQ(sealed->find("word"), std::string::npos);
+    const auto opened = unprotect_for_user(*sealed);
+    ASSERT_TRUE(opened);
+    EXPECT_EQ(opened->text(), "p\xC3\xA4ss \xE7\x94\xA8 word");
+}
+
+TEST(UserProtection, TheProtectedFormCarriesTheProgramsName)
+{
+    const std::string name("B\0r\0a\0s\0s\0l\0e\0t\0", 16);
+    EXPECT_NE(protect_for_user(SecretText("x")).value_or("").find(name), std::string::npos);
+}
+
+TEST(UserProtection, WhatWasChangedOrNeverProtectedDoesNotOpen)
+{
+    EXPECT_FALSE(unprotect_for_user(""));
+    EXPECT_FALSE(unprotect_for_user("never protected"));
+    std::string sealed = protect_for_user(SecretText("a password")).value_or("");
+    ASSERT_FALSE(sealed.empty());
+    sealed.pop_back();
+    EXPECT_FALSE(unprotect_for_user(sealed));
+}
+
+TEST(UserProtection, NoFormOfThePasswordStandsInTheSettingsFile)
+{
+    const TestFolder folder;
+    SiteSettings settings;
+    settings.pass = SecretText("abcdefghijklmnopqrstuvwx");
+    save_settings(settings, "bob");
+    const std::string text = folder.read("payname/ui.json");
+    EXPECT_EQ(text.find("abcdefgh"), std::string::npos);
+    EXPECT_EQ(text.find("YWJjZGVmZ2"), std::string::npos);  // its base64
+    SiteSettings loaded;
+    load_settings(loaded);
+    EXPECT_EQ(loaded.pass.text(), "abcdefghijklmnopqrstuvwx");
+}
