@@ -1,0 +1,50 @@
+// The real window's colours, as they stand on the screen.
+#include "app/layout.h"
+#include "support/test_folder.h"
+#include "ui/gdi.h"
+#include "windows/running_program.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+COLORREF on_screen(const RunningProgram& program, int x, int y)
+{
+    POINT point{x, y};
+    ClientToScreen(program.window(), &point);
+    HDC screen = GetDC(nullptr);
+    const COLORREF colour = GetPixel(screen, point.x, point.y);
+    ReleaseDC(nullptr, screen);
+    return colour;
+}
+
+bool shows_colour(const RunningProgram& program, int x, int y, Colour colour)
+{
+    return becomes_true([&] { return on_screen(program, x, y) == colorref(colour); });
+}
+
+}  // namespace
+
+TEST(WindowPainting, ItsBackgroundRunsFromTheTopColourToTheBottomColour)
+{
+    const TestFolder folder;
+    const RunningProgram program;
+    EXPECT_TRUE(shows_colour(program, 5, 0, kBackgroundTop));
+    const COLORREF bottom = on_screen(program, 5, program.client().height - 1);
+    EXPECT_NEAR(GetRValue(bottom), kBackgroundBottom.red, 1);
+    EXPECT_NEAR(GetGValue(bottom), kBackgroundBottom.green, 1);
+    EXPECT_NEAR(GetBValue(bottom), kBackgroundBottom.blue, 1);
+}
+
+TEST(WindowPainting, ItsCardsFieldAndRuleHaveTheirColours)
+{
+    const TestFolder folder;
+    const RunningProgram program;
+    const MainLayout layout = main_layout(program.client().width, 96);
+    EXPECT_TRUE(shows_colour(program, layout.wallet_card.x + 8, layout.wallet_card.middle(), kCard));
+    EXPECT_TRUE(shows_colour(program, layout.wallet_card.x, layout.wallet_card.middle(), kCardOutline));
+    EXPECT_TRUE(shows_colour(program, layout.name_card.x + 8, layout.name_card.middle(), kCard));
+    EXPECT_TRUE(shows_colour(program, layout.kept_names.right() - 5, layout.kept_names.middle(), kCard));
+    EXPECT_TRUE(shows_colour(program, layout.name_field.right() - 20, layout.name_field.middle(), kEditBackground));
+    EXPECT_TRUE(shows_colour(program, layout.title_rule.x + 100, layout.title_rule.y, kTitleRule));
+}
