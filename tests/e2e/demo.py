@@ -30,7 +30,7 @@ def main() -> int:
     print(f"WordPress is up at https://{HOST}. Activating the plugin that the executable carries.", flush=True)
     site_world.activate_plugin(HOST, desk.EXE)
     desk.clear_data_directory()
-    desk.put_wallet()
+    desk.put_wallet(paymail="sofia")
     desk.put_settings(f"https://{HOST}", "owner", site_world.app_password(HOST))
 
     print("Starting Brasslet.exe, typing the name, pressing Publish.", flush=True)

@@ -17,7 +17,8 @@ VAULTRY = BUILD / "tests/world/vaultry/vaultry_stand_in.exe"
 # The phrase of a published test vector (BIP39), and what its wallet shows to the world.
 PHRASE = "legal winner thank year wave sausage worth useful legal winner thank yellow"
 
-NAME, PREVIEW, PAYMENT_ADDRESS, NOTE, STATUS, PUBLISH, CLOSE = 1004, 1012, 1011, 1013, 1008, 1006, 1018
+NAME, PREVIEW, HOUSE_PAYMAIL, PAYMENT_ADDRESS, NOTE = 1004, 1012, 1010, 1011, 1013
+STATUS, PUBLISH, CLOSE = 1008, 1006, 1018
 
 
 def data_directory() -> pathlib.Path:

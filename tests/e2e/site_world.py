@@ -1,5 +1,5 @@
 """The user's WordPress in the test world, and what any paying client sees of it."""
-import json
+import contextlib
 import os
 import pathlib
 import subprocess
@@ -34,6 +34,18 @@ def run_php(host: str, code: str) -> str:
     return done.stdout
 
 
+@contextlib.contextmanager
+def own_address(url: str):
+    """The WordPress of brasslet.test believes for a while that its own address is this one."""
+    plugin = pathlib.Path(os.environ["WORLD_DIR"]) / "sites/stable/content/mu-plugins/own_address.php"
+    plugin.parent.mkdir(exist_ok=True)
+    plugin.write_text(f"<?php add_filter( 'option_home', function () {{ return '{url}'; }}, 99 );\n")
+    try:
+        yield
+    finally:
+        plugin.unlink()
+
+
 def forget_names(host: str) -> None:
     run_php(host, "delete_option('brasslet_record');")
 
@@ -55,6 +67,3 @@ def set_zone(*lines: str) -> None:
     """Replaces the name server's records; see the zone file's first lines."""
     pathlib.Path(os.environ["WORLD_ZONE"]).write_text("".join(line + "\n" for line in lines), encoding="utf-8")
 
-
-def pretty(document: object) -> str:
-    return json.dumps(document, indent=2)

@@ -52,14 +52,10 @@ def test_a_dead_srv_target_is_tried_once_more_on_the_domain(user, zone):
 
 
 def test_a_name_under_the_house_domain_stays_in_the_wallet_application(user):
-    # a WordPress whose own address lies under the house domain
-    site_world.run_php("brasslet.test", "update_option('home', 'https://corvane.example');")
-    try:
-        with desk.running_program():
-            assert desk.publish("alice") == "The house paymail stays on Vaultry."
-    finally:
-        site_world.run_php("brasslet.test", "update_option('home', 'https://brasslet.test');")
+    with site_world.own_address("https://corvane.example"), desk.running_program():
+        assert desk.publish("alice") == "The house paymail stays on Vaultry."
     assert desk.payname_rows() == []
+    assert not any("/.well-known/bsvalias" in line for line in access_log())
 
 
 def test_a_name_that_is_kept_already_keeps_its_one_row(user):
@@ -85,6 +81,16 @@ def test_a_newer_wordpress_takes_the_name_too(user):
     with desk.running_program():
         assert desk.publish("alice") == "Vaultry kept alice@newer.brasslet.test."
     assert_kept("alice@newer.brasslet.test")
+
+
+def test_the_house_paymail_is_shown_and_sent(user):
+    desk.put_wallet(paymail="Sofia@elsewhere.example")
+    with desk.running_program():
+        assert desk.drive("text", desk.HOUSE_PAYMAIL) == "Sofia@corvane.example"
+        assert desk.publish("alice") == KEPT
+    assert site_world.run_php("brasslet.test", "echo get_option('brasslet_record')['rows'][0]['house'];") == (
+        "sofia@corvane.example"
+    )
 
 
 def test_a_host_that_strips_the_login_header_takes_the_name_too(user):
