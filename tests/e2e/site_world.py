@@ -66,4 +66,3 @@ def capabilities(host: str) -> dict:
 def set_zone(*lines: str) -> None:
     """Replaces the name server's records; see the zone file's first lines."""
     pathlib.Path(os.environ["WORLD_ZONE"]).write_text("".join(line + "\n" for line in lines), encoding="utf-8")
-
