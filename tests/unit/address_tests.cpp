@@ -147,3 +147,14 @@ TEST(Address, RefusesAPayloadOfAnotherSizeWithARightChecksum)
     EXPECT_FALSE(hash160_from_address(text_with_checksum(19)));
     EXPECT_FALSE(hash160_from_address(text_with_checksum(21)));
 }
+
+TEST(Address, RefusesAnAddressWithAByteBehindIt)
+{
+    Hash160 hash{};
+    hash[0] = 1;
+    auto payload = base58_decode(address_from_hash160(hash)).value();
+    payload.push_back(0);
+    const std::string text = base58_encode(payload);
+    EXPECT_LE(text.size(), 35U);  // it is not refused for its length
+    EXPECT_FALSE(hash160_from_address(text));
+}
