@@ -7,6 +7,8 @@
 #include "wallet_bridge/wallet_registry.h"
 
 #include <cstdio>
+#include <exception>
+#include <iostream>
 #include <string>
 
 #ifdef _WIN32
@@ -18,8 +20,7 @@ namespace {
 
 void say(const char* line)
 {
-    std::puts(line);
-    std::fflush(stdout);
+    std::cout << line << std::endl;
 }
 
 void wait_for_the_end_of_input()
@@ -106,9 +107,11 @@ int run(const std::vector<std::string>& words)
 }  // namespace
 
 int main(int count, char** arguments)
-{
+try {
     const std::vector<std::string> words(arguments + 1, arguments + count);
     if (words.size() < 2) return 2;
     use_local_app_data(words[0]);
     return run(words);
+} catch (const std::exception&) {
+    return 3;  // a word is missing or is no number
 }
