@@ -82,18 +82,18 @@ bool pays_only(const std::string& reply_body, const std::string& address)
 std::string verify(const std::string& payname)
 {
     if (!wallet_ready()) return "Connect a Vaultry wallet first.";
-    const auto [alias, domain] = split_payname(payname);
-    if (!is_valid_alias(alias) || !is_valid_host(domain)) return "That name is not a paymail.";
-    if (domain == kHouseDomain) return "The house paymail stays on Vaultry.";
+    const Payname name = split_payname(payname);
+    if (!is_valid_alias(name.alias) || !is_valid_host(name.domain)) return "That name is not a paymail.";
+    if (name.domain == kHouseDomain) return "The house paymail stays on Vaultry.";
 
     const std::string key = lower_ascii(identity_pubkey().value_or(std::string()));
     const std::string address = wallet_address().value_or(std::string());
     if (key.size() != 66 || address.size() < 26) return "This Vaultry has no payment address yet.";
 
     Discovered discovered;
-    if (!discover(domain, discovered)) return "The site did not answer the paymail address.";
+    if (!discover(name.domain, discovered)) return "The site did not answer the paymail address.";
     const auto url_of = [&](const char* key_of_capability) {
-        return capability_url(discovered.capabilities, key_of_capability, alias, domain, discovered.host);
+        return capability_url(discovered.capabilities, key_of_capability, name.alias, name.domain, discovered.host);
     };
 
     const std::string pki_url = url_of("pki");

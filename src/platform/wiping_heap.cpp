@@ -4,7 +4,6 @@
 
 #include <malloc.h>
 
-#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <new>
@@ -50,88 +49,16 @@ void wiping_free(void* block)
     std::free(block);
 }
 
-namespace {
-
-// Asks the program's new-handler for more memory until it gives up, as the standard's own operator new does.
-template <typename Allocate>
-void* allocate_or_throw(Allocate allocate)
+// The array, nothrow and sized forms of the standard library end in these. The aligned forms do not, but nothing in this
+// program is aligned more strictly than malloc's blocks are.
+void* operator new(std::size_t size)
 {
     for (;;) {
-        if (void* block = allocate()) return block;
+        if (void* block = wiping_malloc(size == 0 ? 1 : size)) return block;
         const std::new_handler handler = std::get_new_handler();
         if (handler == nullptr) throw std::bad_alloc();
         handler();
     }
-}
-
-// The block that an aligned one lies in; its address stands just before the aligned one.
-void*& block_around(void* aligned)
-{
-    return static_cast<void**>(aligned)[-1];
-}
-
-void* allocate_aligned(std::size_t size, std::size_t alignment)
-{
-    const std::size_t extra = alignment + sizeof(void*);  // an alignment is at least a pointer's here
-    if (size > SIZE_MAX - extra) return nullptr;
-    void* const block = wiping_malloc(size + extra);
-    if (block == nullptr) return nullptr;
-    const std::uintptr_t first = reinterpret_cast<std::uintptr_t>(block) + extra;
-    void* const aligned = reinterpret_cast<void*>(first - first % alignment);
-    block_around(aligned) = block;
-    return aligned;
-}
-
-void free_aligned(void* aligned)
-{
-    if (aligned != nullptr) wiping_free(block_around(aligned));
-}
-
-}  // namespace
-
-// All forms stand here, so that none of the standard library's own, which free without wiping, is ever linked in.
-void* operator new(std::size_t size)
-{
-    return allocate_or_throw([size] { return wiping_malloc(size == 0 ? 1 : size); });
-}
-
-void* operator new(std::size_t size, std::align_val_t alignment)
-{
-    return allocate_or_throw([size, alignment] { return allocate_aligned(size, static_cast<std::size_t>(alignment)); });
-}
-
-void* operator new[](std::size_t size)
-{
-    return operator new(size);
-}
-
-void* operator new[](std::size_t size, std::align_val_t alignment)
-{
-    return operator new(size, alignment);
-}
-
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept
-try {
-    return operator new(size);
-} catch (...) {
-    return nullptr;
-}
-
-void* operator new(std::size_t size, std::align_val_t alignment, const std::nothrow_t&) noexcept
-try {
-    return operator new(size, alignment);
-} catch (...) {
-    return nullptr;
-}
-
-void* operator new[](std::size_t size, const std::nothrow_t& nothrow) noexcept
-{
-    return operator new(size, nothrow);
-}
-
-void* operator new[](std::size_t size, std::align_val_t alignment, const std::nothrow_t& nothrow) noexcept
-{
-    return operator new(size, alignment, nothrow);
 }
 
 void operator delete(void* block) noexcept
@@ -142,54 +69,4 @@ void operator delete(void* block) noexcept
 void operator delete(void* block, std::size_t) noexcept
 {
     wiping_free(block);
-}
-
-void operator delete(void* block, const std::nothrow_t&) noexcept
-{
-    wiping_free(block);
-}
-
-void operator delete(void* block, std::align_val_t) noexcept
-{
-    free_aligned(block);
-}
-
-void operator delete(void* block, std::size_t, std::align_val_t) noexcept
-{
-    free_aligned(block);
-}
-
-void operator delete(void* block, std::align_val_t, const std::nothrow_t&) noexcept
-{
-    free_aligned(block);
-}
-
-void operator delete[](void* block) noexcept
-{
-    wiping_free(block);
-}
-
-void operator delete[](void* block, std::size_t) noexcept
-{
-    wiping_free(block);
-}
-
-void operator delete[](void* block, const std::nothrow_t&) noexcept
-{
-    wiping_free(block);
-}
-
-void operator delete[](void* block, std::align_val_t) noexcept
-{
-    free_aligned(block);
-}
-
-void operator delete[](void* block, std::size_t, std::align_val_t) noexcept
-{
-    free_aligned(block);
-}
-
-void operator delete[](void* block, std::align_val_t, const std::nothrow_t&) noexcept
-{
-    free_aligned(block);
 }

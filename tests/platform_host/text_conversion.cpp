@@ -45,7 +45,7 @@ std::string narrow(std::wstring_view wide)
 {
     std::string utf8;
     for (const wchar_t character : wide) {
-        const auto code = static_cast<std::uint32_t>(character);
+        const auto code = static_cast<char32_t>(character);
         const auto tail = [&utf8, code](unsigned shift) { utf8 += static_cast<char>(0x80 | ((code >> shift) & 0x3F)); };
         if (code < 0x80) {
             utf8 += static_cast<char>(code);

@@ -11,7 +11,7 @@ namespace {
 // Puts a T into memory that outlives it, so that what its destructor left there can be looked at.
 template <typename T>
 struct Grave {
-    alignas(T) unsigned char memory[sizeof(T)];
+    alignas(T) unsigned char memory[sizeof(T)] = {};
     template <typename... Arguments>
     T* make(Arguments&&... arguments)
     {

@@ -36,12 +36,6 @@ bool leaves_something(void* block, Free free_block)
     return is_still_there(address);
 }
 
-struct alignas(64) Aligned {
-    unsigned char bytes[kSize];
-};
-
-constexpr std::align_val_t kAlignment{64};
-
 }  // namespace
 
 TEST(WipingHeap, PlainMemoryShowsThatTheTestCanSeeWhatStays)
@@ -55,28 +49,13 @@ TEST(WipingHeap, EveryFormOfDeleteZeroes)
     const auto form = [](auto allocate, auto free_block) { return leaves_something(allocate(), free_block); };
     const auto make = [] { return operator new(kSize); };
     const auto make_array = [] { return operator new[](kSize); };
-    const auto make_aligned = [] { return operator new(kSize, kAlignment); };
-    const auto make_aligned_array = [] { return operator new[](kSize, kAlignment); };
     EXPECT_FALSE(form(make, [](void* block) { operator delete(block); }));
     EXPECT_FALSE(form(make, [](void* block) { operator delete(block, kSize); }));
     EXPECT_FALSE(form(make, [](void* block) { operator delete(block, std::nothrow); }));
     EXPECT_FALSE(form(make_array, [](void* block) { operator delete[](block); }));
     EXPECT_FALSE(form(make_array, [](void* block) { operator delete[](block, kSize); }));
     EXPECT_FALSE(form(make_array, [](void* block) { operator delete[](block, std::nothrow); }));
-    EXPECT_FALSE(form(make_aligned, [](void* block) { operator delete(block, kAlignment); }));
-    EXPECT_FALSE(form(make_aligned, [](void* block) { operator delete(block, kSize, kAlignment); }));
-    EXPECT_FALSE(form(make_aligned, [](void* block) { operator delete(block, kAlignment, std::nothrow); }));
-    EXPECT_FALSE(form(make_aligned_array, [](void* block) { operator delete[](block, kAlignment); }));
-    EXPECT_FALSE(form(make_aligned_array, [](void* block) { operator delete[](block, kSize, kAlignment); }));
-    EXPECT_FALSE(form(make_aligned_array, [](void* block) { operator delete[](block, kAlignment, std::nothrow); }));
     EXPECT_FALSE(form([] { return operator new(kSize, std::nothrow); }, [](void* block) { operator delete(block); }));
-}
-
-TEST(WipingHeap, AlignedMemoryIsAligned)
-{
-    Aligned* const object = new Aligned;
-    EXPECT_EQ(reinterpret_cast<std::uintptr_t>(object) % 64, 0U);
-    delete object;
 }
 
 TEST(WipingHeap, TheOldBufferOfATextThatGrewIsZero)
@@ -110,5 +89,4 @@ TEST(WipingHeap, MemoryThatThereIsNotIsRefused)
     volatile std::size_t huge = SIZE_MAX / 2;
     EXPECT_THROW(static_cast<void>(operator new(huge)), std::bad_alloc);
     EXPECT_EQ(operator new(huge, std::nothrow), nullptr);
-    EXPECT_EQ(operator new(huge, kAlignment, std::nothrow), nullptr);
 }
