@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr std::size_t kLargestFile = 64 * 1024 * 1024;  // far above every file that the program reads
+constexpr std::size_t kLargestFile = std::size_t{64} * 1024 * 1024;  // far above every file that the program reads
 constexpr DWORD kEveryShare = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
 // Another program that looks at a file for a moment (a virus scanner, a backup, the wallet application) refuses us
