@@ -13,7 +13,7 @@ prepare_desktop() {
     mount --bind "$WORLD_DIR/desktop/sockets/x11" /tmp/.X11-unix
     mount --bind "$WORLD_DIR/desktop/sockets/wine" "/tmp/.wine-$(id -u)"
 
-    start display Xvfb "$DISPLAY" -nolock -nolisten tcp -screen 0 1600x1200x24
+    start display Xvfb "$DISPLAY" -nolock -nolisten tcp -screen 0 2400x2000x24
     wait_for display test -S "/tmp/.X11-unix/X${DISPLAY#:}"
 
     cached desktop "$(key_of "$(version_of wine64 fonts-lato fonts-sil-charis fonts-wine)" "$scripts"/desktop.*)" make_prefix
