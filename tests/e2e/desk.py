@@ -11,6 +11,7 @@ import time
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 BUILD = pathlib.Path(os.environ.get("BRASSLET_WINDOWS_BUILD", ROOT / "build/windows"))
 EXE = BUILD / "src/Brasslet.exe"
+PICTURES = ROOT / "build/pictures"
 TOOLS = BUILD / "tests/e2e/tools"
 VAULTRY = BUILD / "tests/world/vaultry/vaultry_stand_in.exe"
 

@@ -108,6 +108,14 @@ const std::map<std::wstring, std::function<bool(const Arguments&)>>& commands()
         // text ID, rectangle [ID]: of a control; the rectangle is in screen pixels
         {L"text", [](const Arguments& a) { return print_text(control(a)); }},
         {L"rectangle", [](const Arguments& a) { return print_rectangle(a.empty() ? window() : control(a)); }},
+        // client-size: of the window, in pixels
+        {L"client-size",
+         [](const Arguments&) {
+             RECT client;
+             if (!GetClientRect(window(), &client)) return false;
+             std::cout << client.right << ' ' << client.bottom << '\n';
+             return true;
+         }},
         // is-enabled ID
         {L"is-enabled", [](const Arguments& a) { return IsWindowEnabled(control(a)) != FALSE; }},
         // type ID TEXT: the text of an edit field
