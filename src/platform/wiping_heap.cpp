@@ -49,8 +49,8 @@ void wiping_free(void* block)
     std::free(block);
 }
 
-// The array, nothrow and sized forms of the standard library end in these. The aligned forms do not, but nothing in this
-// program is aligned more strictly than malloc's blocks are.
+// The array, nothrow and sized forms of the standard library end in these. The aligned forms do not, but nothing in
+// this program is aligned more strictly than malloc's blocks are.
 void* operator new(std::size_t size)
 {
     for (;;) {
