@@ -8,7 +8,8 @@ make_machine() {
     # With loopback addresses alone, programs that ask for what the machine can reach get no name resolved.
     ip address add 198.51.100.1/32 dev lo
     mount -t tmpfs -o mode=0700 world "$WORLD_DIR"
-    mkdir "$WORLD_DIR/etc" "$WORLD_DIR/logs"
+    mkdir "$WORLD_DIR/etc" "$WORLD_DIR/logs" "$WORLD_DIR/tmp" "$WORLD_DIR/tmp/"{changes,work}
+    keep_tmp_private
 
     cat >"$WORLD_DIR/etc/hosts" <<END
 127.0.0.1 localhost $(uname -n)
@@ -19,6 +20,21 @@ END
 
     printf 'nameserver 127.0.0.1\noptions timeout:2 attempts:1\n' >"$WORLD_DIR/etc/resolv.conf"
     replace_file /etc/resolv.conf "$WORLD_DIR/etc/resolv.conf"
+}
+
+# Programs leave sockets and files in /tmp: the world's see what is there, and what they change stays in the world. A
+# project that lies there itself is put back as it is.
+keep_tmp_private() {
+    local project
+    project=$(cd "$scripts/../.." && pwd -P)
+    local folder
+    exec {folder}<"$project"
+    mount -t overlay -o "lowerdir=/tmp,upperdir=$WORLD_DIR/tmp/changes,workdir=$WORLD_DIR/tmp/work" world /tmp
+    if [[ $project == /tmp/* ]]; then
+        mount --no-canonicalize --rbind "/proc/self/fd/$folder" "$project"
+        cd "$project"
+    fi
+    exec {folder}<&-
 }
 
 # replace_file FILE BY: inside the world FILE has the contents of BY; a link is followed to the file it stands for.

@@ -198,6 +198,13 @@ def test_what_the_command_leaves_running_ends_with_it():
     assert wait_until_gone(mark.encode()) == []
 
 
+def test_what_lies_in_tmp_is_seen_and_what_is_left_there_goes(tmp_path):
+    (tmp_path / "seen").write_text("from outside")
+    left = pathlib.Path("/tmp") / f"left-by-a-world-{uuid.uuid4()}"
+    assert up(f"touch {left}; cat '{tmp_path}/seen'", "--no-desktop") == "from outside"
+    assert not left.exists()
+
+
 def test_two_worlds_at_once_do_not_meet():
     first, _ = start_marked()
     assert up("echo 'corvane.example A 127.0.0.1' >$WORLD_ZONE; wine cmd /c 'exit 0'; "
