@@ -39,8 +39,9 @@ def start_marked(*options):
     """A world that waits until it is ended. Everything in it carries a mark in its environment."""
     mark = f"WORLD_TEST_MARK={uuid.uuid4()}"
     name, value = mark.split("=")
+    # Started in the background, this run itself may ignore SIGINT, and would hand that down.
     world = subprocess.Popen(
-        [WORLD / "up", *options, "--", "bash", "-c", "echo ready; exec sleep infinity"],
+        ["env", "--default-signal=INT,QUIT", WORLD / "up", *options, "--", "bash", "-c", "echo ready; exec sleep infinity"],
         stdout=subprocess.PIPE, env={**os.environ, name: value})
     assert world.stdout.readline() == b"ready\n"
     return world, mark.encode()
@@ -187,7 +188,7 @@ def test_nothing_survives_the_end_of_up(ending, options):
     world, mark = start_marked(*options)
     assert len(living(mark)) > 4
     world.send_signal(ending)
-    world.wait()
+    world.wait(timeout=60)
     assert wait_until_gone(mark) == []
     assert list(RUN_FOLDER.iterdir()) == []
 
