@@ -23,18 +23,22 @@ END
 }
 
 # Programs leave sockets and files in /tmp: the world's see what is there, and what they change stays in the world. A
-# project that lies there itself is put back as it is.
+# project that lies there itself is put back as it is. An ordinary user may not cover a /tmp below which other file
+# systems are mounted; there it stays shared.
 keep_tmp_private() {
-    local project
+    local project folder
     project=$(cd "$scripts/../.." && pwd -P)
-    local folder
     exec {folder}<"$project"
-    mount -t overlay -o "lowerdir=/tmp,upperdir=$WORLD_DIR/tmp/changes,workdir=$WORLD_DIR/tmp/work" world /tmp
-    if [[ $project == /tmp/* ]]; then
+    if cover_tmp && [[ $project == /tmp/* ]]; then
         mount --no-canonicalize --rbind "/proc/self/fd/$folder" "$project"
         cd "$project"
     fi
     exec {folder}<&-
+}
+
+cover_tmp() {
+    local layers="lowerdir=/tmp,upperdir=$WORLD_DIR/tmp/changes,workdir=$WORLD_DIR/tmp/work"
+    mount -t overlay -o "$layers" world /tmp 2>/dev/null
 }
 
 # replace_file FILE BY: inside the world FILE has the contents of BY; a link is followed to the file it stands for.
