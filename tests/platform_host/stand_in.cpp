@@ -1,6 +1,7 @@
 #include "platform_host/stand_in.h"
 
 #include "platform/environment.h"
+#include "platform/open_page.h"
 #include "platform/resource.h"
 #include "platform/user_protection.h"
 #include "platform/wallet_app.h"
@@ -32,6 +33,13 @@ std::vector<SrvRecord> query_srv(const std::string& name)
 void notify_wallet_app()
 {
     ++stand_in().wallet_app_notices;
+}
+
+bool open_page(const std::string& address, WindowHandle)
+{
+    if (!address.starts_with("https://")) return false;
+    stand_in().pages.push_back(address);
+    return true;
 }
 
 std::string_view load_resource(int)

@@ -26,6 +26,7 @@ struct StandIn {
     std::vector<SrvRecord> srv_records;    // answer of query_srv()
     std::vector<std::string> srv_queries;  // the names that were asked for
     int wallet_app_notices = 0;            // calls of notify_wallet_app()
+    std::vector<std::string> pages;        // the addresses that open_page() opened, in order
     bool protection_works = true;          // protect_for_user() succeeds
     std::string resource;                  // answer of load_resource() for every id
 };

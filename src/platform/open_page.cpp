@@ -1,0 +1,15 @@
+#include "platform/open_page.h"
+
+#include "platform/text_conversion.h"
+
+#include <windows.h>
+
+#include <shellapi.h>
+
+bool open_page(const std::string& address, WindowHandle owner)
+{
+    if (!address.starts_with("https://")) return false;
+    constexpr INT_PTR kLastError = 32;  // the values up to here say why not
+    const HINSTANCE answer = ShellExecuteW(owner, L"open", widen(address).c_str(), nullptr, nullptr, SW_SHOWNORMAL);
+    return reinterpret_cast<INT_PTR>(answer) > kLastError;
+}
