@@ -81,6 +81,13 @@ def test_every_site_answers_over_https_under_its_own_address(host):
     assert answer["url"] == f"https://{host}"
 
 
+@pytest.mark.parametrize("host", ["brasslet.test", "newer.brasslet.test"])
+def test_every_wordpress_has_its_permalinks_in_the_database(host):
+    assert up(f"""{WORLD}/wp {host} 'echo $wpdb->get_var(
+        "SELECT option_value FROM $wpdb->options WHERE option_name = \\"permalink_structure\\"");'""",
+              "--no-desktop") == "/%postname%/"
+
+
 def test_the_two_wordpress_stand_on_both_sides_of_the_change_of_password_hashes():
     versions = up(f"for host in brasslet.test newer.brasslet.test; do {WORLD}/wp $host 'echo $wp_version, PHP_EOL;'; "
                   "done", "--no-desktop").split()

@@ -5,9 +5,8 @@ define('WP_INSTALLING', true);
 require __DIR__ . '/load.php';
 require_once ABSPATH . 'wp-admin/includes/upgrade.php';
 
-// With the permalinks known, the installation does not ask the site, which is not up yet, whether they work.
-$permalinks = '/%postname%/';
-add_filter('pre_option_permalink_structure', fn() => $permalinks);
+// With the permalinks stored first, the installation does not ask the site, which is not up yet, whether they work.
+add_action('populate_options', fn() => add_option('permalink_structure', '/%postname%/'));
 add_filter('pre_wp_mail', '__return_true');
 
 wp_install('Brasslet test site', 'owner', 'owner@brasslet.test', true, '', 'owner');
@@ -19,5 +18,5 @@ wp_insert_user([
 ]);
 
 global $wp_rewrite;
-$wp_rewrite->set_permalink_structure($permalinks);
+$wp_rewrite->init();
 $wp_rewrite->flush_rules();
