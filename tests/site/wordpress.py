@@ -15,8 +15,10 @@ WORLD = Path(__file__).parents[1] / "world"
 WORLD_DIR = Path(os.environ.get("WORLD_DIR", "/nonexistent"))
 
 # Answers every line of its input, a JSON text with "code" and "value", by a line with what the code returns. The code
-# finds the value in $v. Whatever WordPress remembers from the line before is forgotten first.
+# finds the value in $v. Whatever WordPress remembers from the line before is forgotten first. PHP complains in the log
+# of the sites.
 SHELL = """
+    ini_set( 'error_log', getenv( 'WORLD_DIR' ) . '/logs/php.log' );
     $input = fopen( 'php://stdin', 'r' );
     while ( false !== ( $line = fgets( $input ) ) ) {
         $job = json_decode( $line, true );
