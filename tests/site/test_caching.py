@@ -11,7 +11,7 @@ ANSWERS = [
     ("GET", "/wp-json/brasslet/v1/id/carol", 404), ("GET", "/wp-json/brasslet/v1/address/carol", 404),
     ("POST", "/wp-json/brasslet/v1/name", 401), ("DELETE", "/wp-json/brasslet/v1/name", 401),
     ("GET", "/wp-json/brasslet/v1/name", 404), ("GET", "/wp-json/brasslet/v1/none", 404),
-    ("GET", "/wp-json/brasslet/v1", 200),
+    ("GET", "/wp-json/brasslet/v1", 200), ("GET", "/wp-json/brasslet/none", 404),
     ("GET", "/wp-json/BRASSLET/V1/id/alice", 200), ("GET", "/?rest_route=/brasslet/v1/id/alice", 200),
 ]
 

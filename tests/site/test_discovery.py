@@ -60,6 +60,15 @@ def test_the_path_is_percent_decoded(site, path):
     assert is_document(site.request("GET", path))
 
 
+def test_the_slashes_that_wordpress_adds_are_taken_off_first(site):
+    site.hook(r"""
+        add_action( 'init', function () {
+            $_SERVER['REQUEST_URI'] = '/.well-known/bsv\alias';
+        }, -1 );
+    """)
+    assert is_document(site.request("GET", "/"))
+
+
 @pytest.mark.parametrize("path", [
     PATH + "/", PATH + "x", PATH + ".json", PATH + "/x", PATH + "%0A", PATH + "%00", PATH + "%20", PATH + "+",
     "/.well-known/", "/.well-known/bsvalia", "/.well-known/BSVALIAS", "/.Well-Known/bsvalias", "/.well-known//bsvalias",
@@ -94,16 +103,35 @@ def test_the_root_is_the_home_url_without_a_trailing_slash(site, home, root):
     assert not is_document(site.request("GET", "/blog" + PATH))
 
 
+@pytest.mark.parametrize("change", [
+    "add_filter( 'pre_option_permalink_structure', '__return_empty_string' );",
+    "add_filter( 'rest_url_prefix', function () { return 'api'; } );",
+    "add_filter( 'site_url', function () { return 'https://elsewhere.test/core'; } );",
+])
+def test_no_other_setting_changes_the_urls(site, change):
+    site.hook(change)
+    assert site.request("GET", PATH).text == document(f"https://{site.host}")
+
+
+def test_what_is_sent_has_the_status_given_and_ends_the_request(site):
+    site.hook("""
+        add_action( 'init', function () {
+            brasslet_send_json( 418, array( 'a' => 'b' ) );
+        }, -1 );
+    """)
+    reply = site.request("GET", "/")
+    assert (reply.status_code, reply.text) == (418, '{"a":"b"}')
+
+
 @pytest.mark.parametrize("uri", [
     "unset( $_SERVER['REQUEST_URI'] );",
     "$_SERVER['REQUEST_URI'] = array( '/.well-known/bsvalias' );",
     "$_SERVER['REQUEST_URI'] = 'http:///';",
+    "$_SERVER['REQUEST_URI'] = '?x=1';",
 ])
 def test_a_request_without_a_readable_path_is_left_alone(site, uri):
-    site.php("""
-        $before = $_SERVER;
-        """ + uri + """
-        brasslet_discovery();
-        $_SERVER = $before;
+    site.hook("""
+        add_action( 'init', function () { """ + uri + """ }, -1 );
+        add_action( 'init', function () { exit( 'went on' ); }, 1 );
     """)
-    assert site.php("return 'still here';") == "still here"
+    assert site.request("GET", PATH).text == "went on"

@@ -68,7 +68,7 @@ def test_whatever_php_trims_may_stand_around_the_base64(site, blank):
 
 @pytest.mark.parametrize("header", [
     "Bearer " + encoded("user:pass"), "Digest " + encoded("user:pass"), encoded("user:pass"),
-    "Basic" + encoded("user:pass"),
+    "Basic" + encoded("user:pass"), "Basic\t" + encoded("user:pass"), "Basics" + encoded("user:pass"),
     "Basic", "Basic ", "Basic  ", "", "Basi " + encoded("user:pass"), "XBasic " + encoded("user:pass"),
 ])
 def test_another_scheme_is_not_bridged(site, header):

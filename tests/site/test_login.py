@@ -57,6 +57,17 @@ def test_the_e_mail_address_does_as_a_username(site, attempt):
     assert attempt(login_user=site.admin.email, login_pass=site.admin.password).status_code == 200
 
 
+def test_only_an_e_mail_address_is_looked_up_as_one(site, attempt):
+    """An address that is none can only have come into the database past WordPress."""
+    given, found = "edgar-home", site.editor
+    change = "$wpdb->update( $wpdb->users, array( 'user_email' => $v[1] ), array( 'ID' => $v[0] ) );"
+    site.php(change, [found.id, given])
+    try:
+        assert_refused(attempt(login_user=given, login_pass=found.password), UNKNOWN_USER)
+    finally:
+        site.php(change, [found.id, found.email])
+
+
 def test_a_username_that_looks_like_another_users_e_mail_address_comes_first(site, attempt):
     assert_refused(attempt(login_user=site.disguised.login, login_pass=site.admin.password), WRONG_PASSWORD)
     assert_refused(attempt(login_user=site.disguised.login, login_pass=site.disguised.password), NO_ADMINISTRATOR, 403)
@@ -70,7 +81,7 @@ def test_the_password_works_as_wordpress_shows_it(site, attempt):
 
 def test_a_wrong_password_is_refused(site, attempt):
     password = site.admin.password
-    wrong = [password[:-1], password + "x", password.swapcase(), "x", "   ", "----", "\u00e4" * 24, "x" * 100000]
+    wrong = [password[:-1], password + "x", password.swapcase(), "x", "0", "   ", "----", "\u00e4" * 24, "x" * 100000]
     for given in wrong:
         assert_refused(attempt(login_user=site.admin.login, login_pass=given), WRONG_PASSWORD)
 
@@ -94,6 +105,16 @@ def test_any_of_several_passwords_is_accepted(site, attempt):
         assert attempt(login_user=site.admin.login, login_pass=password).status_code == 200
 
 
+def test_a_password_that_was_hashed_before_wordpress_6_8_is_accepted(site, attempt):
+    """It was hashed like the password of an account, and an upgrade leaves it so."""
+    site.php("""
+        $all = get_user_meta( $v[0], '_application_passwords', true );
+        $all[1]['password'] = wp_hash_password( $v[1] );
+        update_user_meta( $v[0], '_application_passwords', $all );
+    """, [site.admin.id, site.admin.second_password])
+    assert attempt(login_user=site.admin.login, login_pass=site.admin.second_password).status_code == 200
+
+
 def test_an_editor_is_no_administrator(site, attempt):
     assert_refused(attempt(login_user=site.editor.login, login_pass=site.editor.password), NO_ADMINISTRATOR, 403)
 
@@ -115,6 +136,11 @@ def test_damaged_password_records_are_passed_over(site, attempt):
         }
         update_user_meta( $v, '_application_passwords', array_merge( $damaged, $good ) );
     """, site.admin.id)
+    site.hook("""
+        add_filter( 'check_password', function ( $matches, $pass, $hash ) {
+            return $matches || '' === $hash;
+        }, 10, 3 );
+    """)
     try:
         assert attempt(login_user=site.admin.login, login_pass=site.admin.password).status_code == 200
         assert_refused(attempt(login_user=site.admin.login, login_pass="wrong"), WRONG_PASSWORD)

@@ -59,7 +59,9 @@ def test_a_name_in_capitals_replaces_the_one_in_lower_case(site):
     assert site.record() == {"rows": [row("alice", address=OTHER_ADDRESS)]}
 
 
-@pytest.mark.parametrize("alias", ["a", "a.b+c-d_e", "+", "...", "0", "x" * 64, "007"])
+@pytest.mark.parametrize("alias", [
+    "a", "a.b+c-d_e", "+", "...", "0", "x" * 64, "007", "abcdefghijklmnopqrstuvwxyz0123456789._+-",
+])
 def test_a_usable_alias_is_stored(site, alias):
     assert site.publish(alias=alias).text == published_body(site, alias, [alias])
     assert site.record() == record(alias)
@@ -124,7 +126,9 @@ def test_a_missing_house_is_stored_as_empty(site):
     assert site.record() == record("alice")
 
 
-@pytest.mark.parametrize("house", ["ada@corvane.example", "a.b+c-d_e@corvane.example", "0@corvane.example"])
+@pytest.mark.parametrize("house", [
+    "ada@corvane.example", "a.b+c-d_e@corvane.example", "0@corvane.example", "x" * 65 + "@corvane.example",
+])
 def test_a_house_paymail_is_stored(site, house):
     site.publish(house=house)
     assert site.record() == {"rows": [row("alice", house=house)]}
@@ -141,6 +145,12 @@ def test_a_body_that_is_no_json_is_refused_by_wordpress(site, body):
     reply = site.request("POST", "/wp-json/brasslet/v1/name", data=body, headers={"Content-Type": "application/json"})
     assert (reply.status_code, reply.json()["code"]) == (400, "rest_invalid_json")
     assert site.stored() is None
+
+
+def test_the_body_says_what_is_published_and_not_the_query(site):
+    given = {"alias": "eve", "pubkey": OTHER_PUBKEY, "address": OTHER_ADDRESS, "house": HOUSE}
+    site.send("POST", site.name_members(), params=given)
+    assert site.record() == record("alice")
 
 
 def test_members_that_nobody_asked_for_are_not_stored(site):

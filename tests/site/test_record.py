@@ -45,9 +45,10 @@ def test_a_legacy_record_without_its_other_fields_gets_them_empty(site):
     assert site.record() == {"rows": [row("alice", "", "", ""), row("bob")]}
 
 
-def test_rows_count_before_a_legacy_alias(site):
-    site.set_record({"rows": [row("bob")], "alias": "alice"})
-    assert aliases(site) == "bob"
+@pytest.mark.parametrize("rows,listed", [([row("bob")], "bob"), ([], "")])
+def test_rows_count_before_a_legacy_alias(site, rows, listed):
+    site.set_record({"rows": rows, "alias": "alice"})
+    assert aliases(site) == listed
 
 
 @pytest.mark.parametrize("rows", ["text", 5, None])
@@ -83,6 +84,14 @@ def test_an_object_is_a_corrupt_record_too(site):
     assert site.record() == record("bob")
 
 
+def test_an_object_is_a_damaged_row_too(site):
+    site.php("""
+        $rows = array( (object) array( 'alias' => 'eve' ), array( 'alias' => 'bob' ) );
+        add_option( 'brasslet_record', array( 'rows' => $rows ) );
+    """)
+    assert aliases(site) == "bob"
+
+
 def test_bytes_that_php_cannot_read_are_no_names(site):
     site.set_record(record("alice"))
     site.php("""
@@ -108,6 +117,13 @@ def test_damaged_rows_are_dropped_and_damaged_fields_emptied_by_the_next_write(s
     assert site.get("/id/alice").json()["pubkey"] == ""
     site.publish(alias="carol")
     assert site.record() == {"rows": [row("alice", "", "", ""), row("bob", "", "", ""), row("carol")]}
+
+
+def test_a_row_counts_whatever_text_its_alias_is(site):
+    site.set_record({"rows": [row("a b"), row("x" * 65)]})
+    assert aliases(site) == "a b " + "x" * 65
+    site.publish(alias="carol")
+    assert site.record() == record("a b", "x" * 65, "carol")
 
 
 def test_a_new_record_is_not_loaded_with_every_page(site):

@@ -69,6 +69,18 @@ def test_the_host_is_in_lower_case_and_without_port(site):
     assert host == "shop.example.org"
 
 
+def test_every_reply_names_the_host_of_the_home_url_in_lower_case(site):
+    site.hook("""
+        add_filter( 'home_url', function ( $url, $path ) {
+            return 'https://Shop.EXAMPLE.org/Blog' . $path;
+        }, 10, 2 );
+    """)
+    published = site.publish(alias="alice").json()
+    assert (published["paymail"], published["host"]) == ("alice@shop.example.org", "shop.example.org")
+    assert site.get("/status").json()["host"] == "shop.example.org"
+    assert site.get("/id/alice").json()["handle"] == "alice@shop.example.org"
+
+
 @pytest.mark.parametrize("home", ["", "/blog", "https://", "no host"])
 def test_a_home_url_without_a_host_gives_empty_text(site, home):
     host = site.php("""

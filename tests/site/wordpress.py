@@ -88,7 +88,8 @@ class Site:
         return json.loads(self.shell.stdout.readline())
 
     def make_user(self, login, email, role, passwords):
-        user = User(login, email, "account of " + login)
+        # Letters and digits alone, as in an application password.
+        user = User(login, email, "AccountOf" + login.split("@")[0])
         user.id, made = self.php(MAKE_USER, {"login": login, "email": email, "account": user.account_password,
                                              "role": role, "passwords": passwords})
         user.password, user.second_password, *_ = made + ["", ""]
