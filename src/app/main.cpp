@@ -4,13 +4,13 @@
 #include "app/single_instance.h"
 #include "app/workers.h"
 #include "net/curl_lifetime.h"
+#include "platform/com_apartment.h"
 #include "platform/environment.h"
 #include "wallet_bridge/binding.h"
 
 #include <windows.h>
 
 #include <commctrl.h>
-#include <objbase.h>
 #include <shellscalingapi.h>
 
 #include <optional>
@@ -27,20 +27,6 @@ std::optional<unsigned> dpi_under_mouse()
     if (FAILED(GetDpiForMonitor(monitor, MDT_EFFECTIVE_DPI, &horizontal, &vertical))) return std::nullopt;
     return horizontal;
 }
-
-class ComApartment {
-public:
-    ComApartment() : m_is_entered(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) {}
-    ComApartment(const ComApartment&) = delete;
-    ComApartment& operator=(const ComApartment&) = delete;
-    ~ComApartment()
-    {
-        if (m_is_entered) CoUninitialize();
-    }
-
-private:
-    bool m_is_entered;
-};
 
 void open_main_window(HINSTANCE instance, int show)
 {

@@ -2,6 +2,7 @@
 
 #include "platform/environment.h"
 #include "platform/open_page.h"
+#include "platform/pause.h"
 #include "platform/resource.h"
 #include "platform/user_protection.h"
 #include "platform/wallet_app.h"
@@ -40,6 +41,18 @@ bool open_page(const std::string& address, WindowHandle)
     if (!address.starts_with("https://")) return false;
     stand_in().pages.push_back(address);
     return true;
+}
+
+bool raise_wallet_app()
+{
+    ++stand_in().wallet_app_raises;
+    return stand_in().wallet_app_is_there;
+}
+
+void pause(std::chrono::milliseconds duration)
+{
+    stand_in().pauses.push_back(duration);
+    if (stand_in().during_pause) stand_in().during_pause();
 }
 
 std::string_view load_resource(int)

@@ -3,7 +3,9 @@
 
 #include "platform/dns_query.h"
 
+#include <chrono>
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -21,14 +23,18 @@ struct FileFaults {
 
 struct StandIn {
     FileFaults files;
-    std::string local_app_data;            // answer of local_app_data()
-    std::string executable_folder = ".";   // answer of executable_folder()
-    std::vector<SrvRecord> srv_records;    // answer of query_srv()
-    std::vector<std::string> srv_queries;  // the names that were asked for
-    int wallet_app_notices = 0;            // calls of notify_wallet_app()
-    std::vector<std::string> pages;        // the addresses that open_page() opened, in order
-    bool protection_works = true;          // protect_for_user() succeeds
-    std::string resource;                  // answer of load_resource() for every id
+    std::string local_app_data;                     // answer of local_app_data()
+    std::string executable_folder = ".";            // answer of executable_folder()
+    std::vector<SrvRecord> srv_records;             // answer of query_srv()
+    std::vector<std::string> srv_queries;           // the names that were asked for
+    int wallet_app_notices = 0;                     // calls of notify_wallet_app()
+    std::vector<std::string> pages;                 // the addresses that open_page() opened, in order
+    bool protection_works = true;                   // protect_for_user() succeeds
+    std::string resource;                           // answer of load_resource() for every id
+    int wallet_app_raises = 0;                      // calls of raise_wallet_app()
+    bool wallet_app_is_there = true;                // answer of raise_wallet_app()
+    std::vector<std::chrono::milliseconds> pauses;  // that pause() was asked for; none of them takes any time
+    std::function<void()> during_pause;             // what happens meanwhile, when it is set
 };
 
 StandIn& stand_in();
