@@ -6,19 +6,27 @@
 
 void start_guarded_flow(int button, Flow flow)
 {
+    if (is_already_working()) return;
     AppState& state = app_state();
-    if (state.is_busy) {
-        set_status(L"Already working.");
-        return;
-    }
     const std::string name = name_field_text();
     state.settings.alias = lower_ascii(name);
     save_settings(state.settings, name);
 
-    state.is_busy = true;
-    state.waiting_button = button;
-    show_waiting(button);
+    set_busy(button);
     start_flow(state.main_window, flow, state.settings);
+}
+
+bool is_already_working()
+{
+    if (app_state().is_busy) set_status(L"Already working.");
+    return app_state().is_busy;
+}
+
+void set_busy(int button)
+{
+    app_state().is_busy = true;
+    app_state().waiting_button = button;
+    show_waiting(button);
 }
 
 void clear_busy()

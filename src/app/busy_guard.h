@@ -7,5 +7,11 @@
 // only says so in the status line.
 void start_guarded_flow(int button, Flow flow);
 
-// The running flow has reported: the buttons are as they were.
+// The same for work that is started otherwise. Tells in the status line, and returns true, that something runs.
+bool is_already_working();
+
+// From now on something runs, for the pressed `button`.
+void set_busy(int button);
+
+// What ran has reported: the buttons are as they were.
 void clear_busy();

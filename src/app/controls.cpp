@@ -26,6 +26,8 @@ struct ControlRow {
 
 // In the order of creation, which is also the order of the Tab key.
 constexpr ControlRow kControls[] = {
+    {kConnectButton, Kind::button, L"Connect", &Fonts::body, &MainLayout::connect, true},
+    {kUnbindButton, Kind::button, L"Unbind", &Fonts::body, &MainLayout::unbind, true},
     {kHousePaymailCaption, Kind::label, L"House paymail", &Fonts::small, &MainLayout::house_paymail_caption},
     {kHousePaymail, Kind::label, L"", &Fonts::body, &MainLayout::house_paymail},
     {kPaymentAddressCaption, Kind::label, L"Payment address", &Fonts::small, &MainLayout::payment_address_caption},

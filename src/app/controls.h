@@ -6,8 +6,10 @@
 #include <string>
 
 enum ControlId : int {
-    kPublishButton = 1006,
+    kConnectButton = 1001,
+    kUnbindButton = 1002,
     kNameField = 1004,
+    kPublishButton = 1006,
     kStatusLine = 1008,
     kVersionLabel = 1009,
     kHousePaymail = 1010,

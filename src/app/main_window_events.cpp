@@ -2,6 +2,7 @@
 
 #include "app/app_state.h"
 #include "app/busy_guard.h"
+#include "app/connection.h"
 #include "app/controls.h"
 #include "app/messages.h"
 #include "app/posted_text.h"
@@ -69,6 +70,12 @@ void on_command(HWND window, int id, int notification)
     case kNameField:
         if (notification == EN_CHANGE) refresh_name_preview();
         break;
+    case kConnectButton:
+        on_connect_pressed();
+        break;
+    case kUnbindButton:
+        on_unbind_pressed();
+        break;
     case kPublishButton:
         start_guarded_flow(id, publish_sentence);
         break;
@@ -95,6 +102,8 @@ void discard_late_results(HWND window)
     MSG late{};
     while (PeekMessageW(&late, window, MsgFlowResult, MsgFlowResult, PM_REMOVE))
         take_text<std::wstring>(late.lParam);
+    while (PeekMessageW(&late, window, MsgConnectResult, MsgConnectResult, PM_REMOVE))
+        take_text<std::string>(late.lParam);
 }
 
 void on_destroy(HWND window)
@@ -137,6 +146,9 @@ LRESULT CALLBACK main_window_procedure(HWND window, UINT message, WPARAM wparam,
         return reinterpret_cast<LRESULT>(colour_field(reinterpret_cast<HDC>(wparam)));
     case WM_COMMAND:
         on_command(window, LOWORD(wparam), HIWORD(wparam));
+        return 0;
+    case MsgConnectResult:
+        on_connect_result(take_text<std::string>(lparam).get());
         return 0;
     case MsgFlowResult:
         on_flow_result(lparam);

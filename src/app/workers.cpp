@@ -2,27 +2,37 @@
 
 #include "app/messages.h"
 #include "app/posted_text.h"
+#include "wallet_bridge/connect.h"
 
 #include <atomic>
 #include <memory>
 #include <thread>
+#include <utility>
 
 namespace {
 
 std::atomic<int> running_workers = 0;
 
-void run_flow(HWND window, Flow flow, const SiteSettings& settings)
+template <typename Work>
+void start_worker(Work work)
 {
-    post_text(window, MsgFlowResult, std::make_unique<std::wstring>(flow(settings)));
-    --running_workers;
+    ++running_workers;
+    std::thread([work = std::move(work)] {
+        work();
+        --running_workers;
+    }).detach();
 }
 
 }  // namespace
 
 void start_flow(HWND window, Flow flow, const SiteSettings& settings)
 {
-    ++running_workers;
-    std::thread(run_flow, window, flow, settings).detach();
+    start_worker([=] { post_text(window, MsgFlowResult, std::make_unique<std::wstring>(flow(settings))); });
+}
+
+void start_connecting(HWND window)
+{
+    start_worker([=] { post_text(window, MsgConnectResult, std::make_unique<std::string>(connect_wallet())); });
 }
 
 bool worker_is_running()

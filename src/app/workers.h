@@ -13,5 +13,8 @@ using Flow = std::wstring (*)(const SiteSettings& settings);
 // Runs `flow` on a worker thread with its own copy of the settings, then posts exactly one MsgFlowResult to `window`.
 void start_flow(HWND window, Flow flow, const SiteSettings& settings);
 
+// Asks the wallet application for a wallet, then posts exactly one MsgConnectResult to `window`.
+void start_connecting(HWND window);
+
 // Whether a worker has not come to its end yet.
 bool worker_is_running();

@@ -22,6 +22,8 @@ constexpr wchar_t kEdit[] = L"Edit";
 
 // In the order of creation.
 constexpr Expected kExpected[] = {
+    {1001, kButton, L"Connect", &MainLayout::connect},
+    {1002, kButton, L"Unbind", &MainLayout::unbind},
     {1014, kStatic, L"House paymail", &MainLayout::house_paymail_caption},
     {1010, kStatic, L"Connect Vaultry", &MainLayout::house_paymail},
     {1015, kStatic, L"Payment address", &MainLayout::payment_address_caption},
@@ -109,7 +111,7 @@ TEST(MainWindow, ItsControlsHaveTheirStyles)
         EXPECT_EQ(style(program, id), kLabel | SS_ENDELLIPSIS) << id;
     EXPECT_EQ(style(program, 1008), kLabel);
     EXPECT_EQ(style(program, 1009), kLabel | SS_ENDELLIPSIS | SS_NOTIFY);
-    for (const int id : {1006, 1018})
+    for (const int id : {1001, 1002, 1006, 1018})
         EXPECT_EQ(style(program, id), WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_TABSTOP | BS_OWNERDRAW) << id;
     constexpr DWORD kField = WS_TABSTOP | ES_AUTOHSCROLL;
     EXPECT_EQ(style(program, 1004) & (kField | ES_MULTILINE), kField);

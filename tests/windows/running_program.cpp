@@ -10,10 +10,9 @@ namespace {
 
 constexpr DWORD kPatience = 10'000;  // milliseconds; what takes longer has failed
 
-HANDLE start_program()
+HANDLE start_program(const std::wstring& folder)
 {
-    // The test program stands in build/tests, the program in build/src.
-    std::wstring command = L"\"" + widen(executable_folder()) + L"\\..\\src\\Brasslet.exe\"";
+    std::wstring command = L"\"" + folder + L"\\Brasslet.exe\"";
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION started{};
@@ -53,15 +52,21 @@ bool becomes_true(const std::function<bool()>& condition)
     return true;
 }
 
+std::wstring program_folder()
+{
+    // The test program stands in build/tests, the program in build/src.
+    return widen(executable_folder()) + L"\\..\\src";
+}
+
 DWORD run_to_its_end()
 {
-    HANDLE process = start_program();
+    HANDLE process = start_program(program_folder());
     const DWORD code = exit_code_of(process);
     CloseHandle(process);
     return code;
 }
 
-RunningProgram::RunningProgram() : m_process(start_program())
+RunningProgram::RunningProgram(const std::wstring& folder) : m_process(start_program(folder))
 {
     const bool is_there = becomes_true([this] {
         m_window = FindWindowW(kMainWindowClass, nullptr);

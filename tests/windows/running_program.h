@@ -14,9 +14,14 @@ bool becomes_true(const std::function<bool()>& condition);
 // Starts the program with this process's environment; its exit code.
 DWORD run_to_its_end();
 
+// The folder that the build left the program in.
+std::wstring program_folder();
+
 class RunningProgram {
 public:
-    RunningProgram();  // returns when the window is there and waits for input
+    // Started from the build's folder, or from another that holds a copy of it. Returns when the window is there and
+    // waits for input.
+    explicit RunningProgram(const std::wstring& folder = program_folder());
     RunningProgram(const RunningProgram&) = delete;
     RunningProgram& operator=(const RunningProgram&) = delete;
     ~RunningProgram();  // ended with force when it still runs

@@ -1,13 +1,20 @@
 // Stands in for the wallet application where a test needs a running one: a top-level window of its class that counts
-// the messages that tell it to read the registry of paynames again, and a holder of the lock that both programs share.
+// the messages that tell it to read the registry of paynames again, a holder of the lock that both programs share, and
+// a user who answers connect requests.
 //
-//   vaultry_stand_in.exe COUNT_FILE [--show hidden|visible|minimised] [--hold-lock-until FILE]
+//   vaultry_stand_in.exe COUNT_FILE [--show hidden|visible|minimised] [--hold-lock-until FILE] [--connect ANSWER]
 //
 // COUNT_FILE holds the count as decimal text. It is written first when everything else is ready: the window is there
-// and, if asked for, the lock is held. The lock is let go when FILE appears. The program ends with its window.
-#include <windows.h>
+// and, if asked for, the lock is held. The lock is let go when FILE appears. ANSWER is given to every connect request
+// that has no reply yet: approve:WALLET_ID, approve (which names no wallet), deny, or raw:TEXT, the reply's bytes; a
+// request that is not as both programs have agreed ends the program. It ends with its window otherwise.
+//
+// A copy that is called Vaultry.exe and started without a parameter, as the program under test starts it, takes the
+// parameters from the environment variable VAULTRY_ORDERS.
+#include "connect_answers.h"
+#include "orders.h"
 
-#include <shellapi.h>
+#include <windows.h>
 
 #include <optional>
 #include <string>
@@ -17,44 +24,19 @@ namespace {
 
 constexpr wchar_t kWindowClass[] = L"CorvaneVaultryShell";
 constexpr wchar_t kPaynameAccepted[] = L"Corvane.PaynameAccepted";
-constexpr UINT_PTR kLookForReleaseFile = 1;
+constexpr UINT_PTR kLookAround = 1;
 constexpr UINT kLookEveryMilliseconds = 20;
 
-struct Request {
-    std::wstring count_file;
-    std::wstring release_file;  // empty: the lock is left alone
-    int show = SW_HIDE;
-};
+// Why the program ended on its own, as its exit code.
+enum Failure { kBadOrders = 2, kNoLock = 3, kNoWindow = 4, kNoCountFile = 5, kBadRequest = 6 };
 
-// Why the program ended before it was ready, as its exit code.
-enum Failure { kBadCommandLine = 2, kNoLock = 3, kNoWindow = 4, kNoCountFile = 5 };
-
-std::optional<int> show_command(const std::wstring& word)
+// Empty when the environment names no folder for the local application data.
+std::wstring data_directory()
 {
-    if (word == L"hidden") return SW_HIDE;
-    if (word == L"visible") return SW_SHOWNORMAL;
-    if (word == L"minimised") return SW_SHOWMINIMIZED;
-    return std::nullopt;
-}
-
-std::optional<Request> read_command_line()
-{
-    int count = 0;
-    wchar_t** const words = CommandLineToArgvW(GetCommandLineW(), &count);
-    if (words == nullptr || count < 2 || count % 2 != 0) return std::nullopt;
-    Request request;
-    request.count_file = words[1];
-    for (int i = 2; i + 1 < count; i += 2) {
-        const std::wstring option = words[i];
-        if (option == L"--hold-lock-until") {
-            request.release_file = words[i + 1];
-        } else if (const auto show = show_command(words[i + 1]); option == L"--show" && show) {
-            request.show = *show;
-        } else {
-            return std::nullopt;
-        }
-    }
-    return request;
+    wchar_t base[MAX_PATH];
+    const DWORD length = GetEnvironmentVariableW(L"LOCALAPPDATA", base, MAX_PATH);
+    if (length == 0 || length >= MAX_PATH) return {};
+    return std::wstring(base) + L"\\Corvane";
 }
 
 // The exclusive lock on the first byte of "wallets.lock" in the data directory that both programs share.
@@ -62,16 +44,16 @@ class SharedLock {
 public:
     bool take()
     {
-        wchar_t base[MAX_PATH];
-        const DWORD length = GetEnvironmentVariableW(L"LOCALAPPDATA", base, MAX_PATH);
-        if (length == 0 || length >= MAX_PATH) return false;
-        const std::wstring folder = std::wstring(base) + L"\\Corvane";
+        const std::wstring folder = data_directory();
+        if (folder.empty()) return false;
         CreateDirectoryW(folder.c_str(), nullptr);
         file_ = CreateFileW((folder + L"\\wallets.lock").c_str(), GENERIC_READ | GENERIC_WRITE,
                             FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
         OVERLAPPED from_start{};
         return file_ != INVALID_HANDLE_VALUE && LockFileEx(file_, LOCKFILE_EXCLUSIVE_LOCK, 0, 1, 0, &from_start);
     }
+
+    bool is_held() const { return file_ != INVALID_HANDLE_VALUE; }
 
     void release()
     {
@@ -84,7 +66,7 @@ private:
     HANDLE file_ = INVALID_HANDLE_VALUE;
 };
 
-Request request;
+Orders orders;
 SharedLock shared_lock;
 UINT payname_accepted = 0;
 unsigned accepted_count = 0;
@@ -93,13 +75,20 @@ unsigned accepted_count = 0;
 bool write_count()
 {
     const std::string text = std::to_string(accepted_count);
-    const std::wstring fresh = request.count_file + L".new";
+    const std::wstring fresh = orders.count_file + L".new";
     HANDLE file = CreateFileW(fresh.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file == INVALID_HANDLE_VALUE) return false;
     DWORD written = 0;
     const BOOL done = WriteFile(file, text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
     CloseHandle(file);
-    return done && MoveFileExW(fresh.c_str(), request.count_file.c_str(), MOVEFILE_REPLACE_EXISTING);
+    return done && MoveFileExW(fresh.c_str(), orders.count_file.c_str(), MOVEFILE_REPLACE_EXISTING);
+}
+
+void look_around()
+{
+    if (shared_lock.is_held() && GetFileAttributesW(orders.release_file.c_str()) != INVALID_FILE_ATTRIBUTES)
+        shared_lock.release();
+    if (orders.reply && !answer_requests(data_directory(), *orders.reply)) PostQuitMessage(kBadRequest);
 }
 
 LRESULT CALLBACK window_procedure(HWND window, UINT message, WPARAM first, LPARAM second)
@@ -111,10 +100,7 @@ LRESULT CALLBACK window_procedure(HWND window, UINT message, WPARAM first, LPARA
     }
     switch (message) {
     case WM_TIMER:
-        if (GetFileAttributesW(request.release_file.c_str()) != INVALID_FILE_ATTRIBUTES) {
-            KillTimer(window, kLookForReleaseFile);
-            shared_lock.release();
-        }
+        look_around();
         return 0;
     case WM_DESTROY:
         PostQuitMessage(0);
@@ -141,18 +127,18 @@ HWND make_window(HINSTANCE instance)
 
 int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, PWSTR, int)
 {
-    const auto asked = read_command_line();
-    if (!asked) return kBadCommandLine;
-    request = *asked;
+    const auto given = read_orders();
+    if (!given) return kBadOrders;
+    orders = *given;
 
-    const bool holds_lock = !request.release_file.empty();
+    const bool holds_lock = !orders.release_file.empty();
     if (holds_lock && !shared_lock.take()) return kNoLock;
 
     payname_accepted = RegisterWindowMessageW(kPaynameAccepted);
     HWND window = make_window(instance);
     if (window == nullptr) return kNoWindow;
-    ShowWindow(window, request.show);
-    if (holds_lock) SetTimer(window, kLookForReleaseFile, kLookEveryMilliseconds, nullptr);
+    ShowWindow(window, orders.show);
+    SetTimer(window, kLookAround, kLookEveryMilliseconds, nullptr);
     if (!write_count()) return kNoCountFile;
 
     MSG message;

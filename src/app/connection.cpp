@@ -1,0 +1,46 @@
+#include "app/connection.h"
+
+#include "app/app_state.h"
+#include "app/busy_guard.h"
+#include "app/controls.h"
+#include "app/wallet_card.h"
+#include "app/workers.h"
+#include "platform/text_conversion.h"
+#include "wallet_bridge/connect.h"
+#include "wallet_bridge/wallet_identity.h"
+
+void on_connect_pressed()
+{
+    if (is_already_working()) return;
+    if (wallet_ready()) {
+        set_status(L"Already connected. Unbind to pick another wallet.");
+        return;
+    }
+    set_busy(kConnectButton);
+    set_status(L"Waiting for Vaultry to approve.");
+    start_connecting(app_state().main_window);
+}
+
+void on_connect_result(const std::string* result)
+{
+    clear_busy();
+    if (result == nullptr || result->empty()) {
+        set_status(L"Vaultry did not connect.");
+        return;
+    }
+    if (!result->starts_with("success")) {
+        set_status(widen(*result));
+        return;
+    }
+    refresh_wallet_card();
+    fill_name_field();
+    refresh_name_preview();
+    set_status(L"Connected.");
+}
+
+void on_unbind_pressed()
+{
+    disconnect_wallet();
+    refresh_wallet_card();
+    set_status(L"Unbound. Connect again to pick a wallet in Vaultry.");
+}

@@ -1,0 +1,10 @@
+// The buttons that connect the program to a wallet and let go of it. All of it runs on the user-interface thread.
+#pragma once
+
+#include <string>
+
+void on_connect_pressed();  // starts the worker that asks the wallet application, unless something runs or a wallet is
+                            // connected
+void on_connect_result(const std::string* result);  // what the worker posted; null when it posted no text
+
+void on_unbind_pressed();
