@@ -19,6 +19,7 @@ VAULTRY = BUILD / "tests/world/vaultry/vaultry_stand_in.exe"
 PHRASE = "legal winner thank year wave sausage worth useful legal winner thank yellow"
 
 NAME, PREVIEW, HOUSE_PAYMAIL, PAYMENT_ADDRESS, NOTE = 1004, 1012, 1010, 1011, 1013
+CONNECT, UNBIND = 1001, 1002
 STATUS, PUBLISH, CLOSE = 1008, 1006, 1018
 
 
@@ -36,13 +37,18 @@ def put_wallet(wallet_id: str = "1700000000000", phrase: str = PHRASE, **members
     """Writes a registry with this one wallet, and its file. Returns the file's path."""
     folder = data_directory() / "wallets" / wallet_id
     folder.mkdir(parents=True, exist_ok=True)
-    registry = {"active": wallet_id, "wallets": [{"id": wallet_id, "name": "Wallet 1"}]}
-    (data_directory() / "wallets.json").write_text(json.dumps(registry, indent=2), encoding="utf-8")
+    put_registry(wallet_id)
     document = {"version": 2, "mnemonic": phrase, "backup": True, "recv": [0, 0, 0, 0, 0, 0], "show": 0,
                 "contacts": [], **members}
     path = folder / "wallet.json"
     path.write_text(json.dumps(document, indent=2, sort_keys=True), encoding="utf-8")
     return path
+
+
+def put_registry(*wallet_ids: str) -> None:
+    wallets = [{"id": wallet_id, "name": f"Wallet {number}"} for number, wallet_id in enumerate(wallet_ids, 1)]
+    registry = {"active": wallet_ids[0], "wallets": wallets}
+    (data_directory() / "wallets.json").write_text(json.dumps(registry, indent=2), encoding="utf-8")
 
 
 def put_settings(site: str, user: str, password: str, name: str = "") -> None:
@@ -118,10 +124,10 @@ class WalletNotices:
 
 
 @contextlib.contextmanager
-def wallet_application(folder: pathlib.Path):
-    """The stand-in for the wallet application, with its window open."""
+def wallet_application(folder: pathlib.Path, *options: str):
+    """The stand-in for the wallet application, with its window open; the options are told in its source."""
     counter = folder / "notices"
-    process = subprocess.Popen(["wine", VAULTRY, f"Z:{counter}"])
+    process = subprocess.Popen(["wine", VAULTRY, f"Z:{counter}", *options])
     try:
         notices = WalletNotices(counter)
         assert notices.is_ready()

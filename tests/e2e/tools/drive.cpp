@@ -43,6 +43,11 @@ HWND window()
     return FindWindowW(kWindowClass, nullptr);
 }
 
+HWND vaultry_window()
+{
+    return FindWindowW(L"CorvaneVaultryShell", nullptr);
+}
+
 HWND control(const Arguments& arguments)
 {
     return arguments.empty() ? nullptr : GetDlgItem(window(), std::stoi(arguments[0]));
@@ -126,6 +131,12 @@ const std::map<std::wstring, std::function<bool(const Arguments&)>>& commands()
         // answers: the window takes messages
         {L"answers", [](const Arguments&) { return send(window(), WM_NULL, 0, 0); }},
         {L"close", [](const Arguments&) { return PostMessageW(window(), WM_CLOSE, 0, 0) != FALSE; }},
+        // close-vaultry: the window of the wallet application, and wait until it is gone
+        {L"close-vaultry",
+         [](const Arguments&) {
+             PostMessageW(vaultry_window(), WM_CLOSE, 0, 0);
+             return wait_until([] { return vaultry_window() == nullptr; }, 30'000);
+         }},
         {L"minimise", [](const Arguments&) { return ShowWindow(window(), SW_MINIMIZE) != FALSE; }},
         {L"is-minimised", [](const Arguments&) { return IsIconic(window()) != FALSE; }},
     };
