@@ -1,4 +1,5 @@
 """Publishing a name, the whole road: the real program in its real window, a real WordPress, real DNS and TLS."""
+import base64
 import json
 import os
 import pathlib
@@ -152,13 +153,14 @@ def test_without_a_wallet_nothing_is_sent(user):
 def test_the_password_stands_nowhere_on_the_disk(user):
     with desk.running_program():
         desk.publish("alice")
-    secrets = [text.encode() for text in (user, user.replace(" ", ""))]
-    searched = 0
-    for path in desk.data_directory().rglob("*"):
-        if path.is_file():
-            searched += 1
-            assert not any(secret in path.read_bytes() for secret in secrets), path
-    assert searched >= 4
+    password = user.replace(" ", "")
+    login = base64.b64encode(f"owner:{password}".encode())
+    secrets = [user.encode(), password.encode(), password.encode("utf-16-le"), base64.b64encode(password.encode()), login]
+    files = [path for path in desk.data_directory().rglob("*") if path.is_file()]
+    logs = [path for path in (pathlib.Path(os.environ["WORLD_DIR"]) / "logs").iterdir() if path.is_file()]
+    assert len(files) >= 4 and len(logs) >= 4
+    for path in files + logs:
+        assert not any(secret in path.read_bytes() for secret in secrets), path
 
 
 def access_log():
