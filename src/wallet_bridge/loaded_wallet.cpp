@@ -73,10 +73,13 @@ bool save_wallet()
     if (text.empty()) return false;
     const std::string path = wallet_path();
     create_folders(parent_folder(path));
-    const SecretText current(read_file(path).value_or(""));
+    auto bytes = read_file(path);
+    const bool is_there = bytes || file_status(path) != FileStatus::missing;
+    const SecretText current(std::move(bytes).value_or(""));
     if (current.text() == text.text()) return true;
-    // Writing now would undo what the wallet application has just saved. The next load sees both.
-    if (!current.empty() && current.text() != wallet->source.text()) return false;
+    // Writing now would undo what the wallet application has just saved, or is about to: then the file is empty, or
+    // cannot be read. The next load sees both.
+    if (is_there && current.text() != wallet->source.text()) return false;
     if (!rewrite_in_place(path, text.text())) return false;
     wallet->source = std::move(text);
     return true;

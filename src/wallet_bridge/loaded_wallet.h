@@ -21,7 +21,7 @@ bool is_wallet_locked();
 bool load_wallet();
 
 // Rewrites the file from the loaded wallet, in place; what this program does not know in it stays. False when no wallet
-// is loaded, the file cannot be written, or another program has changed it since it was loaded.
+// is loaded, the file cannot be written, or another program has changed it since it was loaded or has it to itself.
 bool save_wallet();
 
 // Wipes the loaded wallet's secrets and empties it.

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 namespace {
 
 const char* const kWallet = "wallets/1/wallet.json";
@@ -157,7 +159,8 @@ TEST(LoadedWallet, SavingMakesTheFolderThatIsGone)
     const TestFolder folder;
     bind_to_wallet(folder, phrase_wallet());
     ASSERT_TRUE(load_wallet());
-    ASSERT_TRUE(remove_file(folder.data() + "/" + kWallet));
+    const std::string wallets = folder.path() + "/Corvane/wallets";
+    ASSERT_GT(std::filesystem::remove_all(std::filesystem::path(std::u8string(wallets.begin(), wallets.end()))), 0U);
     EXPECT_TRUE(save_wallet());
     EXPECT_EQ(parse_json(folder.read(kWallet))["mnemonic"], kPhrase);
 }
