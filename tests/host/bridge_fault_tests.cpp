@@ -1,12 +1,17 @@
 // What the wallet bridge and the settings do when the disk refuses.
+#include "platform_host/native_path.h"
 #include "platform_host/stand_in.h"
 #include "settings/settings_store.h"
 #include "support/test_folder.h"
 #include "text/json.h"
+#include "wallet_bridge/binding.h"
+#include "wallet_bridge/house_registry.h"
 #include "wallet_bridge/migration.h"
 #include "wallet_bridge/wallet_registry.h"
 
 #include <gtest/gtest.h>
+
+#include <filesystem>
 
 TEST(BridgeFaults, AFailedReplaceLeavesTheOldRegistryAndNoTemporaryFile)
 {
@@ -72,6 +77,45 @@ TEST(BridgeFaults, ARegistryThatCannotBeReadNowIsNotTakenForAnEmptyOne)
     stand_in().files.reads_fail = false;
     EXPECT_EQ(folder.read("wallets.json"), R"({"wallets":[{"id":"1"}]})");
     EXPECT_EQ(folder.read("corvane_vaultry.json"), "the wallet");
+}
+
+TEST(BridgeFaults, AnOldWalletWhoseStatusCannotBeAskedIsNotMigrated)
+{
+    const TestFolder folder;
+    folder.write("wallets.json", R"({"wallets":[]})");
+    const std::string path = native_path(folder.data() + "/corvane_vaultry.json");
+    std::filesystem::create_symlink(path, path);  // endless, so that asking about it fails
+    migrate_single_wallet();
+    EXPECT_EQ(folder.read("wallets.json"), R"({"wallets":[]})");
+    EXPECT_FALSE(folder.has("wallets"));
+}
+
+TEST(BridgeFaults, TheBindRecordIsWrittenInItsPlace)
+{
+    const TestFolder folder;
+    bind_at_startup(".", "Brasslet");
+    stand_in().files.written.clear();
+    bind_wallet("1");
+    EXPECT_EQ(stand_in().files.written, std::vector<std::string>{folder.data() + "/binds/_.json"});
+}
+
+TEST(BridgeFaults, AHouseRegistryIsWrittenInItsPlace)
+{
+    const TestFolder folder;
+    EXPECT_EQ(register_house_label("ann", "02ab", ""), "");
+    EXPECT_EQ(stand_in().files.written, std::vector<std::string>{folder.data() + "/corvane_paymail.json"});
+}
+
+TEST(BridgeFaults, AHouseRegistryThatCannotBeReadNowIsNotTakenForAnEmptyOne)
+{
+    const TestFolder folder;
+    const std::string text = R"({"names":{"bob":{"pubkey":"03cd"}}})";
+    folder.write("corvane_paymail.json", text);
+    stand_in().files.reads_fail = true;
+    EXPECT_EQ(register_house_label("ann", "02ab", ""), "could not write paymail registry");
+    EXPECT_EQ(set_house_avatar("02ab", "p_0"), "could not write paymail registry");
+    stand_in().files.reads_fail = false;
+    EXPECT_EQ(folder.read("corvane_paymail.json"), text);
 }
 
 TEST(BridgeFaults, APasswordThatCannotBeProtectedIsNotSaved)

@@ -48,6 +48,11 @@ private:
     int m_file;
 };
 
+void tell_use(const std::string& path)
+{
+    if (stand_in().files.on_use) stand_in().files.on_use(path);
+}
+
 }  // namespace
 
 std::string native_path(const std::string& path)
@@ -74,6 +79,7 @@ bool create_folders(const std::string& path)
 
 std::optional<std::string> read_file(const std::string& path)
 {
+    tell_use(path);
     if (stand_in().files.reads_fail || std::filesystem::is_directory(native_path(path))) return std::nullopt;
     std::ifstream file(native_path(path), std::ios::binary);
     if (!file) return std::nullopt;
@@ -82,6 +88,7 @@ std::optional<std::string> read_file(const std::string& path)
 
 bool write_file(const std::string& path, std::string_view bytes)
 {
+    tell_use(path);
     if (stand_in().files.writes_fail) return false;
     const FileContent file(path, O_WRONLY | O_CREAT | O_TRUNC);
     if (!file.is_open()) return false;
@@ -91,6 +98,7 @@ bool write_file(const std::string& path, std::string_view bytes)
 
 bool rewrite_in_place(const std::string& path, std::string_view text)
 {
+    tell_use(path);
     if (stand_in().files.writes_fail) return false;
     const FileContent file(path, O_RDWR | O_CREAT);
     if (!file.is_open()) return false;
@@ -100,6 +108,7 @@ bool rewrite_in_place(const std::string& path, std::string_view text)
 
 bool replace_file(const std::string& from, const std::string& to)
 {
+    tell_use(to);
     if (stand_in().files.replaces_fail) return false;
     stand_in().files.written.push_back(to);
     return std::rename(native_path(from).c_str(), native_path(to).c_str()) == 0;
@@ -107,12 +116,14 @@ bool replace_file(const std::string& from, const std::string& to)
 
 bool rename_file(const std::string& from, const std::string& to)
 {
+    tell_use(from);
     if (stand_in().files.renames_fail || file_status(to) != FileStatus::missing) return false;
     return std::rename(native_path(from).c_str(), native_path(to).c_str()) == 0;
 }
 
 bool copy_file(const std::string& from, const std::string& to)
 {
+    tell_use(from);
     if (stand_in().files.copies_fail) return false;
     std::error_code error;
     constexpr auto kOverwrite = std::filesystem::copy_options::overwrite_existing;
@@ -121,5 +132,6 @@ bool copy_file(const std::string& from, const std::string& to)
 
 bool remove_file(const std::string& path)
 {
+    tell_use(path);
     return unlink(native_path(path).c_str()) == 0;
 }

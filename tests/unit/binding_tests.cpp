@@ -139,6 +139,26 @@ TEST(Binding, AnApprovedWalletIsBoundAndRecorded)
     EXPECT_EQ(wallet_binding().wallet_id, "1");
 }
 
+TEST(Binding, AWalletIsBoundEvenWhenItsRecordCannotBeWritten)
+{
+    const TestFolder folder;
+    folder.write("binds", "in the way");
+    start();
+    bind_wallet("1");
+    EXPECT_EQ(bound_wallet_id(), "1");
+    EXPECT_EQ(wallet_file_path(), folder.data() + "/wallets/1/wallet.json");
+    EXPECT_EQ(folder.read("binds"), "in the way");
+}
+
+TEST(Binding, ARecordIsWrittenOverALongerOne)
+{
+    const TestFolder folder;
+    folder.write(kRecord, R"({"wallet_id":"7","what another version kept":")" + std::string(500, 'x') + "\"}");
+    start();
+    bind_wallet("1");
+    EXPECT_EQ(folder.read(kRecord), kRecordOfOne);
+}
+
 TEST(Binding, TheRecordOnDiskCountsWhileItNamesAWallet)
 {
     const TestFolder folder;

@@ -23,3 +23,10 @@ TEST(DataDirectory, IsComputedAfreshOnEveryUse)
     use_local_app_data("two");
     EXPECT_EQ(data_directory(), "two\\Corvane");
 }
+
+TEST(DataDirectory, MayBeLong)
+{
+    const std::string base = "C:\\" + std::string(5000, 'a');
+    use_local_app_data(base);
+    EXPECT_EQ(data_directory(), base + "\\Corvane");
+}

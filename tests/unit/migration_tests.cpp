@@ -26,6 +26,19 @@ TEST(Migration, MakesTheOldWalletTheFirstOfTheRegistry)
     EXPECT_EQ(parse_json(folder.read("wallets.json"))["active"], wallets[0].id);
 }
 
+TEST(Migration, WithoutAPlaceForTheWalletItStaysAndTheRegistryGainsItsEntry)
+{
+    const TestFolder folder;
+    folder.write("corvane_vaultry.json", "the wallet");
+    folder.write("wallets", "in the way");
+    migrate_single_wallet();
+    ASSERT_EQ(list_wallets().size(), 1U);
+    EXPECT_EQ(list_wallets()[0].name, "Wallet 1");
+    EXPECT_EQ(parse_json(folder.read("wallets.json"))["active"], list_wallets()[0].id);
+    EXPECT_EQ(folder.read("corvane_vaultry.json"), "the wallet");
+    EXPECT_EQ(folder.read("wallets"), "in the way");
+}
+
 TEST(Migration, KeepsWhatElseStandsInTheRegistry)
 {
     const TestFolder folder;

@@ -1,6 +1,7 @@
 #include "wallet_bridge/registry_lock.h"
 
 #include "platform/file_lock.h"
+#include "platform/files.h"
 #include "support/child_process.h"
 #include "support/test_folder.h"
 
@@ -20,6 +21,17 @@ TEST(RegistryLock, MakesAnEmptyLockFileAndLeavesIt)
     }
     EXPECT_TRUE(folder.has("wallets.lock"));
     EXPECT_EQ(folder.read("wallets.lock"), "");
+}
+
+TEST(RegistryLock, OpensTheLockFileAsItStandsAndClosesIt)
+{
+    const TestFolder folder;
+    folder.write("wallets.lock", "a word of another program");
+    {
+        const RegistryLock lock;
+    }
+    EXPECT_EQ(folder.read("wallets.lock"), "a word of another program");
+    EXPECT_TRUE(remove_file(folder.data() + "/wallets.lock"));
 }
 
 TEST(RegistryLock, AThreadMayTakeItAgainAndTheOutermostReleaseGivesTheFileBack)

@@ -124,6 +124,45 @@ TEST(SettingsStore, AMemberThatIsNoTextEndsTheLoadAndWhatWasTakenStays)
     EXPECT_EQ(loaded().user, "u");
 }
 
+TEST(SettingsStore, APasswordBehindAMemberThatIsNoTextIsNotTaken)
+{
+    const TestFolder folder;
+    save_settings(settings_with_password(kPassword), "");
+    auto document = parse_json(folder.read("payname/ui.json"));
+    for (const char* member : {"site", "user"}) {
+        auto wrong = document;
+        wrong[member] = 7;
+        folder.write("payname/ui.json", wrong.dump());
+        EXPECT_EQ(loaded().pass.text(), "") << member;
+    }
+    document["alias"] = 7;
+    folder.write("payname/ui.json", document.dump());
+    EXPECT_EQ(loaded().pass.text(), kPassword);
+    EXPECT_EQ(saved_name(), "");
+}
+
+TEST(SettingsStore, AFailedLoadLeavesTheSettingsAsTheyWere)
+{
+    const TestFolder folder;
+    for (const char* text : {"", "[]", R"({"site":7})"}) {
+        folder.write("payname/ui.json", text);
+        SiteSettings settings = settings_with_password(kPassword);
+        load_settings(settings);
+        EXPECT_EQ(settings.user, "ann") << text;
+        EXPECT_EQ(settings.pass.text(), kPassword) << text;
+    }
+}
+
+TEST(SettingsStore, AFolderThatCannotBeMadeIsPassedOverInSilence)
+{
+    const TestFolder folder;
+    folder.write("payname", "in the way");
+    EXPECT_EQ(settings_folder(), folder.data() + "/payname");
+    save_settings(settings_with_password(kPassword), "bob");
+    EXPECT_EQ(loaded().user + saved_name(), "");
+    EXPECT_EQ(folder.read("payname"), "in the way");
+}
+
 TEST(SettingsStore, AbsentMembersAreEmpty)
 {
     const TestFolder folder;

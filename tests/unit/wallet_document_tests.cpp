@@ -153,6 +153,19 @@ TEST(WalletDocument, APublicKeyThatIsMissingIsComputed)
     }
 }
 
+TEST(WalletDocument, APublicKeyThatIsThereIsTakenAsItIs)
+{
+    for (const char* key : {kPrivateKey, "a form that only the wallet application knows"}) {
+        // The generator of secp256k1, which is not the public key of the private one.
+        const auto wallet =
+            wallet_in({{"priv", key}, {"pub", "0279be667ef9dcbbac55a06295ce870b07029bfcdb2dce28d959f2815b16f81798"}});
+        ASSERT_TRUE(wallet) << key;
+        EXPECT_EQ(wallet->keys.private_key.text(), key);
+        EXPECT_EQ(wallet->keys.identity_key, "0279be667ef9dcbbac55a06295ce870b07029bfcdb2dce28d959f2815b16f81798");
+        EXPECT_EQ(wallet->keys.address, "1BgGZ9tcN4rm9KBzDn7KprQz87SZ26SAMH");
+    }
+}
+
 TEST(WalletDocument, ASingleKeyThatIsNoKeyIsNoWallet)
 {
     for (const char* key :

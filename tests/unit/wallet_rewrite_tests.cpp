@@ -134,6 +134,12 @@ TEST(WalletRewrite, CompletesADocumentThatHoldsOnlyAPhrase)
     EXPECT_EQ(compact_json(document["contacts"]), "[]");
 }
 
+TEST(WalletRewrite, WritesItsOwnFormatVersion)
+{
+    for (const char* version : {"1", "3", "\"2\""})
+        EXPECT_EQ(parse_json(rewritten("{" + phrase_member() + R"(,"version":)" + version + "}"))["version"], 2);
+}
+
 TEST(WalletRewrite, LeavesOutWhatIsEmpty)
 {
     const auto document =

@@ -1,5 +1,7 @@
 // Files that another process holds open while the program wants to change them.
 #include "platform/files.h"
+#include "platform/unique_handle.h"
+#include "platform/windows_path.h"
 #include "support/child_process.h"
 #include "support/test_folder.h"
 #include "wallet_bridge/migration.h"
@@ -86,4 +88,29 @@ TEST(SharedFiles, ARegistryThatIsLockedElsewhereIsNotTakenForAnEmptyOne)
     }
     EXPECT_EQ(folder.read("wallets.json"), registry);
     EXPECT_EQ(folder.read("corvane_vaultry.json"), "the wallet");
+}
+
+TEST(SharedFiles, AFileIsReadWhileAnotherProgramHasItOpenForWriting)
+{
+    const TestFolder folder;
+    folder.write("file", "text");
+    const std::string path = folder.data() + "/file";
+    constexpr DWORD kEveryShare = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    const UniqueHandle writer(
+        CreateFileW(wide_path(path).c_str(), GENERIC_WRITE | DELETE, kEveryShare, nullptr, OPEN_EXISTING, 0, nullptr));
+    ASSERT_TRUE(writer);
+    EXPECT_EQ(read_file(path), "text");
+}
+
+TEST(SharedFiles, AFileAboveTheLargestSizeIsNotRead)
+{
+    const TestFolder folder;
+    folder.write("file", "text");
+    const std::string path = folder.data() + "/file";
+    UniqueHandle file(CreateFileW(wide_path(path).c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+    LARGE_INTEGER beyond{};
+    beyond.QuadPart = 64LL * 1024 * 1024 + 1;
+    ASSERT_TRUE(SetFilePointerEx(file.get(), beyond, nullptr, FILE_BEGIN) && SetEndOfFile(file.get()));
+    ASSERT_TRUE(file.close());
+    EXPECT_FALSE(read_file(path).has_value());
 }

@@ -1,0 +1,31 @@
+// What the real program leaves in the shared data directory when it starts.
+#include "platform/files.h"
+#include "platform/windows_path.h"
+#include "support/test_folder.h"
+#include "text/json.h"
+#include "wallet_bridge/binding.h"
+#include "windows/running_program.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+TEST(Start, BindsTheOnlyWalletForTheFolderOfTheExecutable)
+{
+    const TestFolder folder;
+    folder.write("wallets.json", R"({"wallets":[{"id":"1"}]})");
+    EXPECT_EQ(RunningProgram().close(), 0U);
+
+    std::vector<std::wstring> names;
+    for (const auto& entry : std::filesystem::directory_iterator(wide_path(folder.data() + "/binds")))
+        names.push_back(entry.path().filename().wstring());
+    ASSERT_EQ(names.size(), 1U);
+    const auto record = parse_json(folder.read("binds/" + narrow_path(names[0])));
+    EXPECT_EQ(record.size(), 3U);
+    EXPECT_EQ(text_member(record, "app"), "Brasslet");
+    EXPECT_EQ(text_member(record, "wallet_id"), "1");
+    const std::string instance = text_member(record, "instance");
+    EXPECT_TRUE(instance.ends_with("\\src")) << instance;
+    EXPECT_EQ(file_status(instance + "\\Brasslet.exe"), FileStatus::exists) << instance;
+    EXPECT_EQ(narrow_path(names[0]), bind_key(instance) + ".json");
+}
