@@ -58,6 +58,11 @@ void on_dpi_changed(HWND window, unsigned dpi, const RECT& suggested)
     lay_out(window);
 }
 
+void draw_button(const DRAWITEMSTRUCT& item)
+{
+    paint_drawn_button(item, {app_state().dpi, app_state().fonts.body.get()});
+}
+
 void limit_size(MINMAXINFO& limits)
 {
     const Size smallest = smallest_window_size(app_state().dpi);
@@ -137,8 +142,7 @@ LRESULT CALLBACK main_window_procedure(HWND window, UINT message, WPARAM wparam,
         paint_main_window(window);
         return 0;
     case WM_DRAWITEM:
-        paint_drawn_button(*reinterpret_cast<const DRAWITEMSTRUCT*>(lparam), app_state().dpi,
-                           app_state().fonts.body.get());
+        draw_button(*reinterpret_cast<const DRAWITEMSTRUCT*>(lparam));
         return 1;
     case WM_CTLCOLORSTATIC:
         return reinterpret_cast<LRESULT>(colour_static(reinterpret_cast<HDC>(wparam), reinterpret_cast<HWND>(lparam)));

@@ -3,6 +3,7 @@
 #include "ui/background.h"
 #include "ui/dpi.h"
 #include "ui/drawn_button.h"
+#include "ui/picture_painter.h"
 
 namespace {
 
@@ -45,7 +46,7 @@ void paint_outline(HDC dc, const RECT& place, int corner, Colour colour)
     RoundRect(dc, place.left, place.top, place.right - 1, place.bottom - 1, corner, corner);
 }
 
-void paint_label(const DRAWITEMSTRUCT& item, const ButtonState& state, HFONT font)
+void paint_label(const DRAWITEMSTRUCT& item, const ButtonState& state, Colour colour, HFONT font)
 {
     wchar_t label[kLongestLabel + 1] = {};
     const int length = GetWindowTextW(item.hwndItem, label, kLongestLabel + 1);
@@ -53,20 +54,36 @@ void paint_label(const DRAWITEMSTRUCT& item, const ButtonState& state, HFONT fon
     if (state.pressed) OffsetRect(&place, 1, 1);
 
     const Selected selected(item.hDC, font);
-    SetTextColor(item.hDC, colorref(state.disabled ? kButtonTextDisabled : kButtonText));
+    SetTextColor(item.hDC, colorref(colour));
     SetBkMode(item.hDC, TRANSPARENT);
     DrawTextW(item.hDC, label, length, &place, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
 }
 
+void paint_content(const DRAWITEMSTRUCT& item, const ButtonState& state, const ButtonLook& look)
+{
+    const Colour colour = state.disabled ? kButtonTextDisabled : kButtonText;
+    const Rect place = from_windows(item.rcItem);
+    switch (look.picture) {
+    case Picture::none:
+        return paint_label(item, state, colour, look.font);
+    case Picture::gear:
+        return paint_gear(item.hDC, gear_on(place, look.dpi, state.pressed), colour);
+    case Picture::open_eye:
+    case Picture::struck_eye:
+        const bool is_struck = look.picture == Picture::struck_eye;
+        return paint_eye(item.hDC, eye_on(place, look.dpi, state.pressed, is_struck), colour);
+    }
+}
+
 }  // namespace
 
-void paint_drawn_button(const DRAWITEMSTRUCT& item, unsigned dpi, HFONT font)
+void paint_drawn_button(const DRAWITEMSTRUCT& item, const ButtonLook& look)
 {
     const ButtonState state = state_of(item);
     const BackgroundBehind behind = background_behind(item.hwndItem);
-    const int corner = scaled(kCorner, dpi);
+    const int corner = scaled(kCorner, look.dpi);
     paint_behind(item, behind);
     paint_face(item.hDC, item.rcItem, corner, button_face(state, behind.middle));
     paint_outline(item.hDC, item.rcItem, corner, state.hot || state.pressed ? kBorderActive : kBorder);
-    paint_label(item, state, font);
+    paint_content(item, state, look);
 }

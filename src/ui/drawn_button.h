@@ -9,5 +9,14 @@ inline constexpr wchar_t kHotProperty[] = L"payname.hot";
 // A visible child button of a provisional size; the layout places it. Null when Windows refuses.
 HWND create_drawn_button(HWND parent, int id, const wchar_t* label);
 
-// The answer to WM_DRAWITEM for a button made above. `font` is the body font of `dpi`.
-void paint_drawn_button(const DRAWITEMSTRUCT& item, unsigned dpi, HFONT font);
+// What stands on a button in place of its label.
+enum class Picture { none, gear, open_eye, struck_eye };
+
+struct ButtonLook {
+    unsigned dpi = 0;
+    HFONT font = nullptr;  // the body font of that DPI
+    Picture picture = Picture::none;
+};
+
+// The answer to WM_DRAWITEM for a button made above.
+void paint_drawn_button(const DRAWITEMSTRUCT& item, const ButtonLook& look);

@@ -8,6 +8,20 @@ struct Size {
     bool operator==(const Size&) const = default;
 };
 
+struct Point {
+    int x = 0;
+    int y = 0;
+
+    bool operator==(const Point&) const = default;
+};
+
+struct Line {
+    Point from;
+    Point to;
+
+    bool operator==(const Line&) const = default;
+};
+
 struct Rect {
     int x = 0;
     int y = 0;
@@ -17,5 +31,6 @@ struct Rect {
     int right() const { return x + width; }
     int bottom() const { return y + height; }
     int middle() const { return y + height / 2; }
+    Point centre() const { return {x + width / 2, middle()}; }
     bool operator==(const Rect&) const = default;
 };
