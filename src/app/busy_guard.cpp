@@ -2,12 +2,14 @@
 
 #include "app/app_state.h"
 #include "app/controls.h"
+#include "app/open_settings.h"
 #include "text/ascii.h"
 
 void start_guarded_flow(int button, Flow flow)
 {
     if (is_already_working()) return;
     AppState& state = app_state();
+    take_open_settings();
     const std::string name = name_field_text();
     state.settings.alias = lower_ascii(name);
     save_settings(state.settings, name);

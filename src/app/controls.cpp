@@ -3,11 +3,10 @@
 #include "app/app_state.h"
 #include "app/version.h"
 #include "platform/text_conversion.h"
+#include "ui/child_controls.h"
 #include "ui/control_text.h"
 #include "ui/drawn_button.h"
 #include "ui/painted_static.h"
-
-#include <commctrl.h>
 
 #include <algorithm>
 
@@ -28,6 +27,7 @@ struct ControlRow {
 constexpr ControlRow kControls[] = {
     {kConnectButton, Kind::button, L"Connect", &Fonts::body, &MainLayout::connect, true},
     {kUnbindButton, Kind::button, L"Unbind", &Fonts::body, &MainLayout::unbind, true},
+    {kSettingsButton, Kind::button, L"", &Fonts::body, &MainLayout::settings, true},
     {kHousePaymailCaption, Kind::label, L"House paymail", &Fonts::small, &MainLayout::house_paymail_caption},
     {kHousePaymail, Kind::label, L"", &Fonts::body, &MainLayout::house_paymail},
     {kPaymentAddressCaption, Kind::label, L"Payment address", &Fonts::small, &MainLayout::payment_address_caption},
@@ -43,45 +43,22 @@ constexpr ControlRow kControls[] = {
     {kVersionLabel, Kind::label, L"", &Fonts::small, &MainLayout::version},
 };
 
-constexpr int kProvisionalSize = 10;
-
 HWND control(int id)
 {
     return GetDlgItem(app_state().main_window, id);
 }
 
-void set_font(HWND window, const Font& font)
-{
-    SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), TRUE);
-}
-
-HWND create_child(HWND parent, const ControlRow& row, const wchar_t* window_class, DWORD style, DWORD extended_style)
-{
-    return CreateWindowExW(extended_style, window_class, row.text, WS_CHILD | WS_VISIBLE | style, 0, 0,
-                           kProvisionalSize, kProvisionalSize, parent,
-                           reinterpret_cast<HMENU>(static_cast<INT_PTR>(row.id)), GetModuleHandleW(nullptr), nullptr);
-}
-
-HWND create_field(HWND parent, const ControlRow& row)
-{
-    const HWND field = create_child(parent, row, L"EDIT", WS_TABSTOP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE);
-    constexpr WPARAM kAlsoWhileFocused = TRUE;
-    SendMessageW(field, EM_SETCUEBANNER, kAlsoWhileFocused, reinterpret_cast<LPARAM>(L"name"));
-    return field;
-}
-
 HWND create_control(HWND parent, const ControlRow& row)
 {
-    constexpr DWORD kLabelStyle = WS_CLIPSIBLINGS | SS_NOPREFIX;
     switch (row.kind) {
     case Kind::button:
         return create_drawn_button(parent, row.id, row.text);
     case Kind::field:
-        return create_field(parent, row);
+        return create_field(parent, row.id, row.text);
     case Kind::wrapped_label:
-        return create_child(parent, row, L"STATIC", kLabelStyle, 0);
+        return create_label(parent, row.id, row.text, kWrappedLabel);
     case Kind::label:
-        return create_child(parent, row, L"STATIC", kLabelStyle | SS_ENDELLIPSIS, 0);
+        return create_label(parent, row.id, row.text, kOneLineLabel);
     }
     return nullptr;
 }
@@ -108,6 +85,7 @@ void create_controls(HWND window)
     for (const ControlRow& row : kControls)
         set_font(create_control(window, row), app_state().fonts.*row.font);
 
+    set_cue(control(kNameField), L"name");
     make_self_painting(control(kStatusLine), TextFlow::wrapped);
     const HWND version = control(kVersionLabel);
     SetWindowLongPtrW(version, GWL_STYLE, GetWindowLongPtrW(version, GWL_STYLE) | SS_NOTIFY);

@@ -8,6 +8,7 @@
 enum ControlId : int {
     kConnectButton = 1001,
     kUnbindButton = 1002,
+    kSettingsButton = 1003,
     kNameField = 1004,
     kPublishButton = 1006,
     kStatusLine = 1008,

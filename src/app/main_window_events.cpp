@@ -5,11 +5,13 @@
 #include "app/connection.h"
 #include "app/controls.h"
 #include "app/messages.h"
+#include "app/open_settings.h"
 #include "app/posted_text.h"
 #include "app/wallet_card.h"
 #include "app/window_painting.h"
 #include "flows/publish.h"
 #include "ui/drawn_button.h"
+#include "ui/frame.h"
 
 #include <utility>
 
@@ -60,7 +62,8 @@ void on_dpi_changed(HWND window, unsigned dpi, const RECT& suggested)
 
 void draw_button(const DRAWITEMSTRUCT& item)
 {
-    paint_drawn_button(item, {app_state().dpi, app_state().fonts.body.get()});
+    const Picture picture = item.CtlID == kSettingsButton ? Picture::gear : Picture::none;
+    paint_drawn_button(item, {app_state().dpi, app_state().fonts.body.get(), picture});
 }
 
 void limit_size(MINMAXINFO& limits)
@@ -80,6 +83,9 @@ void on_command(HWND window, int id, int notification)
         break;
     case kUnbindButton:
         on_unbind_pressed();
+        break;
+    case kSettingsButton:
+        open_settings();
         break;
     case kPublishButton:
         start_guarded_flow(id, publish_sentence);

@@ -4,15 +4,7 @@
 #include "app/controls.h"
 #include "ui/background.h"
 
-#include <dwmapi.h>
-
 namespace {
-
-// Windows 11's names for these attributes are younger than the headers of some toolchains.
-constexpr DWORD kUseDarkMode = 20;
-constexpr DWORD kBorderColour = 34;
-constexpr DWORD kCaptionColour = 35;
-constexpr DWORD kTextColour = 36;
 
 void paint_card(HDC dc, const Rect& card, int corner)
 {
@@ -43,11 +35,6 @@ void paint_header(HDC dc, const MainLayout& layout)
 
     paint_text(dc, L"A payment name beside your Vaultry paymail.", layout.subtitle, fonts.small, kSubtitleText,
                DT_END_ELLIPSIS);
-}
-
-void set_frame(HWND window, DWORD attribute, DWORD value)
-{
-    DwmSetWindowAttribute(window, attribute, &value, sizeof value);
 }
 
 }  // namespace
@@ -84,12 +71,4 @@ HBRUSH colour_field(HDC dc)
     SetTextColor(dc, colorref(kLightText));
     SetBkColor(dc, colorref(kEditBackground));
     return app_state().edit_brush.get();
-}
-
-void apply_frame_colours(HWND window)
-{
-    set_frame(window, kUseDarkMode, TRUE);
-    set_frame(window, kCaptionColour, colorref(kFrameCaption));
-    set_frame(window, kBorderColour, colorref(kFrameBorder));
-    set_frame(window, kTextColour, colorref(kFrameText));
 }

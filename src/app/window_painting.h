@@ -8,5 +8,3 @@ void paint_main_window(HWND window);
 // The answers to WM_CTLCOLORSTATIC and WM_CTLCOLOREDIT.
 HBRUSH colour_static(HDC dc, HWND control);
 HBRUSH colour_field(HDC dc);
-
-void apply_frame_colours(HWND window);

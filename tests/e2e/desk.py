@@ -21,6 +21,8 @@ PHRASE = "legal winner thank year wave sausage worth useful legal winner thank y
 NAME, PREVIEW, HOUSE_PAYMAIL, PAYMENT_ADDRESS, NOTE = 1004, 1012, 1010, 1011, 1013
 CONNECT, UNBIND = 1001, 1002
 STATUS, PUBLISH, CLOSE = 1008, 1006, 1018
+SETTINGS, VERSION = 1003, 1009
+SETTINGS_WINDOW, SITE, USER, PASSWORD, CLOSE_SETTINGS, EYE = 2000, 2001, 2002, 2003, 2004, 2009
 
 
 def data_directory() -> pathlib.Path:
@@ -137,9 +139,9 @@ def wallet_application(folder: pathlib.Path, *options: str):
         process.wait()
 
 
-def screenshot(path: pathlib.Path) -> None:
-    """The main window as the user sees it."""
-    left, top, right, bottom = map(int, drive("rectangle").split())
+def screenshot(path: pathlib.Path, *window: int) -> None:
+    """The main window, or another one, as the user sees it."""
+    left, top, right, bottom = map(int, drive("rectangle", *window).split())
     path.parent.mkdir(parents=True, exist_ok=True)
     subprocess.run(["import", "-window", "root", "-crop", f"{right - left}x{bottom - top}+{left}+{top}", "+repage", path],
                    check=True, timeout=60)

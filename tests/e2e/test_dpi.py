@@ -20,8 +20,15 @@ def monitor_of(dpi):
         set_dpi(96)
 
 
-@pytest.mark.parametrize(("dpi", "size"), [(96, "760 600"), (144, "1140 900"), (192, "1520 1200")])
-def test_the_window_opens_in_the_size_of_its_monitor(user, dpi, size):
+@pytest.mark.parametrize(
+    ("dpi", "size", "settings_size"), [(96, "760 600", "500 360"), (144, "1140 900", "750 540"), (192, "1520 1200", "1000 720")]
+)
+def test_the_windows_open_in_the_size_of_their_monitor(user, dpi, size, settings_size):
     with monitor_of(dpi), desk.running_program():
         assert desk.drive("client-size") == size
         desk.screenshot(desk.PICTURES / f"window-{dpi}.png")
+        desk.drive("press", desk.SETTINGS)
+        assert desk.drive("client-size", desk.SETTINGS_WINDOW) == settings_size
+        desk.screenshot(desk.PICTURES / f"settings-{dpi}.png", desk.SETTINGS_WINDOW)
+        desk.drive("press", desk.EYE)
+        desk.screenshot(desk.PICTURES / f"settings-shown-{dpi}.png", desk.SETTINGS_WINDOW)

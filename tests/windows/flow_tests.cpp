@@ -5,29 +5,17 @@
 #include "text/json.h"
 #include "windows/running_program.h"
 #include "windows/stalled_site.h"
+#include "windows/wallet_on_disk.h"
 
 #include <gtest/gtest.h>
 
 namespace {
-
-constexpr char kWalletId[] = "1700000000000";
-
-// The phrase of BIP39's first English vector.
-constexpr char kPhrase[] =
-    "abandon abandon abandon abandon abandon abandon abandon abandon abandon abandon abandon about";
 
 void write_settings(const TestFolder& folder, const std::string& alias)
 {
     const std::string pass = base64_encode(protect_for_user(SecretText("abcdefghijkl")).value_or(""));
     folder.write("payname/ui.json",
                  pretty_json({{"alias", alias}, {"pass", pass}, {"site", "https://example.org"}, {"user", "admin"}}));
-}
-
-void write_wallet(const TestFolder& folder)
-{
-    folder.write("wallets.json", pretty_json({{"wallets", {{{"id", kWalletId}, {"name", "Wallet 1"}}}}}));
-    folder.write(std::string("wallets/") + kWalletId + "/wallet.json",
-                 pretty_json({{"version", 2}, {"mnemonic", kPhrase}, {"recv", {0, 0, 0, 0, 0, 0}}}));
 }
 
 std::string saved_alias(const TestFolder& folder)
@@ -42,7 +30,7 @@ protected:
     {
         write_settings(m_folder, "");
         write_wallet(m_folder);
-        m_site = std::make_unique<StalledSite>();
+        m_site = std::make_unique<StalledSite>("example.org");
         m_program = std::make_unique<RunningProgram>();
         m_program->type(L"Ann");
         m_program->press(1006);

@@ -24,6 +24,7 @@ constexpr wchar_t kEdit[] = L"Edit";
 constexpr Expected kExpected[] = {
     {1001, kButton, L"Connect", &MainLayout::connect},
     {1002, kButton, L"Unbind", &MainLayout::unbind},
+    {1003, kButton, L"", &MainLayout::settings},
     {1014, kStatic, L"House paymail", &MainLayout::house_paymail_caption},
     {1010, kStatic, L"Connect Vaultry", &MainLayout::house_paymail},
     {1015, kStatic, L"Payment address", &MainLayout::payment_address_caption},
@@ -111,7 +112,7 @@ TEST(MainWindow, ItsControlsHaveTheirStyles)
         EXPECT_EQ(style(program, id), kLabel | SS_ENDELLIPSIS) << id;
     EXPECT_EQ(style(program, 1008), kLabel);
     EXPECT_EQ(style(program, 1009), kLabel | SS_ENDELLIPSIS | SS_NOTIFY);
-    for (const int id : {1001, 1002, 1006, 1018})
+    for (const int id : {1001, 1002, 1003, 1006, 1018})
         EXPECT_EQ(style(program, id), WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_TABSTOP | BS_OWNERDRAW) << id;
     constexpr DWORD kField = WS_TABSTOP | ES_AUTOHSCROLL;
     EXPECT_EQ(style(program, 1004) & (kField | ES_MULTILINE), kField);

@@ -6,6 +6,10 @@
 
 #include <gtest/gtest.h>
 
+#include <windows.h>
+
+#include <commctrl.h>
+
 namespace {
 
 constexpr DWORD kPatience = 10'000;  // milliseconds; what takes longer has failed
@@ -32,25 +36,7 @@ DWORD exit_code_of(HANDLE process)
     return code;
 }
 
-LRESULT send(HWND window, UINT message, WPARAM wparam, LPARAM lparam)
-{
-    DWORD_PTR answer = 0;
-    if (!SendMessageTimeoutW(window, message, wparam, lparam, SMTO_ABORTIFHUNG, kPatience, &answer))
-        ADD_FAILURE() << "no answer to message " << message;
-    return static_cast<LRESULT>(answer);
-}
-
 }  // namespace
-
-bool becomes_true(const std::function<bool()>& condition)
-{
-    const ULONGLONG end = GetTickCount64() + kPatience;
-    while (!condition()) {
-        if (GetTickCount64() > end) return false;
-        Sleep(5);
-    }
-    return true;
-}
 
 std::wstring program_folder()
 {
@@ -87,42 +73,32 @@ RunningProgram::~RunningProgram()
 
 std::wstring RunningProgram::text(int id) const
 {
-    wchar_t text[1024] = {};
-    send(control(id), WM_GETTEXT, std::size(text), reinterpret_cast<LPARAM>(text));
-    return text;
+    return text_of(control(id));
 }
 
 Rect RunningProgram::place(int id) const
 {
-    RECT place{};
-    GetWindowRect(control(id), &place);
-    MapWindowPoints(HWND_DESKTOP, m_window, reinterpret_cast<POINT*>(&place), 2);
-    return {place.left, place.top, place.right - place.left, place.bottom - place.top};
+    return place_of(control(id));
 }
 
 Size RunningProgram::client() const
 {
-    RECT client{};
-    GetClientRect(m_window, &client);
-    return {client.right, client.bottom};
+    return client_size_of(m_window);
 }
 
 void RunningProgram::type(const wchar_t* name) const
 {
-    send(control(1004), EM_SETSEL, 0, -1);
-    send(control(1004), WM_CLEAR, 0, 0);
-    for (const wchar_t* letter = name; *letter != L'\0'; ++letter)
-        send(control(1004), WM_CHAR, *letter, 0);
+    type_into(control(1004), name);
 }
 
 void RunningProgram::press(int id) const
 {
-    send(control(id), BM_CLICK, 0, 0);
+    send_to(control(id), BM_CLICK);
 }
 
 bool RunningProgram::shows(int id, const std::wstring& expected) const
 {
-    return becomes_true([&] { return text(id) == expected; });
+    return shows_text(control(id), expected);
 }
 
 bool RunningProgram::answers() const
@@ -131,13 +107,32 @@ bool RunningProgram::answers() const
     return SendMessageTimeoutW(m_window, WM_NULL, 0, 0, SMTO_ABORTIFHUNG, kPatience, &answer) != 0;
 }
 
+HWND RunningProgram::focus() const
+{
+    GUITHREADINFO thread{};
+    thread.cbSize = sizeof thread;
+    GetGUIThreadInfo(GetWindowThreadProcessId(m_window, nullptr), &thread);
+    return thread.hwndFocus;
+}
+
+std::wstring RunningProgram::cue_of(HWND field) const
+{
+    // The answer is written to an address of the program's own memory.
+    wchar_t cue[64] = {};
+    void* theirs = VirtualAllocEx(m_process, nullptr, sizeof cue, MEM_COMMIT | MEM_RESERVE, PAGE_READWRITE);
+    send_to(field, EM_GETCUEBANNER, reinterpret_cast<WPARAM>(theirs), std::size(cue));
+    ReadProcessMemory(m_process, theirs, cue, sizeof cue, nullptr);
+    VirtualFreeEx(m_process, theirs, 0, MEM_RELEASE);
+    return cue;
+}
+
 void RunningProgram::change_dpi(unsigned dpi, const RECT& suggested) const
 {
     // The message carries an address, which must mean something in the program's own memory.
     void* theirs = VirtualAllocEx(m_process, nullptr, sizeof suggested, MEM_COMMIT | MEM_RESERVE, PAGE_READWRITE);
     ASSERT_NE(theirs, nullptr);
     ASSERT_TRUE(WriteProcessMemory(m_process, theirs, &suggested, sizeof suggested, nullptr));
-    send(m_window, WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(theirs));
+    send_to(m_window, WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(theirs));
     VirtualFreeEx(m_process, theirs, 0, MEM_RELEASE);
 }
 

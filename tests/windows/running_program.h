@@ -1,15 +1,9 @@
 // The real program, started beside a test and driven through its real window.
 #pragma once
 
-#include "ui/geometry.h"
+#include "windows/any_window.h"
 
-#include <windows.h>
-
-#include <functional>
 #include <string>
-
-// Asks again until `condition` holds; false when it still does not after ten seconds.
-bool becomes_true(const std::function<bool()>& condition);
 
 // Starts the program with this process's environment; its exit code.
 DWORD run_to_its_end();
@@ -36,6 +30,9 @@ public:
     void press(int id) const;                            // a button, with the mouse
     bool shows(int id, const std::wstring& text) const;  // sooner or later
     bool answers() const;                                // its thread is in the message loop
+    HWND focus() const;                                  // the window that the keys go to
+    std::wstring cue_of(HWND field) const;
+    HANDLE process() const { return m_process; }
 
     // Tells the window, as the system does, that it is on a monitor of `dpi` now and what its rectangle should be.
     void change_dpi(unsigned dpi, const RECT& suggested) const;

@@ -1,20 +1,27 @@
-// A road to every site on which nobody ever answers: a flow that takes it lasts until the road is closed.
+// A road to every host on which nobody ever answers: what takes it lasts until the road is closed.
 #pragma once
 
 #include <winsock2.h>
 
+#include <string>
+#include <vector>
+
 class StalledSite {
 public:
-    StalledSite();  // programs started from now on ask every site through here
+    // Programs started from now on ask every host through here; the test waits for those that ask for `host`.
+    explicit StalledSite(const std::string& host);
     StalledSite(const StalledSite&) = delete;
     StalledSite& operator=(const StalledSite&) = delete;
     ~StalledSite();
 
-    bool is_asked();        // waits until a flow has come this far
-    bool is_asked_again();  // whether another one has
-    void close();           // the flow that waits fails at once
+    bool is_asked();        // waits until somebody has asked for the host
+    bool is_asked_again();  // whether somebody else has
+    void close();           // all who wait fail at once
 
 private:
+    bool is_asked_within(long seconds);
+
+    std::string m_first_line;
     SOCKET m_listener = INVALID_SOCKET;
-    SOCKET m_asked = INVALID_SOCKET;
+    std::vector<SOCKET> m_callers;
 };

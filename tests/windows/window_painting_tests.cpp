@@ -8,19 +8,9 @@
 
 namespace {
 
-COLORREF on_screen(const RunningProgram& program, int x, int y)
-{
-    POINT point{x, y};
-    ClientToScreen(program.window(), &point);
-    HDC screen = GetDC(nullptr);
-    const COLORREF colour = GetPixel(screen, point.x, point.y);
-    ReleaseDC(nullptr, screen);
-    return colour;
-}
-
 bool shows_colour(const RunningProgram& program, int x, int y, Colour colour)
 {
-    return becomes_true([&] { return on_screen(program, x, y) == colorref(colour); });
+    return becomes_true([&] { return pixel_of(program.window(), x, y) == colorref(colour); });
 }
 
 }  // namespace
@@ -30,7 +20,7 @@ TEST(WindowPainting, ItsBackgroundRunsFromTheTopColourToTheBottomColour)
     const TestFolder folder;
     const RunningProgram program;
     EXPECT_TRUE(shows_colour(program, 5, 0, kBackgroundTop));
-    const COLORREF bottom = on_screen(program, 5, program.client().height - 1);
+    const COLORREF bottom = pixel_of(program.window(), 5, program.client().height - 1);
     EXPECT_NEAR(GetRValue(bottom), kBackgroundBottom.red, 1);
     EXPECT_NEAR(GetGValue(bottom), kBackgroundBottom.green, 1);
     EXPECT_NEAR(GetBValue(bottom), kBackgroundBottom.blue, 1);

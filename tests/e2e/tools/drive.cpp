@@ -1,4 +1,4 @@
-// Works the program's main window from outside, as a user's hands and eyes would: finds it, reads its controls, types,
+// Works the program's windows from outside, as a user's hands and eyes would: finds them, reads their controls, types,
 // presses. One command a run; what it finds goes to standard output as UTF-8. Exit status 1: not found, or too late.
 #include <windows.h>
 #include <shellapi.h>
@@ -12,6 +12,8 @@
 namespace {
 
 constexpr wchar_t kWindowClass[] = L"CorvaneBrassletShell";
+constexpr wchar_t kSettingsClass[] = L"CorvaneBrassletSettings";
+constexpr int kSettingsWindow = 2000;   // stands for the settings window itself; its controls have the ids after it
 constexpr UINT kAnswerWithin = 10'000;  // milliseconds
 constexpr int kPublishButton = 1006;
 
@@ -48,9 +50,24 @@ HWND vaultry_window()
     return FindWindowW(L"CorvaneVaultryShell", nullptr);
 }
 
+HWND settings_window()
+{
+    return FindWindowW(kSettingsClass, nullptr);
+}
+
+// The update question.
+HWND question()
+{
+    const HWND box = FindWindowW(L"#32770", L"Brasslet");
+    return box != nullptr && GetWindow(box, GW_OWNER) == window() ? box : nullptr;
+}
+
 HWND control(const Arguments& arguments)
 {
-    return arguments.empty() ? nullptr : GetDlgItem(window(), std::stoi(arguments[0]));
+    if (arguments.empty()) return nullptr;
+    const int id = std::stoi(arguments[0]);
+    if (id == kSettingsWindow) return settings_window();
+    return GetDlgItem(id > kSettingsWindow ? settings_window() : window(), id);
 }
 
 std::wstring text_of(HWND handle)
@@ -113,11 +130,11 @@ const std::map<std::wstring, std::function<bool(const Arguments&)>>& commands()
         // text ID, rectangle [ID]: of a control; the rectangle is in screen pixels
         {L"text", [](const Arguments& a) { return print_text(control(a)); }},
         {L"rectangle", [](const Arguments& a) { return print_rectangle(a.empty() ? window() : control(a)); }},
-        // client-size: of the window, in pixels
+        // client-size [ID]: of the window or of a control, in pixels
         {L"client-size",
-         [](const Arguments&) {
+         [](const Arguments& a) {
              RECT client;
-             if (!GetClientRect(window(), &client)) return false;
+             if (!GetClientRect(a.empty() ? window() : control(a), &client)) return false;
              std::cout << client.right << ' ' << client.bottom << '\n';
              return true;
          }},
@@ -128,6 +145,12 @@ const std::map<std::wstring, std::function<bool(const Arguments&)>>& commands()
          [](const Arguments& a) { return send(control(a), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(a.at(1).c_str())); }},
         // press ID: returns when the window has taken the press
         {L"press", [](const Arguments& a) { return send(control(a), BM_CLICK, 0, 0); }},
+        // wait-question, question, answer ID: until the update question is there; its text; the press of its button
+        {L"wait-question",
+         [](const Arguments&) { return wait_until([] { return IsWindowVisible(question()) != FALSE; }, 60'000); }},
+        {L"question", [](const Arguments&) { return print_text(GetDlgItem(question(), 0xFFFF)); }},
+        {L"answer",
+         [](const Arguments& a) { return send(GetDlgItem(question(), std::stoi(a.at(0))), BM_CLICK, 0, 0); }},
         // answers: the window takes messages
         {L"answers", [](const Arguments&) { return send(window(), WM_NULL, 0, 0); }},
         {L"close", [](const Arguments&) { return PostMessageW(window(), WM_CLOSE, 0, 0) != FALSE; }},

@@ -1,0 +1,172 @@
+#include "settings/settings_window.h"
+
+#include "settings/settings_window_controls.h"
+#include "settings/settings_window_password.h"
+#include "ui/background.h"
+#include "ui/dpi.h"
+#include "ui/drawn_button.h"
+#include "ui/frame.h"
+
+#include <memory>
+
+namespace {
+
+constexpr wchar_t kWindowClass[] = L"CorvaneBrassletSettings";
+constexpr DWORD kStyle = WS_CAPTION | WS_SYSMENU;
+constexpr DWORD kExtendedStyle = WS_EX_DLGMODALFRAME;
+constexpr int kRightOfOwner = 40;  // of the main window's top left corner, at 96 DPI
+constexpr int kBelowOwner = 60;
+
+// Lives from the first message of its window to the last. The fonts are the window's own: the main window's are made
+// anew when its monitor changes.
+struct OpenWindow {
+    SettingsWindowHost host;
+    Fonts fonts = make_fonts(host.dpi);
+    Brush card_brush = solid_brush(kCard);
+    Brush edit_brush = solid_brush(kEditBackground);
+    bool password_is_shown = false;
+};
+
+OpenWindow* open_window(HWND window)
+{
+    return reinterpret_cast<OpenWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+}
+
+// The window takes over what CreateWindowExW was given.
+void adopt(HWND window, const CREATESTRUCTW& creation)
+{
+    auto& given = *static_cast<std::unique_ptr<OpenWindow>*>(creation.lpCreateParams);
+    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(given.release()));
+}
+
+void paint_background(HWND window)
+{
+    const Painting painting(window);
+    RECT client{};
+    GetClientRect(window, &client);
+    paint_gradient(painting.dc(), client, {kBackgroundTop, kBackgroundBottom});
+}
+
+void draw_button(const OpenWindow& open, const DRAWITEMSTRUCT& item)
+{
+    const Picture eye = open.password_is_shown ? Picture::open_eye : Picture::struck_eye;
+    const Picture picture = item.CtlID == kShowPasswordButton ? eye : Picture::none;
+    paint_drawn_button(item, {open.host.dpi, open.fonts.body.get(), picture});
+}
+
+LRESULT colour_control(HDC dc, Colour background, const Brush& brush)
+{
+    SetTextColor(dc, colorref(kLightText));
+    SetBkColor(dc, colorref(background));
+    return reinterpret_cast<LRESULT>(brush.get());
+}
+
+void toggle_password(HWND window, OpenWindow& open)
+{
+    const HWND field = GetDlgItem(window, kPasswordField);
+    open.password_is_shown = !open.password_is_shown;
+    if (open.password_is_shown && GetWindowTextLengthW(field) == 0) put_password(field, open.host.settings->pass);
+    show_password(field, open.password_is_shown);
+    InvalidateRect(GetDlgItem(window, kShowPasswordButton), nullptr, FALSE);
+}
+
+void take_and_close(HWND window, const OpenWindow& open)
+{
+    take_settings_fields(window);
+    open.host.on_taken();
+    DestroyWindow(window);
+}
+
+void on_command(HWND window, OpenWindow& open, int id)
+{
+    if (id == kShowPasswordButton) toggle_password(window, open);
+    if (id == kCloseSettingsButton) take_and_close(window, open);
+}
+
+LRESULT CALLBACK settings_window_procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam)
+{
+    if (message == WM_NCCREATE) adopt(window, *reinterpret_cast<const CREATESTRUCTW*>(lparam));
+    OpenWindow* open = open_window(window);
+    if (open == nullptr) return DefWindowProcW(window, message, wparam, lparam);
+    switch (message) {
+    case WM_PAINT:
+        paint_background(window);
+        return 0;
+    case WM_ERASEBKGND:
+        return 1;
+    case WM_DRAWITEM:
+        draw_button(*open, *reinterpret_cast<const DRAWITEMSTRUCT*>(lparam));
+        return 1;
+    case WM_CTLCOLOREDIT:
+        return colour_control(reinterpret_cast<HDC>(wparam), kEditBackground, open->edit_brush);
+    case WM_CTLCOLORSTATIC:
+        return colour_control(reinterpret_cast<HDC>(wparam), kCard, open->card_brush);
+    case WM_COMMAND:
+        on_command(window, *open, LOWORD(wparam));
+        return 0;
+    case WM_CLOSE:
+        take_and_close(window, *open);
+        return 0;
+    case WM_DESTROY:
+        wipe_password_field(GetDlgItem(window, kPasswordField));
+        *open->host.handle = nullptr;
+        return 0;
+    case WM_NCDESTROY:
+        SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+        delete open;
+        break;
+    default:
+        break;
+    }
+    return DefWindowProcW(window, message, wparam, lparam);
+}
+
+ATOM register_window_class()
+{
+    WNDCLASSEXW window_class{};
+    window_class.cbSize = sizeof window_class;
+    window_class.lpfnWndProc = settings_window_procedure;
+    window_class.hInstance = GetModuleHandleW(nullptr);
+    window_class.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+    window_class.lpszClassName = kWindowClass;
+    return RegisterClassExW(&window_class);
+}
+
+HWND create_window(const SettingsWindowHost& host)
+{
+    const Size client = settings_client_size(host.dpi);
+    RECT frame{0, 0, client.width, client.height};
+    AdjustWindowRectExForDpi(&frame, kStyle, FALSE, kExtendedStyle, host.dpi);
+    RECT owner{};
+    GetWindowRect(host.main_window, &owner);
+
+    auto open = std::make_unique<OpenWindow>(OpenWindow{host});
+    return CreateWindowExW(kExtendedStyle, kWindowClass, L"Settings", kStyle,
+                           owner.left + scaled(kRightOfOwner, host.dpi), owner.top + scaled(kBelowOwner, host.dpi),
+                           frame.right - frame.left, frame.bottom - frame.top, host.main_window, nullptr,
+                           GetModuleHandleW(nullptr), &open);
+}
+
+}  // namespace
+
+void open_settings_window(const SettingsWindowHost& host)
+{
+    if (*host.handle != nullptr) {
+        SetForegroundWindow(*host.handle);
+        return;
+    }
+    static const ATOM registered = register_window_class();
+    const HWND window = registered != 0 ? create_window(host) : nullptr;
+    if (window == nullptr) return;
+
+    *host.handle = window;
+    create_settings_controls(window, *host.settings, open_window(window)->fonts, host.dpi);
+    apply_frame_colours(window);
+    ShowWindow(window, SW_SHOW);
+    SetFocus(GetDlgItem(window, kSiteField));
+}
+
+void take_settings_fields(HWND window)
+{
+    take_typed(typed_settings(window), *open_window(window)->host.settings);
+}

@@ -1,0 +1,22 @@
+// The settings window: a small owned window for site, WordPress user and application password. It has no OK and no
+// Cancel: closing it takes what stands in its fields. All of it belongs to the user-interface thread.
+#pragma once
+
+#include "settings/settings_store.h"
+
+#include <windows.h>
+
+// What the window needs of the program. The settings and the handle live longer than the window.
+struct SettingsWindowHost {
+    HWND main_window = nullptr;        // owns the window
+    unsigned dpi = 0;                  // that the window is made for
+    SiteSettings* settings = nullptr;  // shown when it opens, and where its fields go
+    HWND* handle = nullptr;            // the window while it is open, else null
+    void (*on_taken)() = nullptr;      // the user closed the window: the settings hold its fields now
+};
+
+// Opens the window, or brings it forward when it is open already.
+void open_settings_window(const SettingsWindowHost& host);
+
+// Copies the fields of the open window `window` to where its host keeps the settings.
+void take_settings_fields(HWND window);

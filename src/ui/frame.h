@@ -1,0 +1,7 @@
+// The frame that Windows draws around the program's windows.
+#pragma once
+
+#include <windows.h>
+
+// Gives the frame the program's colours, where this Windows can.
+void apply_frame_colours(HWND window);
