@@ -4,6 +4,7 @@
 prepare_desktop() {
     export DISPLAY=:77 USER='Zoë 用户' LC_ALL=C.UTF-8
     export WINEPREFIX="$WORLD_DIR/desktop/prefix"
+    export PATH="$scripts/bin:$PATH"
     export WINEDEBUG=-all WINEDLLOVERRIDES="winedbg.exe=d;winemenubuilder.exe=d;mscoree=d;mshtml=d"
     mkdir -p "$WINEPREFIX" "$WORLD_DIR/desktop"/{template,changes,work,home,sockets/x11,sockets/wine}
 

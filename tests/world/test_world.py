@@ -235,3 +235,12 @@ def test_the_windows_user_has_a_name_outside_ascii():
 def test_the_resolution_is_the_one_asked_for(dpi):
     seen = up("wine reg query 'HKCU\\Control Panel\\Desktop' /v LogPixels", env={**os.environ, "WORLD_DPI": dpi})
     assert int(seen.split()[-1], 16) == int(dpi)
+
+
+def test_the_pages_that_programs_open_are_recorded():
+    assert up("""for page in first 'second?a=1&b=%20c'; do
+            wine start "https://corvane.example/$page"
+        done
+        until [ "$(wc -l <$WORLD_DIR/opened_pages)" = 2 ]; do sleep 0.02; done 2>/dev/null
+        cat $WORLD_DIR/opened_pages""").split() == [
+        "https://corvane.example/first", "https://corvane.example/second?a=1&b=%20c"]
