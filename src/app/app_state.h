@@ -22,6 +22,7 @@ struct AppState {
 
     bool is_busy = false;
     int waiting_button = 0;  // id of the button that reads "Wait..."; 0: none
+    bool update_is_available = false;
 };
 
 AppState& app_state();

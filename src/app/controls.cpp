@@ -1,7 +1,6 @@
 #include "app/controls.h"
 
 #include "app/app_state.h"
-#include "app/version.h"
 #include "platform/text_conversion.h"
 #include "ui/child_controls.h"
 #include "ui/control_text.h"
@@ -90,7 +89,6 @@ void create_controls(HWND window)
     const HWND version = control(kVersionLabel);
     SetWindowLongPtrW(version, GWL_STYLE, GetWindowLongPtrW(version, GWL_STYLE) | SS_NOTIFY);
     make_self_painting(version, TextFlow::one_line);
-    set_painted_text(version, L"Version " BRASSLET_VERSION);
 }
 
 void place_controls()

@@ -37,6 +37,7 @@ void open_main_window(HINSTANCE instance, int show)
     const HWND window = create_main_window(instance);
     ShowWindow(window, show);
     UpdateWindow(window);
+    start_update_check(window);
 }
 
 int answer_messages()

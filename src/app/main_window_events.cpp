@@ -7,6 +7,7 @@
 #include "app/messages.h"
 #include "app/open_settings.h"
 #include "app/posted_text.h"
+#include "app/update_notice.h"
 #include "app/wallet_card.h"
 #include "app/window_painting.h"
 #include "flows/publish.h"
@@ -25,6 +26,7 @@ void on_create(HWND window)
     state.card_brush = solid_brush(kCard);
     state.edit_brush = solid_brush(kEditBackground);
     create_controls(window);
+    refresh_version_label();
     fill_name_field();
     refresh_wallet_card();
     refresh_name_preview();
@@ -77,6 +79,9 @@ void on_command(HWND window, int id, int notification)
     switch (id) {
     case kNameField:
         if (notification == EN_CHANGE) refresh_name_preview();
+        break;
+    case kVersionLabel:
+        if (notification == STN_CLICKED) open_update_page();
         break;
     case kConnectButton:
         on_connect_pressed();
@@ -162,6 +167,9 @@ LRESULT CALLBACK main_window_procedure(HWND window, UINT message, WPARAM wparam,
         return 0;
     case MsgFlowResult:
         on_flow_result(lparam);
+        return 0;
+    case MsgUpdateResult:
+        take_found_build(static_cast<std::int32_t>(wparam - 1));
         return 0;
     case WM_DESTROY:
         on_destroy(window);

@@ -55,7 +55,8 @@ HBRUSH colour_static(HDC dc, HWND control)
 {
     const int id = GetDlgCtrlID(control);
     if (id == kStatusLine || id == kVersionLabel) {
-        SetTextColor(dc, colorref(kLightText));
+        const bool is_link = id == kVersionLabel && app_state().update_is_available;
+        SetTextColor(dc, colorref(is_link ? kLinkText : kLightText));
         SetBkMode(dc, TRANSPARENT);
         return static_cast<HBRUSH>(GetStockObject(HOLLOW_BRUSH));
     }

@@ -2,6 +2,8 @@
 
 #include "app/messages.h"
 #include "app/posted_text.h"
+#include "build_values.h"
+#include "update/update_check.h"
 #include "wallet_bridge/connect.h"
 
 #include <atomic>
@@ -23,6 +25,12 @@ void start_worker(Work work)
     }).detach();
 }
 
+void check_for_update(HWND window)
+{
+    const std::int64_t found = find_newest_build(kMakersPage);
+    if (IsWindow(window)) PostMessageW(window, MsgUpdateResult, static_cast<WPARAM>(found + 1), 0);
+}
+
 }  // namespace
 
 void start_flow(HWND window, Flow flow, const SiteSettings& settings)
@@ -33,6 +41,11 @@ void start_flow(HWND window, Flow flow, const SiteSettings& settings)
 void start_connecting(HWND window)
 {
     start_worker([=] { post_text(window, MsgConnectResult, std::make_unique<std::string>(connect_wallet())); });
+}
+
+void start_update_check(HWND window)
+{
+    start_worker([=] { check_for_update(window); });
 }
 
 bool worker_is_running()

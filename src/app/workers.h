@@ -16,5 +16,9 @@ void start_flow(HWND window, Flow flow, const SiteSettings& settings);
 // Asks the wallet application for a wallet, then posts exactly one MsgConnectResult to `window`.
 void start_connecting(HWND window);
 
+// Looks on a worker thread for the newest build that the maker announces, then posts MsgUpdateResult to `window`.
+// Nobody hears of it when the window is gone by then.
+void start_update_check(HWND window);
+
 // Whether a worker has not come to its end yet.
 bool worker_is_running();

@@ -21,6 +21,7 @@ inline constexpr Colour kButtonText{32, 16, 54};
 inline constexpr Colour kButtonTextDisabled{120, 110, 140};
 inline constexpr Colour kWhite{255, 255, 255};
 inline constexpr Colour kLightText{244, 240, 250};
+inline constexpr Colour kLinkText{176, 32, 64};
 inline constexpr Colour kCard{54, 38, 88};
 inline constexpr Colour kCardOutline{198, 190, 220};
 inline constexpr Colour kCaptionText{186, 176, 206};

@@ -18,8 +18,10 @@ void paint(HWND label, TextFlow flow)
     wchar_t text[kLongestText + 1] = {};
     const int length = GetWindowTextW(label, text, kLongestText + 1);
     const Selected selected(painting.dc(), reinterpret_cast<HFONT>(SendMessageW(label, WM_GETFONT, 0, 0)));
+    // The colour of the text is the parent's to say, as for every other static.
+    SendMessageW(GetAncestor(label, GA_PARENT), WM_CTLCOLORSTATIC, reinterpret_cast<WPARAM>(painting.dc()),
+                 reinterpret_cast<LPARAM>(label));
     SetBkMode(painting.dc(), TRANSPARENT);
-    SetTextColor(painting.dc(), colorref(kLightText));
     const UINT form = flow == TextFlow::wrapped ? DT_WORDBREAK : DT_SINGLELINE | DT_VCENTER;
     DrawTextW(painting.dc(), text, length, &client, form | DT_NOPREFIX);
 }

@@ -1,4 +1,5 @@
-// A static that paints its text itself over the window's gradient.
+// A static that paints its text itself over the window's gradient, in the colour that its parent's answer to
+// WM_CTLCOLORSTATIC sets.
 #pragma once
 
 #include "ui/gdi.h"

@@ -11,16 +11,6 @@ KEPT = f"Vaultry kept alice@{HOST}."
 PICTURE = desk.ROOT / "build/demo/brasslet.png"
 
 
-def mouse_to(control: int) -> None:
-    left, top, right, bottom = map(int, desk.drive("rectangle", control).split())
-    subprocess.run(["xdotool", "mousemove", str((left + right) // 2), str((top + bottom) // 2)], check=True)
-
-
-def click(control: int) -> None:
-    mouse_to(control)
-    subprocess.run(["xdotool", "click", "1"], check=True)
-
-
 def show(url: str) -> None:
     answer = subprocess.run(["curl", "--silent", "--show-error", "--fail", url], check=True, capture_output=True, text=True)
     print(f"$ curl {url}\n{answer.stdout}\n", flush=True)
@@ -35,10 +25,10 @@ def main() -> int:
 
     print("Starting Brasslet.exe, typing the name, pressing Publish.", flush=True)
     with desk.running_program():
-        click(desk.NAME)
+        desk.click(desk.NAME)
         subprocess.run(["xdotool", "type", "--delay", "30", "alice"], check=True)
         desk.drive("wait-text", desk.NAME, "alice")
-        click(desk.PUBLISH)
+        desk.click(desk.PUBLISH)
         desk.drive("wait-text", desk.STATUS)
         desk.drive("wait-idle", 90)
         sentence = desk.drive("text", desk.STATUS)

@@ -139,6 +139,16 @@ def wallet_application(folder: pathlib.Path, *options: str):
         process.wait()
 
 
+def mouse_to(control: int) -> None:
+    left, top, right, bottom = map(int, drive("rectangle", control).split())
+    subprocess.run(["xdotool", "mousemove", str((left + right) // 2), str((top + bottom) // 2)], check=True)
+
+
+def click(control: int) -> None:
+    mouse_to(control)
+    subprocess.run(["xdotool", "click", "1"], check=True)
+
+
 def screenshot(path: pathlib.Path, *window: int) -> None:
     """The main window, or another one, as the user sees it."""
     left, top, right, bottom = map(int, drive("rectangle", *window).split())
