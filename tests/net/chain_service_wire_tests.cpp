@@ -81,6 +81,22 @@ TEST_F(PostJson, TriesAgainAfterTwo429)
     EXPECT_THAT(pauses, testing::ElementsAre(milliseconds(400), milliseconds(800)));
 }
 
+TEST_F(PostJson, EveryPauseIsTwiceTheOneBefore)
+{
+    server.answer("POST /pay", {429, "slow", {}, Fault::none});
+    EXPECT_EQ(post(5).error, kRateLimited);
+    EXPECT_THAT(pauses,
+                testing::ElementsAre(milliseconds(400), milliseconds(800), milliseconds(1'600), milliseconds(3'200)));
+}
+
+TEST_F(PostJson, TheCallingThreadSleepsInBetween)
+{
+    server.answer("POST /pay", {{429, "slow", {}, Fault::none}, {200, "paid", {}, Fault::none}});
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(post_json(kUrl, "{}", std::chrono::seconds(12), 2).body, "paid");
+    EXPECT_GE(std::chrono::steady_clock::now() - start, milliseconds(400));
+}
+
 TEST_F(PostJson, GivesUpWithoutAPauseAfterTheLastAttempt)
 {
     server.answer("POST /pay", {429, "slow", {}, Fault::none});

@@ -4,6 +4,7 @@
 #include "net/net_test.h"
 
 #include <curl/curl.h>
+#include <unistd.h>
 
 namespace {
 
@@ -28,6 +29,15 @@ TEST_F(Exchange, AStalledAnswerEndsWithTheTransferTimeout)
     EXPECT_EQ(reply.error, curl_easy_strerror(CURLE_OPERATION_TIMEDOUT));
 }
 
+TEST_F(Exchange, AServerThatNeverShakesHandsEndsWithTheConnectTimeout)
+{
+    const int silent = listener_on("127.0.0.2");
+    HttpRequest unmet = request("https://other.test/x");
+    unmet.connect_timeout = std::chrono::milliseconds(300);
+    EXPECT_EQ(exchange(unmet).error, curl_easy_strerror(CURLE_OPERATION_TIMEDOUT));
+    close(silent);
+}
+
 TEST_F(Exchange, FollowsNoRedirectUnlessAskedToAndSaysWhereItLeads)
 {
     server.answer("GET /a/x", redirect_to("../y?z=1"));
@@ -43,6 +53,13 @@ TEST_F(Exchange, PlainHttpIsNeverSpoken)
 {
     EXPECT_EQ(exchange(request("http://brasslet.test/")).error, curl_easy_strerror(CURLE_UNSUPPORTED_PROTOCOL));
     EXPECT_EQ(exchange(request("file:///etc/hosts")).error, curl_easy_strerror(CURLE_UNSUPPORTED_PROTOCOL));
+}
+
+TEST_F(Exchange, NothingIsSentWithLessProtectionThanWasAskedFor)
+{
+    refuse_option(CURLOPT_REDIR_PROTOCOLS_STR);
+    EXPECT_EQ(exchange(request("https://brasslet.test/x")).error, curl_easy_strerror(CURLE_UNKNOWN_OPTION));
+    EXPECT_TRUE(server.requests().empty());
 }
 
 TEST_F(Exchange, ReportsAMissingHandle)

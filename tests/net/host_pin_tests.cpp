@@ -1,6 +1,7 @@
 #include "net/host_pin.h"
 
 #include "net/chain_service.h"
+#include "net/libcurl_seams.h"
 #include "net/net_test.h"
 
 #include "build_values.h"
@@ -44,6 +45,14 @@ TEST_F(HostPin, PinsBothFormsOfTheHostForAnyUrlThatMentionsIt)
     for (const char* url : {"https://wallet.example/", "https://other.test/wallet.example",
                             "https://other.test/?q=wallet.example", "wallet.example"})
         EXPECT_THAT(entries(pin_hosts(handle.get(), url)), testing::ElementsAre(pin, "www." + pin)) << url;
+}
+
+TEST_F(HostPin, GoesOverIpv4OnlyWhereItPins)
+{
+    post("https://brasslet.test/x");
+    EXPECT_THAT(options_set(), testing::Not(testing::Contains(testing::Key(CURLOPT_IPRESOLVE))));
+    post("https://brasslet.test/x?wallet.example");
+    EXPECT_THAT(options_set(), testing::Contains(testing::Pair(CURLOPT_IPRESOLVE, CURL_IPRESOLVE_V4)));
 }
 
 TEST_F(HostPin, PinsNothingForAnyOtherUrl)

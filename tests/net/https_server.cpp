@@ -12,8 +12,6 @@
 #include <cstdlib>
 #include <stdexcept>
 
-namespace {
-
 int listener_on(const std::string& address)
 {
     const int listener = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
@@ -27,6 +25,8 @@ int listener_on(const std::string& address)
         throw std::runtime_error("cannot listen on " + address);
     return listener;
 }
+
+namespace {
 
 // Waits for either; true when `one` is ready and the server goes on.
 bool wait_for(int one, int stop)

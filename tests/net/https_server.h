@@ -33,6 +33,9 @@ inline Answer redirect_to(const std::string& url, int status = 302)
 inline const std::vector<std::string> kTestNames = {"brasslet.test", "www.brasslet.test", "pay.brasslet.test",
                                                     "localhost.example.org"};
 
+// A socket that listens on port 443 of `address`. Owned by the caller.
+int listener_on(const std::string& address);
+
 class HttpsServer {
 public:
     // Listens on port 443 of `address`; one connection at a time, one request in each.

@@ -1,12 +1,14 @@
 #include "net/libcurl_seams.h"
 
-#include <curl/curl.h>
-
 #include <atomic>
+#include <cstdarg>
+#include <optional>
 
 namespace {
 
 bool g_refuse = false;
+std::optional<CURLoption> g_refused;
+std::map<CURLoption, long> g_options;
 std::atomic<int> g_wiped = 0;
 
 }  // namespace
@@ -16,15 +18,27 @@ void refuse_handles()
     g_refuse = true;
 }
 
+void refuse_option(CURLoption option)
+{
+    g_refused = option;
+}
+
+const std::map<CURLoption, long>& options_set()
+{
+    return g_options;
+}
+
 int wiped_blocks()
 {
     return g_wiped;
 }
 
-// The linker's names for the two ends of each call; the second pair is wiping_free(void*).
-// NOLINTBEGIN(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)
+// The linker's names for the two ends of each call; the last pair is wiping_free(void*).
+// NOLINTBEGIN(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl50-cpp,cert-dcl51-cpp)
 extern "C" CURL* __real_curl_easy_init();
 extern "C" CURL* __wrap_curl_easy_init();
+extern "C" CURLcode __real_curl_easy_setopt(CURL* handle, CURLoption option, ...);
+extern "C" CURLcode __wrap_curl_easy_setopt(CURL* handle, CURLoption option, ...);
 extern "C" void __real__Z11wiping_freePv(void* block);
 extern "C" void __wrap__Z11wiping_freePv(void* block);
 
@@ -33,9 +47,26 @@ extern "C" CURL* __wrap_curl_easy_init()
     return g_refuse ? nullptr : __real_curl_easy_init();
 }
 
+extern "C" CURLcode __wrap_curl_easy_setopt(CURL* handle, CURLoption option, ...)
+{
+    if (option == g_refused) return CURLE_UNKNOWN_OPTION;
+    std::va_list values;
+    va_start(values, option);
+    CURLcode code = CURLE_OK;
+    if (option < CURLOPTTYPE_OBJECTPOINT) {
+        g_options[option] = va_arg(values, long);
+        code = __real_curl_easy_setopt(handle, option, g_options[option]);
+    } else {
+        g_options[option] = 0;
+        code = __real_curl_easy_setopt(handle, option, va_arg(values, void*));
+    }
+    va_end(values);
+    return code;
+}
+
 extern "C" void __wrap__Z11wiping_freePv(void* block)
 {
     ++g_wiped;
     __real__Z11wiping_freePv(block);
 }
-// NOLINTEND(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)
+// NOLINTEND(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl50-cpp,cert-dcl51-cpp)

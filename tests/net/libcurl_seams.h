@@ -1,8 +1,18 @@
 // Where the program and libcurl meet, as the linker's option --wrap lets a test see it.
 #pragma once
 
+#include <curl/curl.h>
+
+#include <map>
+
 // From now on libcurl has no handle to give.
 void refuse_handles();
+
+// From now on libcurl does not know the option.
+void refuse_option(CURLoption option);
+
+// Every option that was set so far on any handle, with its last value; 0 for one that takes a pointer.
+const std::map<CURLoption, long>& options_set();
 
 // How many blocks were freed by wiping_free so far.
 int wiped_blocks();
