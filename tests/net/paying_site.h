@@ -12,6 +12,7 @@ inline constexpr char kPayPath[] = "POST /pay/alice@brasslet.test";
 inline constexpr char kRegistry[] = "payname/payname.json";
 
 std::string discovery_document(const std::string& host);
+std::string upper_ascii(std::string text);
 std::string output_paying(const std::string& address);  // one element of a reply's "outputs"
 
 class PayingSite : public NetTest {
@@ -23,6 +24,10 @@ protected:
         server.answer(request, Answer{status, body, {}, Fault::none});
     }
     std::string kept_names() const { return wallet.folder.read(kRegistry); }
+
+    // What the wallet application may do meanwhile: at its `reading`th reading, and only then, the wallet file holds
+    // `text`.
+    void wallet_file_changes(int reading, const std::string& text) const;
 
     BoundWallet wallet;
 };

@@ -1,39 +1,8 @@
-#include "flows/publish.h"
-
-#include "net/libcurl_seams.h"
-#include "net/paying_site.h"
-#include "platform_host/stand_in.h"
-#include "text/json.h"
+#include "net/publishing.h"
 
 namespace {
 
 using testing::HasSubstr;
-
-constexpr char kStatusPath[] = "GET /wp-json/brasslet/v1/status";
-constexpr char kNamePath[] = "POST /wp-json/brasslet/v1/name";
-constexpr wchar_t kKept[] = L"Vaultry kept alice@brasslet.test.";
-
-class Publishing : public PayingSite {
-protected:
-    Publishing()
-    {
-        settings.site = "brasslet.test";
-        settings.user = "admin";
-        settings.pass = SecretText("abcdefgh");
-        settings.alias = "alice";
-        answer(kStatusPath, R"({"ok":true,"login":"names"})");
-        answer(kNamePath, R"({"ok":true,"host":"brasslet.test","aliases":["alice"]})");
-    }
-    void expect_sentence(const std::wstring& sentence)
-    {
-        EXPECT_EQ(publish_sentence(settings), sentence);
-        const bool is_kept = sentence.starts_with(L"Vaultry kept ");
-        EXPECT_EQ(kept_names().empty(), !is_kept);
-        EXPECT_EQ(stand_in().wallet_app_notices, is_kept ? 1 : 0);
-    }
-
-    SiteSettings settings;
-};
 
 }  // namespace
 

@@ -1,47 +1,16 @@
-#include "paymail/verification.h"
+#include "net/verifying.h"
 
-#include "net/paying_site.h"
 #include "paymail/payname_registry.h"
-#include "platform_host/stand_in.h"
 #include "text/clock.h"
 #include "text/json.h"
 
 #include "build_values.h"
 
-#include <algorithm>
-#include <cctype>
-
 namespace {
 
 using testing::HasSubstr;
 
-constexpr char kName[] = "alice@brasslet.test";
 constexpr char kOtherAddress[] = "1BgGZ9tcN4rm9KBzDn7KprQz87SZ26SAMH";
-
-class Verifying : public PayingSite {
-protected:
-    void expect_kept(const std::string& name = kName)
-    {
-        const Verification verification = verify_and_keep(name);
-        EXPECT_TRUE(verification.is_kept);
-        EXPECT_EQ(verification.message, "");
-        EXPECT_THAT(kept_names(), HasSubstr("\"alice@brasslet.test\""));
-    }
-    void expect_refused(const std::string& message, const std::string& name = kName)
-    {
-        const Verification verification = verify_and_keep(name);
-        EXPECT_FALSE(verification.is_kept);
-        EXPECT_EQ(verification.message, message);
-        EXPECT_EQ(kept_names(), "");
-    }
-    void srv_target(const std::string& target) { stand_in().srv_records = {{kDnsTypeSrv, target, 443, 10}}; }
-};
-
-std::string upper(std::string text)
-{
-    std::transform(text.begin(), text.end(), text.begin(), [](unsigned char c) { return std::toupper(c); });
-    return text;
-}
 
 }  // namespace
 
@@ -89,7 +58,7 @@ TEST_F(Verifying, ANameThatIsNoPaymailIsRefused)
 TEST_F(Verifying, AHouseNameIsRefusedBeforeAnyTraffic)
 {
     expect_refused("The house paymail stays on Vaultry.", std::string("alice@") + kHouseDomain);
-    expect_refused("The house paymail stays on Vaultry.", "Alice@" + upper(kHouseDomain));
+    expect_refused("The house paymail stays on Vaultry.", "Alice@" + upper_ascii(kHouseDomain));
     EXPECT_TRUE(server.requests().empty());
     EXPECT_TRUE(stand_in().srv_queries.empty());
 }
@@ -160,7 +129,7 @@ TEST_F(Verifying, AnotherKeyIsAnotherVaultry)
 
 TEST_F(Verifying, AKeyInUpperCasePasses)
 {
-    answer(kPkiPath, R"({"pubkey":")" + upper(wallet.key) + "\"}");
+    answer(kPkiPath, R"({"pubkey":")" + upper_ascii(wallet.key) + "\"}");
     expect_kept();
 }
 
@@ -191,22 +160,4 @@ TEST_F(Verifying, AnotherDestinationIsADifferentAddress)
         answer(kPayPath, reply);
         expect_refused("That site is paying a different address.");
     }
-}
-
-TEST_F(Verifying, ANameThatIsAlreadyKeptIsUpdatedInItsRow)
-{
-    wallet.folder.write(kRegistry,
-                        R"({"names":[{"paymail":"bob@x.org"},{"paymail":"ALICE@brasslet.test","pubkey":"old",)"
-                        R"("address":"old","note":"mine"},{"paymail":"carol@x.org"}]})");
-    expect_kept();
-    const auto rows = load_paynames();
-    ASSERT_EQ(rows.size(), 3U);
-    EXPECT_EQ(rows[1], (nlohmann::json{
-                           {"paymail", kName}, {"pubkey", wallet.key}, {"address", wallet.address}, {"note", "mine"}}));
-}
-
-TEST_F(Verifying, ARegistryThatCannotBeWrittenKeepsNothing)
-{
-    wallet.folder.write("payname", "a file where the folder should be");
-    expect_refused("Could not keep the name on this PC.");
 }

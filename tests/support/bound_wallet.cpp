@@ -6,9 +6,7 @@
 BoundWallet::BoundWallet()
 {
     folder.write("wallets.json", R"({"active":"1","wallets":[{"id":"1","name":"Main"}]})");
-    folder.write(kBoundWalletFile,
-                 R"({"version":2,"mnemonic":"abandon abandon abandon abandon abandon abandon abandon abandon abandon )"
-                 R"(abandon abandon about","backup":true,"recv":[0,0,0,0,0,0],"show":0})");
+    folder.write(kBoundWalletFile, text);
     bind_at_startup("C:\\Tools\\Brasslet", "Brasslet");
     key = identity_pubkey().value_or("no wallet");
     address = wallet_address().value_or("no wallet");

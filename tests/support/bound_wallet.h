@@ -9,6 +9,9 @@ struct BoundWallet {
     BoundWallet();
 
     TestFolder folder;
+    const std::string text =
+        R"({"version":2,"mnemonic":"abandon abandon abandon abandon abandon abandon abandon abandon abandon )"
+        R"(abandon abandon about","backup":true,"recv":[0,0,0,0,0,0],"show":0})";
     std::string key;      // identity public key
     std::string address;  // payment address
 };
