@@ -17,8 +17,8 @@ TEST(DiscoveryRequest, ChecksCertificatesOfEveryHostButTheOwnMachine)
     EXPECT_FALSE(is_checked("https://127.0.0.1/x"));
     for (const char* url :
          {"https://localhost.example.org/", "https://localhost@evil.example/", "https://127.0.0.1.evil.example/",
-          "https://127.0.0.10/", "https://127.0.0.2/", "https://LOCALHOST.example/", "https://example.org/",
-          "https://example.org/?https://localhost", "no url", ""})
+          "https://127.0.0.10/", "https://127.0.0.2/", "https://LOCALHOST.example/", "https://LOCALHOST/",
+          "https://example.org/", "https://example.org/?https://localhost", "no url", ""})
         EXPECT_TRUE(is_checked(url)) << url;
 }
 

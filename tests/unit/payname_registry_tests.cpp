@@ -46,8 +46,12 @@ TEST(PaynameRegistry, ReadsTheNamesOrAnArrayOrOneOlderRow)
     EXPECT_EQ(load_paynames(), rows);
     folder.write(kFile, rows.dump());
     EXPECT_EQ(load_paynames(), rows);
-    folder.write(kFile, row("a@x.org").dump());
-    EXPECT_EQ(load_paynames(), json::array({row("a@x.org")}));
+    json older = row("a@x.org");
+    folder.write(kFile, older.dump());
+    EXPECT_EQ(load_paynames(), json::array({older}));
+    older["names"] = 7;
+    folder.write(kFile, older.dump());
+    EXPECT_EQ(load_paynames(), json::array({older}));
 }
 
 TEST(PaynameRegistry, IsWrittenInTheNamesForm)

@@ -37,13 +37,22 @@ TEST(PublishRefusal, AsksForThePluginWhenTheRouteIsMissing)
     EXPECT_EQ(publish_refusal(reply(404, R"({"message":"No route"})")), L"Install the plugin first.");
 }
 
+TEST(PublishRefusal, KnowsARefusalAndAMissingRouteByTheirStatusThoughTheTransferFailed)
+{
+    EXPECT_EQ(publish_refusal(reply(401, "", "The site did not answer.")),
+              L"WordPress refused that application password.");
+    EXPECT_EQ(publish_refusal(reply(404, R"({"message":"No")", "The site did not answer.")),
+              L"Install the plugin first.");
+}
+
 TEST(PublishRefusal, ShowsTheMessageThenTheTransportErrorThenItsOwnSentence)
 {
     EXPECT_EQ(publish_refusal(reply(500, R"({"message":"Full"})", "The site did not answer.")), L"Full");
     EXPECT_EQ(publish_refusal(reply(0, "", "The site did not answer.")), L"The site did not answer.");
     EXPECT_EQ(publish_refusal(reply(0, "", "Could not reach the site.")), L"Could not reach the site.");
     EXPECT_EQ(publish_refusal(reply(500, "<html>")), L"The site did not take the name.");
-    EXPECT_EQ(publish_refusal(reply(302, "")), L"The site did not take the name.");
+    for (const std::int32_t status : {199, 300, 302, 400, 402, 405})
+        EXPECT_EQ(publish_refusal(reply(status, "")), L"The site did not take the name.") << status;
     EXPECT_EQ(publish_refusal(reply(0, "")), L"The site did not take the name.");
 }
 
@@ -70,6 +79,8 @@ TEST(KeptSentence, NamesThePaymailAndTheOtherNamesOfTheSite)
               L"Vaultry kept alice@example.org. Still on the site: bob@example.org.");
     EXPECT_EQ(kept(R"({"aliases":["bob","alice","c.d"]})"),
               L"Vaultry kept alice@example.org. Still on the site: bob@example.org, c.d@example.org.");
+    EXPECT_EQ(kept(R"({"aliases":["alice","Alice"]})"),
+              L"Vaultry kept alice@example.org. Still on the site: Alice@example.org.");
 }
 
 TEST(KeptSentence, AddsNoListWithoutOtherNames)

@@ -27,6 +27,8 @@ TEST(NormaliseSite, DropsQueryFragmentAndTrailingSlashes)
     EXPECT_EQ(address.host, "example.org");
     EXPECT_EQ(normalised("https://example.org/?").base, "https://example.org");
     EXPECT_EQ(normalised("https://example.org/#a?b").base, "https://example.org");
+    EXPECT_EQ(normalised("https://example.org?a/b@c").base, "https://example.org");
+    EXPECT_EQ(normalised("https://example.org#a/b:8443").base, "https://example.org");
     EXPECT_EQ(normalised("example.org/a//b///").base, "https://example.org/a//b");
 }
 
