@@ -1,4 +1,5 @@
 """The system's DNS client, asked through the program's own code for SRV records of the world's name server."""
+import os
 import subprocess
 
 import pytest
@@ -9,8 +10,9 @@ import site_world
 NAME = "_bsvalias._tcp.example.test"
 
 
-def srv_host(domain="example.test"):
-    done = subprocess.run(["wine", desk.TOOLS / "find_srv_host.exe", domain], check=True, capture_output=True, timeout=60)
+def srv_host(domain="example.test", **environment):
+    done = subprocess.run(["wine", desk.TOOLS / "find_srv_host.exe", domain], check=True, capture_output=True, timeout=60,
+                          env=os.environ | environment)
     return done.stdout.decode().strip()
 
 
@@ -40,3 +42,8 @@ def test_a_name_server_that_fails_names_nobody(zone):
 def test_a_domain_that_is_no_name_at_all_names_nobody(zone):
     assert srv_host("x" * 300) == ""
     assert srv_host("") == ""
+
+
+def test_a_system_without_its_dns_library_names_nobody(zone):
+    site_world.set_zone(*zone, f"{NAME} SRV 10 0 443 pay.example.test")
+    assert srv_host(WINEDLLOVERRIDES=os.environ["WINEDLLOVERRIDES"] + ";dnsapi=") == ""
