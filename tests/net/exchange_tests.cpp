@@ -55,6 +55,14 @@ TEST_F(Exchange, PlainHttpIsNeverSpoken)
     EXPECT_EQ(exchange(request("file:///etc/hosts")).error, curl_easy_strerror(CURLE_UNSUPPORTED_PROTOCOL));
 }
 
+TEST_F(Exchange, ARedirectThatIsFollowedNeverLeavesHttps)
+{
+    server.answer("GET /x", redirect_to("http://brasslet.test/y"));
+    HttpRequest redirected = request("https://brasslet.test/x");
+    redirected.redirects = 4;
+    EXPECT_EQ(exchange(redirected).error, curl_easy_strerror(CURLE_UNSUPPORTED_PROTOCOL));
+}
+
 TEST_F(Exchange, NothingIsSentWithLessProtectionThanWasAskedFor)
 {
     refuse_option(CURLOPT_REDIR_PROTOCOLS_STR);

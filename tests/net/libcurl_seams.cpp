@@ -33,12 +33,13 @@ int wiped_blocks()
     return g_wiped;
 }
 
-// The linker's names for the two ends of each call; the last pair is wiping_free(void*).
+// The linker's names for the two ends of each call; the last pair is wiping_free(void*). An option is an unsigned here
+// because a parameter before "..." may be of no type that is promoted.
 // NOLINTBEGIN(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl50-cpp,cert-dcl51-cpp)
 extern "C" CURL* __real_curl_easy_init();
 extern "C" CURL* __wrap_curl_easy_init();
-extern "C" CURLcode __real_curl_easy_setopt(CURL* handle, CURLoption option, ...);
-extern "C" CURLcode __wrap_curl_easy_setopt(CURL* handle, CURLoption option, ...);
+extern "C" CURLcode __real_curl_easy_setopt(CURL* handle, unsigned option, ...);
+extern "C" CURLcode __wrap_curl_easy_setopt(CURL* handle, unsigned option, ...);
 extern "C" void __real__Z11wiping_freePv(void* block);
 extern "C" void __wrap__Z11wiping_freePv(void* block);
 
@@ -47,17 +48,18 @@ extern "C" CURL* __wrap_curl_easy_init()
     return g_refuse ? nullptr : __real_curl_easy_init();
 }
 
-extern "C" CURLcode __wrap_curl_easy_setopt(CURL* handle, CURLoption option, ...)
+extern "C" CURLcode __wrap_curl_easy_setopt(CURL* handle, unsigned option, ...)
 {
-    if (option == g_refused) return CURLE_UNKNOWN_OPTION;
+    const auto which = static_cast<CURLoption>(option);
+    if (which == g_refused) return CURLE_UNKNOWN_OPTION;
     std::va_list values;
     va_start(values, option);
     CURLcode code = CURLE_OK;
     if (option < CURLOPTTYPE_OBJECTPOINT) {
-        g_options[option] = va_arg(values, long);
-        code = __real_curl_easy_setopt(handle, option, g_options[option]);
+        g_options[which] = va_arg(values, long);
+        code = __real_curl_easy_setopt(handle, option, g_options[which]);
     } else {
-        g_options[option] = 0;
+        g_options[which] = 0;
         code = __real_curl_easy_setopt(handle, option, va_arg(values, void*));
     }
     va_end(values);

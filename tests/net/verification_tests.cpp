@@ -79,11 +79,13 @@ TEST_F(Verifying, ADeadSrvTargetIsReplacedByTheDomain)
     expect_kept();
 }
 
-TEST_F(Verifying, AfterADeadSrvTargetItsCapabilitiesAreNoLongerTaken)
+TEST_F(Verifying, WhenTheDomainAnswersInsteadTheSrvTargetsCapabilitiesAreNoLongerTaken)
 {
-    srv_target("dead.brasslet.test");
-    answer(kDiscoveryPath, discovery_document("dead.brasslet.test"));
+    srv_target("pay.brasslet.test");
+    server.answer(kDiscoveryPath,
+                  {{404, "", {}, Fault::none}, {200, discovery_document("pay.brasslet.test"), {}, Fault::none}});
     expect_refused("The site did not publish the key.");
+    EXPECT_EQ(server.requests().size(), 2U);
 }
 
 TEST_F(Verifying, ASiteWithoutADiscoveryDocumentDoesNotAnswer)
