@@ -59,6 +59,29 @@ TEST(HousePaymail, AStoredLabelOfNothingButMarksIsTakenFromTheHouseRegistry)
     EXPECT_EQ(wallet_paymail(), "bob" + kAtDomain);
 }
 
+TEST(HousePaymail, ThatIsRefusedIsForgotten)
+{
+    const TestFolder folder;
+    bind_to_wallet(folder, phrase_wallet({{"paymail", "ann"}}));
+    folder.write(kHouse, R"({"names":{"ann":{"pubkey":"03cd"}}})");
+    EXPECT_EQ(wallet_paymail(), "");
+    EXPECT_EQ(loaded_wallet()->paymail, "");
+}
+
+TEST(HousePaymail, NamesTheWalletOfTheBindRecordOnDisk)
+{
+    const TestFolder folder;
+    folder.write("wallets.json", R"({"wallets":[{"id":"1"},{"id":"2"}]})");
+    folder.write("wallets/2/wallet.json", phrase_wallet({{"paymail", "ann"}}).dump());
+    bind_at_startup(".", "Brasslet");
+    EXPECT_FALSE(wallet_ready());
+    folder.write("binds/_.json", R"({"wallet_id":"2"})");
+    EXPECT_TRUE(wallet_ready());
+    EXPECT_EQ(wallet_paymail(), "ann" + kAtDomain);
+    EXPECT_EQ(wallet_display_name("1"), "1");
+    EXPECT_EQ(wallet_display_name("2"), "ann");
+}
+
 TEST(HousePaymail, OfTheOlderFileIsFoundWithNoWalletBound)
 {
     const TestFolder folder;

@@ -56,11 +56,14 @@ TEST(HouseRegistry, ALabelIsWrittenWithKeyAndAddressAndBecomesThisPcsOwn)
                                   "      \"pubkey\": \"02ab\"\n    }\n  },\n  \"self\": \"ann\"\n}");
 }
 
-TEST(HouseRegistry, WithoutAnAddressNoneIsWritten)
+TEST(HouseRegistry, WithoutAnAddressNoneIsWrittenAndTheOneOfBeforeStays)
 {
     const TestFolder folder;
     EXPECT_EQ(register_house_label("ann", "02ab", ""), "");
     EXPECT_EQ(document(folder)["names"]["ann"], parse_json(R"({"pubkey":"02ab"})"));
+    EXPECT_EQ(register_house_label("ann", "02ab", "1Addr"), "");
+    EXPECT_EQ(register_house_label("ann", "02ab", ""), "");
+    EXPECT_EQ(document(folder)["names"]["ann"]["address"], "1Addr");
 }
 
 TEST(HouseRegistry, ANameOrAKeyThatIsEmptyIsRefused)

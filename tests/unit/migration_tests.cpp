@@ -39,14 +39,15 @@ TEST(Migration, WithoutAPlaceForTheWalletItStaysAndTheRegistryGainsItsEntry)
     EXPECT_EQ(folder.read("wallets"), "in the way");
 }
 
-TEST(Migration, KeepsWhatElseStandsInTheRegistry)
+TEST(Migration, KeepsWhatElseStandsInTheRegistryButForTheActiveWallet)
 {
     const TestFolder folder;
     folder.write("corvane_vaultry.json", "the wallet");
-    folder.write("wallets.json", R"({"theme":"dark","wallets":[]})");
+    folder.write("wallets.json", R"({"active":"gone","theme":"dark","wallets":[]})");
     migrate_single_wallet();
     EXPECT_EQ(parse_json(folder.read("wallets.json"))["theme"], "dark");
-    EXPECT_EQ(list_wallets().size(), 1U);
+    ASSERT_EQ(list_wallets().size(), 1U);
+    EXPECT_EQ(parse_json(folder.read("wallets.json"))["active"], list_wallets()[0].id);
 }
 
 TEST(Migration, LeavesTheOldWalletAloneWhenTheRegistryHoldsAnything)

@@ -88,6 +88,7 @@ TEST(SettingsStore, AnotherPasswordReplacesTheProtectedForm)
     EXPECT_EQ(loaded().pass.text(), "another");
     save_settings(settings_with_password(""), "");
     EXPECT_EQ(loaded().pass.text(), "");
+    EXPECT_EQ(parse_json(folder.read("payname/ui.json"))["pass"], "");
 }
 
 TEST(SettingsStore, SavingTheSameAgainLeavesTheFileAsItIs)
