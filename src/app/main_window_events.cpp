@@ -40,7 +40,8 @@ void lay_out(HWND window)
     GetClientRect(window, &client);
     state.layout = main_layout(client.right, state.dpi);
     place_controls();
-    InvalidateRect(window, nullptr, FALSE);
+    // The controls too, wherever they stand: what shows behind them goes with the height of the window.
+    RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
 }
 
 void on_size(HWND window, WPARAM how)
