@@ -117,7 +117,7 @@ std::string name_field_text()
 
 void set_status(const std::wstring& text)
 {
-    set_painted_text(control(kStatusLine), text.c_str());
+    SetWindowTextW(control(kStatusLine), text.c_str());
 }
 
 void show_waiting(int button)

@@ -5,7 +5,6 @@
 #include "build_values.h"
 #include "platform/open_page.h"
 #include "platform/text_conversion.h"
-#include "ui/painted_static.h"
 #include "update/build_number.h"
 #include "update/version_text.h"
 
@@ -23,7 +22,7 @@ bool user_wants_page(std::int32_t build)
 void refresh_version_label()
 {
     const HWND label = GetDlgItem(app_state().main_window, kVersionLabel);
-    set_painted_text(label, widen(version_text(app_state().update_is_available)).c_str());
+    SetWindowTextW(label, widen(version_text(app_state().update_is_available)).c_str());
 }
 
 void take_found_build(std::int32_t found)

@@ -26,6 +26,14 @@ void paint(HWND label, TextFlow flow)
     DrawTextW(painting.dc(), text, length, &client, form | DT_NOPREFIX);
 }
 
+// The static draws a new text at once, over the old one and without a background.
+LRESULT set_text(HWND label, WPARAM wparam, LPARAM lparam)
+{
+    const LRESULT answer = DefSubclassProc(label, WM_SETTEXT, wparam, lparam);
+    InvalidateRect(label, nullptr, FALSE);
+    return answer;
+}
+
 LRESULT CALLBACK paint_itself(HWND label, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR id, DWORD_PTR flow)
 {
     switch (message) {
@@ -34,6 +42,8 @@ LRESULT CALLBACK paint_itself(HWND label, UINT message, WPARAM wparam, LPARAM lp
     case WM_PAINT:
         paint(label, static_cast<TextFlow>(flow));
         return 0;
+    case WM_SETTEXT:
+        return set_text(label, wparam, lparam);
     case WM_NCDESTROY:
         RemoveWindowSubclass(label, paint_itself, id);
         break;
@@ -48,11 +58,4 @@ LRESULT CALLBACK paint_itself(HWND label, UINT message, WPARAM wparam, LPARAM lp
 void make_self_painting(HWND label, TextFlow flow)
 {
     SetWindowSubclass(label, paint_itself, 0, static_cast<DWORD_PTR>(flow));
-}
-
-void set_painted_text(HWND label, const wchar_t* text)
-{
-    SetWindowTextW(label, text);
-    // The static has drawn the new text over the old one at once, without a background; this covers both.
-    InvalidateRect(label, nullptr, FALSE);
 }

@@ -7,6 +7,3 @@
 enum class TextFlow { one_line, wrapped };  // one line: vertically centred; wrapped: at word breaks, from the top
 
 void make_self_painting(HWND label, TextFlow flow);
-
-// Sets the text and has the whole label painted anew.
-void set_painted_text(HWND label, const wchar_t* text);
