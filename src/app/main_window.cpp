@@ -12,7 +12,8 @@ constexpr int kIconId = 1;
 
 HICON load_icon(HINSTANCE instance, int size)
 {
-    return static_cast<HICON>(LoadImageW(instance, MAKEINTRESOURCEW(kIconId), IMAGE_ICON, size, size, LR_SHARED));
+    // Not shared: a shared icon comes in the size that was asked for first. The class keeps it as long as it lives.
+    return static_cast<HICON>(LoadImageW(instance, MAKEINTRESOURCEW(kIconId), IMAGE_ICON, size, size, LR_DEFAULTCOLOR));
 }
 
 }  // namespace
