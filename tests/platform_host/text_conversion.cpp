@@ -16,10 +16,25 @@ std::size_t sequence_length(std::uint8_t first)
     return 0;
 }
 
-bool is_character(std::uint32_t code, std::size_t length)
+// Whether `second` may follow `first`, beyond being a tail: no longer form than needed, no surrogate, nothing beyond
+// the last character.
+bool may_follow(std::uint8_t first, std::uint8_t second)
 {
-    constexpr std::uint32_t kSmallest[] = {0, 0, 0x80, 0x800, 0x10000};
-    return code >= kSmallest[length] && code <= 0x10FFFF && (code < 0xD800 || code > 0xDFFF);
+    if (first == 0xE0) return second >= 0xA0;
+    if (first == 0xED) return second <= 0x9F;
+    if (first == 0xF0) return second >= 0x90;
+    if (first == 0xF4) return second <= 0x8F;
+    return true;
+}
+
+bool is_tail(std::uint8_t byte)
+{
+    return (byte & 0xC0) == 0x80;
+}
+
+bool is_character(char32_t code)
+{
+    return code <= 0x10FFFF && (code < 0xD800 || code > 0xDFFF);
 }
 
 }  // namespace
@@ -28,15 +43,15 @@ std::wstring widen(std::string_view utf8)
 {
     std::wstring wide;
     for (std::size_t i = 0; i < utf8.size();) {
-        const auto first = static_cast<std::uint8_t>(utf8[i]);
-        const std::size_t length = sequence_length(first);
-        std::uint32_t code = length == 1 ? first : first & (0x7FU >> length);
-        std::size_t read = length == 0 ? 0 : 1;
-        while (read != 0 && read < length && i + read < utf8.size() && (utf8[i + read] & 0xC0) == 0x80)
-            code = (code << 6) | (static_cast<std::uint8_t>(utf8[i + read++]) & 0x3FU);
-        const bool whole = read != 0 && read == length && is_character(code, length);
-        wide += whole ? static_cast<wchar_t>(code) : kReplacement;
-        i += whole ? length : 1;
+        const auto byte = [&](std::size_t index) { return static_cast<std::uint8_t>(utf8[i + index]); };
+        const std::size_t length = sequence_length(byte(0));
+        std::uint32_t code = length == 1 ? byte(0) : byte(0) & (0x7FU >> length);
+        std::size_t read = 1;
+        while (read < length && i + read < utf8.size() && is_tail(byte(read)) &&
+               (read > 1 || may_follow(byte(0), byte(1))))
+            code = (code << 6) | (byte(read++) & 0x3FU);
+        wide += read == length ? static_cast<wchar_t>(code) : kReplacement;
+        i += read;
     }
     return wide;
 }
@@ -45,7 +60,8 @@ std::string narrow(std::wstring_view wide)
 {
     std::string utf8;
     for (const wchar_t character : wide) {
-        const auto code = static_cast<char32_t>(character);
+        const auto given = static_cast<char32_t>(character);
+        const char32_t code = is_character(given) ? given : static_cast<char32_t>(kReplacement);
         const auto tail = [&utf8, code](unsigned shift) { utf8 += static_cast<char>(0x80 | ((code >> shift) & 0x3F)); };
         if (code < 0x80) {
             utf8 += static_cast<char>(code);
