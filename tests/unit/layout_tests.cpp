@@ -52,9 +52,15 @@ TEST(MainLayout, At144)
     EXPECT_EQ(layout.unbind, (Rect{885, 34, 162, 48}));
     EXPECT_EQ(layout.connect, (Rect{711, 34, 162, 48}));
     EXPECT_EQ(layout.wallet_card, (Rect{27, 141, 1086, 192}));
+    EXPECT_EQ(layout.house_paymail_caption, (Rect{54, 159, 1032, 27}));
+    EXPECT_EQ(layout.house_paymail, (Rect{54, 186, 1032, 33}));
+    EXPECT_EQ(layout.payment_address_caption, (Rect{54, 228, 1032, 27}));
     EXPECT_EQ(layout.payment_address, (Rect{54, 255, 1032, 33}));
     EXPECT_EQ(layout.name_card, (Rect{27, 354, 1086, 252}));
+    EXPECT_EQ(layout.name_caption, (Rect{54, 378, 1032, 27}));
     EXPECT_EQ(layout.name_field, (Rect{54, 411, 1032, 45}));
+    EXPECT_EQ(layout.name_preview, (Rect{54, 468, 1032, 33}));
+    EXPECT_EQ(layout.name_hint, (Rect{54, 507, 1032, 30}));
     EXPECT_EQ(layout.kept_names, (Rect{54, 543, 1032, 33}));
     EXPECT_EQ(layout.install, (Rect{27, 630, 354, 54}));
     EXPECT_EQ(layout.publish, (Rect{393, 630, 354, 54}));
