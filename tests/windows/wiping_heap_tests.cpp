@@ -1,11 +1,12 @@
 // That the program's operator delete is the one that is linked in, and zeroes what it frees.
 #include "platform/wiping_heap.h"
 
+#include "windows/freed_memory.h"
+
 #include <gtest/gtest.h>
 
 #include <windows.h>
 
-#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <new>
@@ -13,23 +14,12 @@
 
 namespace {
 
-constexpr std::size_t kSize = 4000;
-
-// What stands in a freed block is read through the system, so that a block whose page is gone is no crash. The
-// allocator may keep its own links in the first bytes of a free block.
-bool is_still_there(std::uintptr_t freed)
-{
-    unsigned char bytes[kSize];
-    SIZE_T read = 0;
-    if (ReadProcessMemory(GetCurrentProcess(), reinterpret_cast<const void*>(freed), bytes, kSize, &read) == 0)
-        return false;
-    return std::count(bytes + 64, bytes + kSize, 0xA7) > 0;
-}
+constexpr std::size_t kSize = kFreedSize;
 
 template <typename Free>
 bool leaves_something(void* block, Free free_block)
 {
-    std::memset(block, 0xA7, kSize);
+    std::memset(block, kFreedFiller, kSize);
     // Through a volatile, or the compiler sees a pointer that is used after it was freed; that is the point here.
     const volatile auto address = reinterpret_cast<std::uintptr_t>(block);
     free_block(block);
