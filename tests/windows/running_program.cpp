@@ -9,16 +9,19 @@
 #include <windows.h>
 
 #include <commctrl.h>
+#include <winternl.h>
 
 namespace {
 
 constexpr DWORD kPatience = 10'000;  // milliseconds; what takes longer has failed
 
-HANDLE start_program(const std::wstring& folder)
+HANDLE start_program(const std::wstring& folder, WORD show)
 {
     std::wstring command = L"\"" + folder + L"\\Brasslet.exe\"";
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
+    startup.dwFlags = STARTF_USESHOWWINDOW;
+    startup.wShowWindow = show;
     PROCESS_INFORMATION started{};
     if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &started)) {
         ADD_FAILURE() << "Brasslet.exe does not start: error " << GetLastError();
@@ -36,6 +39,15 @@ DWORD exit_code_of(HANDLE process)
     return code;
 }
 
+// What stands at an address of another process.
+template <typename Value>
+Value read_from(HANDLE process, const void* address)
+{
+    Value value{};
+    EXPECT_TRUE(ReadProcessMemory(process, address, &value, sizeof value, nullptr));
+    return value;
+}
+
 }  // namespace
 
 std::wstring program_folder()
@@ -46,13 +58,14 @@ std::wstring program_folder()
 
 DWORD run_to_its_end()
 {
-    HANDLE process = start_program(program_folder());
+    HANDLE process = start_program(program_folder(), SW_SHOWNORMAL);
     const DWORD code = exit_code_of(process);
+    TerminateProcess(process, 1);  // when it did not end, so that the tests after this one have the desktop alone
     CloseHandle(process);
     return code;
 }
 
-RunningProgram::RunningProgram(const std::wstring& folder) : m_process(start_program(folder))
+RunningProgram::RunningProgram(const std::wstring& folder, WORD show) : m_process(start_program(folder, show))
 {
     const bool is_there = becomes_true([this] {
         m_window = FindWindowW(kMainWindowClass, nullptr);
@@ -134,6 +147,21 @@ void RunningProgram::change_dpi(unsigned dpi, const RECT& suggested) const
     ASSERT_TRUE(WriteProcessMemory(m_process, theirs, &suggested, sizeof suggested, nullptr));
     send_to(m_window, WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(theirs));
     VirtualFreeEx(m_process, theirs, 0, MEM_RELEASE);
+}
+
+std::wstring RunningProgram::current_folder() const
+{
+    // Of the parameters only the later half is declared: the current folder stands two texts and a handle earlier.
+    constexpr std::ptrdiff_t kFolderBeforeImagePath = -(2 * static_cast<std::ptrdiff_t>(sizeof(UNICODE_STRING)) + 8);
+    PROCESS_BASIC_INFORMATION basics{};
+    ULONG size = 0;
+    NtQueryInformationProcess(m_process, ProcessBasicInformation, &basics, sizeof basics, &size);
+    const auto environment = read_from<PEB>(m_process, basics.PebBaseAddress);
+    const auto* image_path = reinterpret_cast<const char*>(&environment.ProcessParameters->ImagePathName);
+    const auto folder = read_from<UNICODE_STRING>(m_process, image_path + kFolderBeforeImagePath);
+    std::wstring text(folder.Length / sizeof(wchar_t), L'\0');
+    EXPECT_TRUE(ReadProcessMemory(m_process, folder.Buffer, text.data(), folder.Length, nullptr));
+    return text;
 }
 
 DWORD RunningProgram::close() const

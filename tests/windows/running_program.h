@@ -13,9 +13,9 @@ std::wstring program_folder();
 
 class RunningProgram {
 public:
-    // Started from the build's folder, or from another that holds a copy of it. Returns when the window is there and
-    // waits for input.
-    explicit RunningProgram(const std::wstring& folder = program_folder());
+    // Started from the build's folder, or from another that holds a copy of it, and asked to be shown as `show` says.
+    // Returns when the window is there and waits for input.
+    explicit RunningProgram(const std::wstring& folder = program_folder(), WORD show = SW_SHOWNORMAL);
     RunningProgram(const RunningProgram&) = delete;
     RunningProgram& operator=(const RunningProgram&) = delete;
     ~RunningProgram();  // ended with force when it still runs
@@ -37,6 +37,7 @@ public:
     // Tells the window, as the system does, that it is on a monitor of `dpi` now and what its rectangle should be.
     void change_dpi(unsigned dpi, const RECT& suggested) const;
 
+    std::wstring current_folder() const;  // of its process
     bool is_running() const { return WaitForSingleObject(m_process, 0) == WAIT_TIMEOUT; }
     DWORD close() const;  // by the caption's close box; the exit code
     DWORD exit_code() const;

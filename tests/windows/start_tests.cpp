@@ -1,8 +1,11 @@
-// What the real program leaves in the shared data directory when it starts.
+// How the real program starts, and what it leaves in the shared data directory.
+#include "platform/environment.h"
 #include "platform/files.h"
+#include "platform/text_conversion.h"
 #include "platform/windows_path.h"
 #include "support/test_folder.h"
 #include "text/json.h"
+#include "text/path.h"
 #include "wallet_bridge/binding.h"
 #include "windows/running_program.h"
 
@@ -28,4 +31,27 @@ TEST(Start, BindsTheOnlyWalletForTheFolderOfTheExecutable)
     EXPECT_TRUE(instance.ends_with("\\src")) << instance;
     EXPECT_EQ(file_status(instance + "\\Brasslet.exe"), FileStatus::exists) << instance;
     EXPECT_EQ(narrow_path(names[0]), bind_key(instance) + ".json");
+}
+
+TEST(Start, MakesTheProgramsFolderTheCurrentOne)
+{
+    const TestFolder folder;
+    const std::wstring own = widen(executable_folder());
+    EXPECT_EQ(RunningProgram().current_folder(), std::wstring(without_last_element(own)) + L"\\src\\");
+}
+
+TEST(Start, ShowsTheWindowAsItWasAskedTo)
+{
+    const TestFolder folder;
+    EXPECT_FALSE(IsIconic(RunningProgram().window()));
+    EXPECT_TRUE(IsIconic(RunningProgram(program_folder(), SW_SHOWMINNOACTIVE).window()));
+}
+
+TEST(Start, IsAwareOfEveryMonitorsOwnDpi)
+{
+    const TestFolder folder;
+    const RunningProgram program;
+    // The manifest says which of the two forms; the test of the release reads it there.
+    EXPECT_EQ(GetAwarenessFromDpiAwarenessContext(GetWindowDpiAwarenessContext(program.window())),
+              DPI_AWARENESS_PER_MONITOR_AWARE);
 }
