@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <semaphore>
 #include <thread>
 
 namespace {
@@ -26,8 +27,11 @@ HWND make_message_window()
     return CreateWindowExW(0, L"STATIC", nullptr, 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
 }
 
+std::binary_semaphore settings_have_changed(0);
+
 std::wstring sentence_for(const SiteSettings& settings)
 {
+    settings_have_changed.acquire();
     return L"done for " + std::wstring(settings.alias.begin(), settings.alias.end());
 }
 
@@ -77,6 +81,7 @@ TEST(StartFlow, PostsExactlyOneResultOfTheSettingsAsTheyWereAtTheStart)
     settings.alias = "ann";
     start_flow(window, sentence_for, settings);
     settings.alias = "bob";
+    settings_have_changed.release();
 
     MSG message{};
     ASSERT_GT(GetMessageW(&message, window, 0, 0), 0);
