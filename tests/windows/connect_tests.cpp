@@ -1,5 +1,6 @@
 // Connect and Unbind through the real window. The user of the wallet application is the test itself.
 #include "platform/text_conversion.h"
+#include "support/child_process.h"
 #include "support/connect_requests.h"
 #include "support/wallet_files.h"
 #include "text/json.h"
@@ -161,6 +162,20 @@ TEST_F(Connecting, AnApprovedWalletThatIsMissingIsTold)
     reply(R"({"ok":true,"wallet_id":"9"})");
     EXPECT_TRUE(m_program->shows(1008, L"error: approved, but the wallet would not load."));
     expect_idle();
+}
+
+TEST_F(Connecting, TheWindowAnswersWhileTheLoadWaitsForTheWalletApplication)
+{
+    m_folder.write("wallets/2/wallet.json", phrase_wallet({{"paymail", "shop"}}).dump());
+    ChildProcess vaultry({m_folder.path(), "hold-lock"});
+    ASSERT_EQ(vaultry.read_line(), "held");
+    reply(R"({"ok":true,"wallet_id":"2"})");
+    ASSERT_TRUE(becomes_true([this] { return bind_records(m_folder) == 1; }));
+    for (int i = 0; i < 20; ++i)
+        EXPECT_TRUE(m_program->answers());
+    EXPECT_EQ(m_program->text(1008), kWaits);
+    vaultry.close_input();
+    EXPECT_TRUE(m_program->shows(1008, L"Connected."));
 }
 
 TEST_F(Connecting, ClosingMeanwhileSavesTheSettingsAndEndsWithSuccess)
