@@ -11,11 +11,12 @@ LONG_EMPTINESS = re.compile(b"\0{%d,}" % SHORT)
 
 
 def process_of(program: str) -> int:
-    """The one process that has the program's file mapped."""
+    """The one Windows process that has the program's file mapped; who only reads the file may have it mapped too."""
     found = []
     for folder in pathlib.Path("/proc").glob("[0-9]*"):
         try:
-            if f"/{program}\n" in (folder / "maps").read_text(errors="replace"):
+            maps = (folder / "maps").read_text(errors="replace")
+            if f"/{program}\n" in maps and "/ntdll.so\n" in maps:
                 found.append(int(folder.name))
         except OSError:
             continue  # it has ended, or is the kernel's own
