@@ -1,6 +1,7 @@
 #include "platform_host/stand_in.h"
 
 #include "platform/environment.h"
+#include "platform/explorer.h"
 #include "platform/open_page.h"
 #include "platform/pause.h"
 #include "platform/resource.h"
@@ -58,6 +59,11 @@ void pause(std::chrono::milliseconds duration)
 std::string_view load_resource(int)
 {
     return stand_in().resource;
+}
+
+void show_in_explorer(const std::string& path, WindowHandle)
+{
+    stand_in().shown_files.push_back(path);
 }
 
 namespace {

@@ -32,6 +32,7 @@ struct StandIn {
     std::vector<std::string> pages;                 // the addresses that open_page() opened, in order
     bool protection_works = true;                   // protect_for_user() succeeds
     std::string resource;                           // answer of load_resource() for every id
+    std::vector<std::string> shown_files;           // paths given to show_in_explorer()
     int wallet_app_raises = 0;                      // calls of raise_wallet_app()
     bool wallet_app_is_there = true;                // answer of raise_wallet_app()
     std::vector<std::chrono::milliseconds> pauses;  // that pause() was asked for; none of them takes any time
