@@ -5,7 +5,7 @@
 #include "app/open_settings.h"
 #include "text/ascii.h"
 
-void start_guarded_flow(int button, Flow flow)
+void start_guarded_flow(int button, const Flow& flow)
 {
     if (is_already_working()) return;
     AppState& state = app_state();

@@ -5,7 +5,7 @@
 
 // Takes what the user typed, saves the settings and starts `flow` for the pressed `button`; while another one runs it
 // only says so in the status line.
-void start_guarded_flow(int button, Flow flow);
+void start_guarded_flow(int button, const Flow& flow);
 
 // The same for work that is started otherwise. Tells in the status line, and returns true, that something runs.
 bool is_already_working();

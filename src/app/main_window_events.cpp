@@ -10,7 +10,10 @@
 #include "app/update_notice.h"
 #include "app/wallet_card.h"
 #include "app/window_painting.h"
+#include "flows/install.h"
 #include "flows/publish.h"
+#include "flows/remove.h"
+#include "plugin/package.h"
 #include "ui/drawn_button.h"
 #include "ui/frame.h"
 
@@ -75,6 +78,14 @@ void limit_size(MINMAXINFO& limits)
     limits.ptMinTrackSize = {smallest.width, smallest.height};
 }
 
+// Explorer and the browser are opened by the window's own thread.
+Flow install_flow(HWND window)
+{
+    return [window](const SiteSettings& settings) {
+        return install_sentence(settings, [window] { return PostMessageW(window, MsgShowPackage, 0, 0) != 0; });
+    };
+}
+
 void on_command(HWND window, int id, int notification)
 {
     switch (id) {
@@ -93,8 +104,14 @@ void on_command(HWND window, int id, int notification)
     case kSettingsButton:
         open_settings();
         break;
+    case kInstallButton:
+        start_guarded_flow(id, install_flow(window));
+        break;
     case kPublishButton:
         start_guarded_flow(id, publish_sentence);
+        break;
+    case kRemoveButton:
+        start_guarded_flow(id, remove_sentence);
         break;
     case kCloseButton:
         DestroyWindow(window);
@@ -171,6 +188,9 @@ LRESULT CALLBACK main_window_procedure(HWND window, UINT message, WPARAM wparam,
         return 0;
     case MsgUpdateResult:
         take_found_build(static_cast<std::int32_t>(wparam - 1));
+        return 0;
+    case MsgShowPackage:
+        show_plugin_upload(app_state().settings.site, window);
         return 0;
     case WM_DESTROY:
         on_destroy(window);

@@ -33,7 +33,7 @@ void check_for_update(HWND window)
 
 }  // namespace
 
-void start_flow(HWND window, Flow flow, const SiteSettings& settings)
+void start_flow(HWND window, const Flow& flow, const SiteSettings& settings)
 {
     start_worker([=] { post_text(window, MsgFlowResult, std::make_unique<std::wstring>(flow(settings))); });
 }

@@ -1,5 +1,6 @@
 #include "flows/publish.h"
 
+#include "flows/plugin_sentences.h"
 #include "flows/publish_reply.h"
 #include "paymail/payname_rules.h"
 #include "paymail/verification.h"
@@ -39,8 +40,7 @@ std::wstring publish_sentence(const SiteSettings& settings)
     const std::string address = wallet_address().value_or(std::string());
     if (key.size() != 66 || address.size() < 26) return L"This Vaultry has no payment address yet.";
 
-    if (plugin_on_site(site.base) != SitePlugin::current)
-        return L"Press Install plugin and upload the zip over the one on the site.";
+    if (plugin_on_site(site.base) != SitePlugin::current) return kInstallCurrentPlugin;
     const HttpReply reply = site_request("POST", site.base + "/wp-json/brasslet/v1/name",
                                          publish_body(settings, key, address), settings.user, settings.pass);
     std::wstring refusal = publish_refusal(reply);

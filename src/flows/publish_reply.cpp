@@ -1,5 +1,6 @@
 #include "flows/publish_reply.h"
 
+#include "flows/plugin_sentences.h"
 #include "platform/text_conversion.h"
 #include "site/site_refusal.h"
 #include "text/ascii.h"
@@ -31,8 +32,8 @@ std::wstring publish_refusal(const HttpReply& reply)
 {
     std::wstring refusal = refusal_message(reply);
     if (!refusal.empty()) return refusal;
-    if (reply.status == 404) return L"Install the plugin first.";
-    if (reply.error.empty() && reply.status >= 200 && reply.status <= 299) return {};
+    if (reply.status == 404) return kInstallPluginFirst;
+    if (reply.is_success()) return {};
     const std::string message = reply_message(reply.body);
     if (!message.empty()) return widen(message);
     return reply.error.empty() ? L"The site did not take the name." : widen(reply.error);

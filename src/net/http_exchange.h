@@ -15,6 +15,8 @@ struct HttpReply {
     std::string body;          // as received, at most little more than kLargestBody bytes
     std::string error;         // empty on success; a reply that carries an error is never a success
     std::string redirect_url;  // where a redirect that was not followed points to, absolute; empty otherwise
+
+    bool is_success() const { return error.empty() && status >= 200 && status <= 299; }
 };
 
 struct HttpRequest {

@@ -9,7 +9,7 @@ SitePlugin plugin_on_site(const std::string& base)
 
 SitePlugin plugin_in(const HttpReply& status_reply)
 {
-    if (!status_reply.error.empty() || status_reply.status < 200 || status_reply.status > 299) return SitePlugin::none;
+    if (!status_reply.is_success()) return SitePlugin::none;
     if (status_reply.body.find(R"("login":"names")") != std::string::npos) return SitePlugin::current;
     return status_reply.body.find(R"("ok")") != std::string::npos ? SitePlugin::outdated : SitePlugin::none;
 }

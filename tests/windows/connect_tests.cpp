@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr int kButtonsOfWork[] = {1001, 1002, 1006};
+constexpr int kButtonsOfWork[] = {1001, 1002, 1003, 1005, 1006, 1007};
 
 constexpr wchar_t kWaits[] = L"Waiting for Vaultry to approve.";
 constexpr wchar_t kUnbound[] = L"Unbound. Connect again to pick a wallet in Vaultry.";

@@ -34,7 +34,9 @@ constexpr Expected kExpected[] = {
     {1012, kStatic, L"name@your-site", &MainLayout::name_preview},
     {1017, kStatic, L"Pays this house paymail. Other names stay.", &MainLayout::name_hint},
     {1013, kStatic, L"", &MainLayout::kept_names},
+    {1005, kButton, L"Install plugin", &MainLayout::install},
     {1006, kButton, L"Publish", &MainLayout::publish},
+    {1007, kButton, L"Remove", &MainLayout::remove},
     {1018, kButton, L"Close", &MainLayout::close},
     {1008, kStatic, L"", &MainLayout::status},
     {1009, kStatic, L"Version 0.001", &MainLayout::version},
@@ -112,7 +114,7 @@ TEST(MainWindow, ItsControlsHaveTheirStyles)
         EXPECT_EQ(style(program, id), kLabel | SS_ENDELLIPSIS) << id;
     EXPECT_EQ(style(program, 1008), kLabel);
     EXPECT_EQ(style(program, 1009), kLabel | SS_ENDELLIPSIS | SS_NOTIFY);
-    for (const int id : {1001, 1002, 1003, 1006, 1018})
+    for (const int id : {1001, 1002, 1003, 1005, 1006, 1007, 1018})
         EXPECT_EQ(style(program, id), WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_TABSTOP | BS_OWNERDRAW) << id;
     constexpr DWORD kField = WS_TABSTOP | ES_AUTOHSCROLL;
     EXPECT_EQ(style(program, 1004) & (kField | ES_MULTILINE), kField);
