@@ -29,6 +29,7 @@ def user(plugin, zone):
         site_world.forget_names(host)
     site_world.set_zone(*zone)
     desk.clear_data_directory()
+    desk.forget_opened_pages()
     desk.put_wallet()
     password = site_world.app_password(HOST)
     desk.put_settings(f"https://{HOST}", "owner", password)

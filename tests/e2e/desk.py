@@ -19,9 +19,8 @@ VAULTRY = BUILD / "tests/world/vaultry/vaultry_stand_in.exe"
 PHRASE = "legal winner thank year wave sausage worth useful legal winner thank yellow"
 
 NAME, PREVIEW, HOUSE_PAYMAIL, PAYMENT_ADDRESS, NOTE = 1004, 1012, 1010, 1011, 1013
-CONNECT, UNBIND = 1001, 1002
-STATUS, PUBLISH, CLOSE = 1008, 1006, 1018
-SETTINGS, VERSION = 1003, 1009
+CONNECT, UNBIND, SETTINGS, INSTALL, PUBLISH, REMOVE = 1001, 1002, 1003, 1005, 1006, 1007
+STATUS, VERSION, CLOSE = 1008, 1009, 1018
 SETTINGS_WINDOW, SITE, USER, PASSWORD, CLOSE_SETTINGS, EYE = 2000, 2001, 2002, 2003, 2004, 2009
 
 
@@ -92,12 +91,21 @@ def running_program(folder: pathlib.Path = EXE.parent):
         drive("wait-gone", check=False)
 
 
-def publish(name: str, seconds: int = 90) -> str:
-    """Types the name, presses Publish, waits for the flow's end. Returns the sentence."""
-    drive("type", NAME, name)
-    drive("press", PUBLISH)
+def press(button: int, seconds: int = 90) -> str:
+    """Presses a button that starts a flow and waits for the flow's end. Returns the sentence."""
+    drive("press", button)
     drive("wait-idle", seconds)
     return drive("text", STATUS)
+
+
+def publish(name: str) -> str:
+    drive("type", NAME, name)
+    return press(PUBLISH)
+
+
+def remove(name: str) -> str:
+    drive("type", NAME, name)
+    return press(REMOVE)
 
 
 def wait_until(condition, seconds: float = 30) -> bool:
@@ -139,19 +147,68 @@ def wallet_application(folder: pathlib.Path, *options: str):
         process.wait()
 
 
+def record_of_pages() -> pathlib.Path:
+    return pathlib.Path(os.environ["WORLD_DIR"]) / "opened_pages"
+
+
+def opened_pages() -> list:
+    """The addresses of the pages that the program had the user's browser open."""
+    record = record_of_pages()
+    return record.read_text(encoding="utf-8").splitlines() if record.exists() else []
+
+
+def forget_opened_pages() -> None:
+    record_of_pages().unlink(missing_ok=True)
+
+
+def asked_page() -> str:
+    """The last of them; waits for the first."""
+    assert wait_until(opened_pages)
+    return opened_pages()[-1]
+
+
+def explorers_in(end: str) -> list:
+    """The processes of Windows' file manager whose command line ends so."""
+    found = []
+    for process in pathlib.Path("/proc").glob("[0-9]*"):
+        with contextlib.suppress(OSError):  # it ended meanwhile
+            words = (process / "cmdline").read_bytes().decode(errors="replace").rstrip("\0").split("\0")
+            if words[0].endswith("explorer.exe") and " ".join(words).endswith(end):
+                found.append(int(process.name))
+    return found
+
+
+def xdotool(*words: object) -> str:
+    done = subprocess.run(["xdotool", *map(str, words)], check=True, capture_output=True, text=True, timeout=60)
+    return done.stdout.strip()
+
+
+def window_under_mouse() -> str:
+    return xdotool("getwindowname", xdotool("getmouselocation", "--shell").split("WINDOW=")[1])
+
+
 def mouse_to(control: int) -> None:
+    """Waits until the control's window really lies there: it may not be on the screen yet, or under another one."""
     left, top, right, bottom = map(int, drive("rectangle", control).split())
-    subprocess.run(["xdotool", "mousemove", str((left + right) // 2), str((top + bottom) // 2)], check=True)
+    xdotool("mousemove", (left + right) // 2, (top + bottom) // 2)
+    window = "Settings" if control > SETTINGS_WINDOW else "Brasslet"
+    assert wait_until(lambda: window_under_mouse() == window), window_under_mouse()
 
 
 def click(control: int) -> None:
     mouse_to(control)
-    subprocess.run(["xdotool", "click", "1"], check=True)
+    xdotool("click", 1)
+
+
+def capture(path: pathlib.Path, *rectangles: str) -> None:
+    """The part of the screen that holds these rectangles ("left top right bottom")."""
+    left, top, right, bottom = zip(*(map(int, rectangle.split()) for rectangle in rectangles))
+    x, y = min(left), min(top)
+    path.parent.mkdir(parents=True, exist_ok=True)
+    subprocess.run(["import", "-window", "root", "-crop", f"{max(right) - x}x{max(bottom) - y}+{x}+{y}", "+repage", path],
+                   check=True, timeout=60)
 
 
 def screenshot(path: pathlib.Path, *window: int) -> None:
     """The main window, or another one, as the user sees it."""
-    left, top, right, bottom = map(int, drive("rectangle", *window).split())
-    path.parent.mkdir(parents=True, exist_ok=True)
-    subprocess.run(["import", "-window", "root", "-crop", f"{right - left}x{bottom - top}+{left}+{top}", "+repage", path],
-                   check=True, timeout=60)
+    capture(path, drive("rectangle", *window))

@@ -23,10 +23,14 @@ def plugin_in(exe: pathlib.Path) -> bytes:
     raise LookupError("the executable carries no plugin")
 
 
+def activate_plugin_file(host: str, path: pathlib.Path) -> None:
+    subprocess.run([WORLD / "install_plugin", host, path], check=True, stdout=subprocess.DEVNULL, timeout=60)
+
+
 def activate_plugin(host: str, exe: pathlib.Path) -> None:
     path = pathlib.Path(os.environ["WORLD_DIR"]) / "brasslet.php"
     path.write_bytes(plugin_in(exe))
-    subprocess.run([WORLD / "install_plugin", host, path], check=True, stdout=subprocess.DEVNULL, timeout=60)
+    activate_plugin_file(host, path)
 
 
 def run_php(host: str, code: str) -> str:
@@ -35,15 +39,49 @@ def run_php(host: str, code: str) -> str:
 
 
 @contextlib.contextmanager
-def own_address(url: str):
-    """The WordPress of brasslet.test believes for a while that its own address is this one."""
-    plugin = pathlib.Path(os.environ["WORLD_DIR"]) / "sites/stable/content/mu-plugins/own_address.php"
+def troubled_by(code: str):
+    """The WordPress of brasslet.test runs these lines of PHP for a while, before its plugins."""
+    plugin = pathlib.Path(os.environ["WORLD_DIR"]) / "sites/stable/content/mu-plugins/trouble.php"
     plugin.parent.mkdir(exist_ok=True)
-    plugin.write_text(f"<?php add_filter( 'option_home', function () {{ return '{url}'; }}, 99 );\n")
+    plugin.write_text(f"<?php {code}\n")
     try:
         yield
     finally:
         plugin.unlink()
+
+
+def own_address(url: str):
+    """The WordPress of brasslet.test believes for a while that its own address is this one."""
+    return troubled_by(f"add_filter( 'option_home', function () {{ return '{url}'; }}, 99 );")
+
+
+def remove_plugin(host: str) -> None:
+    """As its owner removes it in WordPress: deactivated, then deleted. What the plugin keeps stays."""
+    run_php(host, """
+        require_once ABSPATH . 'wp-admin/includes/plugin.php';
+        require_once ABSPATH . 'wp-admin/includes/file.php';
+        deactivate_plugins('brasslet/brasslet.php');
+        delete_plugins(['brasslet/brasslet.php']);""")
+
+
+@contextlib.contextmanager
+def without_plugin(host: str, exe: pathlib.Path):
+    remove_plugin(host)
+    try:
+        yield
+    finally:
+        activate_plugin(host, exe)
+
+
+@contextlib.contextmanager
+def makers_page(text: str):
+    """The page that the program looks for a newer build on."""
+    page = pathlib.Path(os.environ["WORLD_DIR"]) / "makers_page/brasslet"
+    page.write_text(text, encoding="utf-8")
+    try:
+        yield
+    finally:
+        page.unlink()
 
 
 def forget_names(host: str) -> None:
@@ -53,6 +91,10 @@ def forget_names(host: str) -> None:
 def app_password(host: str, user: str = "owner") -> str:
     done = subprocess.run([WORLD / "app_password", host, user], check=True, capture_output=True, text=True, timeout=60)
     return done.stdout.strip()
+
+
+def forget_app_passwords(host: str, user: str = "owner") -> None:
+    run_php(host, f"WP_Application_Passwords::delete_all_application_passwords(get_user_by('login', '{user}')->ID);")
 
 
 def get(url: str, **options) -> requests.Response:

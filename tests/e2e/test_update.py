@@ -6,25 +6,12 @@ import pathlib
 import pytest
 
 import desk
+from desk import opened_pages
+from site_world import makers_page
 
 PAGE = "https://corvane.example/brasslet"
 WORLD = pathlib.Path(os.environ["WORLD_DIR"])
 YES, NO = 6, 7
-
-
-@contextlib.contextmanager
-def makers_page(text):
-    path = WORLD / "makers_page/brasslet"
-    path.write_text(text, encoding="utf-8")
-    try:
-        yield
-    finally:
-        path.unlink()
-
-
-def opened_pages():
-    record = WORLD / "opened_pages"
-    return record.read_text(encoding="utf-8").splitlines() if record.exists() else []
 
 
 def requests_for_the_page():
@@ -33,7 +20,7 @@ def requests_for_the_page():
 
 @pytest.fixture(autouse=True)
 def nothing_seen_yet():
-    (WORLD / "opened_pages").unlink(missing_ok=True)
+    desk.forget_opened_pages()
     (WORLD / "logs/access.log").write_text("")
 
 

@@ -16,6 +16,8 @@ prepare_site() {
     fi
     mkdir -p "$site/core" "$site/content/plugins" "$site/content/uploads" "$site/content/themes"
     cp -r "$scripts/wordpress/theme" "$site/content/themes/world"
+    # The package's links to the libraries of other packages lead beside it.
+    ln -s /usr/share/javascript /usr/share/php "$site/"
     mount --bind "$package" "$site/core"
     # WordPress can replace its own files; those of the machine are not the world's to change.
     if [ "$(id -u)" = 0 ]; then mount -o remount,bind,ro "$site/core"; fi

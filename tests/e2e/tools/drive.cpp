@@ -3,8 +3,10 @@
 #include <windows.h>
 #include <shellapi.h>
 
+#include <algorithm>
 #include <functional>
 #include <iostream>
+#include <iterator>
 #include <map>
 #include <string>
 #include <vector>
@@ -15,7 +17,9 @@ constexpr wchar_t kWindowClass[] = L"CorvaneBrassletShell";
 constexpr wchar_t kSettingsClass[] = L"CorvaneBrassletSettings";
 constexpr int kSettingsWindow = 2000;   // stands for the settings window itself; its controls have the ids after it
 constexpr UINT kAnswerWithin = 10'000;  // milliseconds
-constexpr int kPublishButton = 1006;
+constexpr int kCloseButton = 1018;
+constexpr int kProvisionalSize = 10;                      // pixels, of a button before the window is laid out
+constexpr int kWorkButtons[] = {1001, 1005, 1006, 1007};  // the one that works reads "Wait..."
 
 using Arguments = std::vector<std::wstring>;
 
@@ -101,17 +105,23 @@ bool print_text(HWND handle)
     return true;
 }
 
+bool is_ready()
+{
+    RECT button{};
+    GetClientRect(GetDlgItem(window(), kCloseButton), &button);
+    return IsWindowVisible(window()) != FALSE && button.right > kProvisionalSize && send(window(), WM_NULL, 0, 0);
+}
+
 bool is_idle()
 {
-    return text_of(GetDlgItem(window(), kPublishButton)) == L"Publish";
+    return std::ranges::none_of(kWorkButtons, [](int id) { return text_of(GetDlgItem(window(), id)) == L"Wait..."; });
 }
 
 const std::map<std::wstring, std::function<bool(const Arguments&)>>& commands()
 {
     static const std::map<std::wstring, std::function<bool(const Arguments&)>> all = {
-        // wait-window: until the main window is there and visible
-        {L"wait-window",
-         [](const Arguments&) { return wait_until([] { return IsWindowVisible(window()) != FALSE; }, 60'000); }},
+        // wait-window: until the main window is there, laid out, and takes messages
+        {L"wait-window", [](const Arguments&) { return wait_until(is_ready, 60'000); }},
         // wait-gone: until there is no main window
         {L"wait-gone", [](const Arguments&) { return wait_until([] { return window() == nullptr; }, 30'000); }},
         // wait-idle SECONDS: until no flow runs
@@ -151,9 +161,22 @@ const std::map<std::wstring, std::function<bool(const Arguments&)>>& commands()
         {L"question", [](const Arguments&) { return print_text(GetDlgItem(question(), 0xFFFF)); }},
         {L"answer",
          [](const Arguments& a) { return send(GetDlgItem(question(), std::stoi(a.at(0))), BM_CLICK, 0, 0); }},
+        // question-rectangle: of the box, in screen pixels
+        {L"question-rectangle", [](const Arguments&) { return print_rectangle(question()); }},
         // answers: the window takes messages
         {L"answers", [](const Arguments&) { return send(window(), WM_NULL, 0, 0); }},
         {L"close", [](const Arguments&) { return PostMessageW(window(), WM_CLOSE, 0, 0) != FALSE; }},
+        // close-folder TITLE: every window of the file manager that shows the folder of this name
+        {L"close-folder",
+         [](const Arguments& a) {
+             return wait_until(
+                 [&a] {
+                     const HWND folder = FindWindowW(nullptr, a.at(0).c_str());
+                     PostMessageW(folder, WM_CLOSE, 0, 0);
+                     return folder == nullptr;
+                 },
+                 30'000);
+         }},
         // close-vaultry: the window of the wallet application, and wait until it is gone
         {L"close-vaultry",
          [](const Arguments&) {
