@@ -1,14 +1,19 @@
-"""The demonstration that scripts/demo runs inside the test world: one name, typed and published in the real window."""
+"""The demonstration that scripts/demo runs inside the test world: the road of a first-time user, with a picture of every
+step, and what any paying client then gets for the name."""
+import os
 import pathlib
 import subprocess
 import sys
+import tempfile
 
 import desk
+import journey
 import site_world
+from browser import browser
 
-HOST = "brasslet.test"
+HOST = journey.HOST
 KEPT = f"Vaultry kept alice@{HOST}."
-PICTURE = desk.ROOT / "build/demo/brasslet.png"
+PICTURES = desk.ROOT / "build/demo"
 
 
 def show(url: str) -> None:
@@ -17,30 +22,29 @@ def show(url: str) -> None:
 
 
 def main() -> int:
-    print(f"WordPress is up at https://{HOST}. Activating the plugin that the executable carries.", flush=True)
-    site_world.activate_plugin(HOST, desk.EXE)
-    desk.clear_data_directory()
-    desk.put_wallet(paymail="sofia")
-    desk.put_settings(f"https://{HOST}", "owner", site_world.app_password(HOST))
+    for old in PICTURES.glob("*.png"):
+        old.unlink()
+    told = []
 
-    print("Starting Brasslet.exe, typing the name, pressing Publish.", flush=True)
-    with desk.running_program():
-        desk.click(desk.NAME)
-        subprocess.run(["xdotool", "type", "--delay", "30", "alice"], check=True)
-        desk.drive("wait-text", desk.NAME, "alice")
-        desk.click(desk.PUBLISH)
-        desk.drive("wait-text", desk.STATUS)
-        desk.drive("wait-idle", 90)
-        sentence = desk.drive("text", desk.STATUS)
-        desk.screenshot(PICTURE)
+    def tell(sentence):
+        told.append(sentence)
+        print(f"  {sentence}", flush=True)
 
-    print(f"\n{sentence}\n", flush=True)
-    if sentence != KEPT:
+    print(f"WordPress is up at https://{HOST}. Brasslet.exe says, step by step:", flush=True)
+    with (
+        tempfile.TemporaryDirectory(dir=os.environ["WORLD_DIR"]) as folder,
+        journey.wallet_application_beside(pathlib.Path(folder)) as program,
+        browser() as page,
+    ):
+        journey.first_journey(journey.Journey(PICTURES, tell), page, program)
+
+    print(f"\n{told[-1]}\n", flush=True)
+    if told[-1] != KEPT:
         return 1
     show(f"https://{HOST}/.well-known/bsvalias")
     for capability in ("pki", "paymentDestination"):
         show(site_world.capabilities(HOST)[capability].replace("{alias}", "alice"))
-    print(f"The window as the user sees it: {PICTURE.relative_to(pathlib.Path.cwd())}")
+    print(f"The windows and pages as the user sees them: {PICTURES.relative_to(pathlib.Path.cwd())}/")
     return 0
 
 

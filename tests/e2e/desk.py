@@ -200,12 +200,11 @@ def click(control: int) -> None:
     xdotool("click", 1)
 
 
-def capture(path: pathlib.Path, *rectangles: str) -> None:
-    """The part of the screen that holds these rectangles ("left top right bottom")."""
-    left, top, right, bottom = zip(*(map(int, rectangle.split()) for rectangle in rectangles))
-    x, y = min(left), min(top)
+def capture(path: pathlib.Path, rectangle: str) -> None:
+    """This part of the screen ("left top right bottom")."""
+    left, top, right, bottom = map(int, rectangle.split())
     path.parent.mkdir(parents=True, exist_ok=True)
-    subprocess.run(["import", "-window", "root", "-crop", f"{max(right) - x}x{max(bottom) - y}+{x}+{y}", "+repage", path],
+    subprocess.run(["import", "-window", "root", "-crop", f"{right - left}x{bottom - top}+{left}+{top}", "+repage", path],
                    check=True, timeout=60)
 
 

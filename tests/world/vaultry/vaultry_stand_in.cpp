@@ -119,7 +119,7 @@ HWND make_window(HINSTANCE instance)
     window_class.hbrBackground = GetSysColorBrush(COLOR_WINDOW);
     window_class.lpszClassName = kWindowClass;
     RegisterClassW(&window_class);
-    return CreateWindowExW(0, kWindowClass, L"Vaultry", WS_OVERLAPPEDWINDOW, 40, 40, 360, 240, nullptr, nullptr,
+    return CreateWindowExW(0, kWindowClass, L"Vaultry", WS_OVERLAPPEDWINDOW, 1000, 40, 360, 240, nullptr, nullptr,
                            instance, nullptr);
 }
 

@@ -1,0 +1,107 @@
+"""The owner of the site in a real browser: logs in to WordPress, makes an application password, uploads a plugin."""
+import contextlib
+import os
+import pathlib
+import subprocess
+import tempfile
+
+from selenium import webdriver
+from selenium.webdriver.chrome.service import Service
+from selenium.webdriver.common.by import By
+from selenium.webdriver.support import expected_conditions as until
+from selenium.webdriver.support.wait import WebDriverWait
+
+SECONDS = 60
+FLAGS = (
+    "--no-first-run",
+    "--disable-background-networking",
+    "--disable-component-update",
+    "--disable-sync",
+    "--disable-quic",
+    "--disable-gpu",
+    "--no-sandbox",  # the world is one already
+    "--window-position=900,40",
+    "--window-size=1280,900",
+)
+
+
+def trust_the_authority(home: pathlib.Path) -> None:
+    """Chromium trusts what the certificate store in its user's home trusts."""
+    store = home / ".pki/nssdb"
+    store.mkdir(parents=True)
+    for words in (["-N", "--empty-password"], ["-A", "-n", "test authority", "-t", "C,,", "-i", os.environ["WORLD_CA"]]):
+        subprocess.run(["certutil", "-d", f"sql:{store}", *words], check=True, timeout=60)
+
+
+@contextlib.contextmanager
+def browser():
+    """A browser window on the world's desktop, with a profile of its own."""
+    with tempfile.TemporaryDirectory(dir=os.environ["WORLD_DIR"]) as folder:
+        home = pathlib.Path(folder)
+        trust_the_authority(home)
+        options = webdriver.ChromeOptions()
+        options.binary_location = "/usr/bin/chromium"
+        for flag in FLAGS + (f"--user-data-dir={home}/profile",):
+            options.add_argument(flag)
+        service = Service("/usr/bin/chromedriver", env={**os.environ, "HOME": str(home), "XDG_CONFIG_HOME": str(home)})
+        driver = webdriver.Chrome(service=service, options=options)
+        try:
+            yield Browser(driver)
+        finally:
+            driver.quit()
+
+
+class Browser:
+    def __init__(self, driver):
+        self._driver = driver
+
+    def _click(self, selector: str) -> None:
+        WebDriverWait(self._driver, SECONDS).until(until.element_to_be_clickable((By.CSS_SELECTOR, selector))).click()
+
+    def _type(self, selector: str, text: str) -> None:
+        field = WebDriverWait(self._driver, SECONDS).until(until.visibility_of_element_located((By.CSS_SELECTOR, selector)))
+        field.clear()
+        field.send_keys(text)
+
+    def wait_for_text(self, text: str) -> None:
+        WebDriverWait(self._driver, SECONDS).until(lambda driver: text in driver.find_element(By.TAG_NAME, "body").text)
+
+    def open(self, url: str) -> None:
+        self._driver.get(url)
+
+    def log_in(self, site: str, user: str, password: str) -> None:
+        self.open(f"{site}/wp-login.php")
+        self._type("#user_login", user)
+        self._type("#user_pass", password)
+        self._click("#wp-submit")
+        WebDriverWait(self._driver, SECONDS).until(until.url_contains("/wp-admin/"))
+
+    def make_application_password(self, site: str, name: str) -> str:
+        """As WordPress shows it: groups of four with blanks between them."""
+        self.open(f"{site}/wp-admin/profile.php#application-passwords-section")
+        self._type("#new_application_password_name", name)
+        self._click("#do_new_application_password")
+        shown = WebDriverWait(self._driver, SECONDS).until(
+            until.visibility_of_element_located((By.CSS_SELECTOR, "#new-application-password-value"))
+        )
+        return shown.get_attribute("value")
+
+    def upload_plugin(self, upload_page: str, zip_file: pathlib.Path) -> None:
+        self.open(upload_page)
+        self._driver.find_element(By.CSS_SELECTOR, "#pluginzip").send_keys(str(zip_file))
+        self._click("#install-plugin-submit")
+        WebDriverWait(self._driver, SECONDS).until(until.url_contains("action=upload-plugin"))
+
+    def activate_uploaded_plugin(self) -> None:
+        self.wait_for_text("Plugin installed successfully.")
+        self._click("a.button-primary[href*='action=activate']")
+        self.wait_for_text("Plugin activated.")
+
+    def replace_plugin_with_uploaded(self) -> None:
+        self.wait_for_text("This plugin is already installed.")
+        self._click("a.update-from-upload-overwrite")
+        self.wait_for_text("Plugin updated successfully.")
+
+    def picture(self, path: pathlib.Path) -> None:
+        path.parent.mkdir(parents=True, exist_ok=True)
+        self._driver.save_screenshot(str(path))
