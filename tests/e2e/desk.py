@@ -63,12 +63,28 @@ def payname_rows() -> list:
     return json.loads(path.read_text(encoding="utf-8"))["names"] if path.exists() else []
 
 
+NO = 3  # drive's exit status for what is not there, or did not come in time
+
+
+def run_drive(*words: object) -> subprocess.CompletedProcess:
+    """One command to the windows; see tools/drive.cpp. Seldom, when the machine is very busy, Wine cannot start a program;
+    a command that never ran is given again."""
+    for _ in range(3):
+        done = subprocess.run(["wine", TOOLS / "drive.exe", *map(str, words)], capture_output=True, check=False, timeout=180)
+        if done.returncode in (0, NO):
+            return done
+    raise AssertionError(f"drive {words}: exit status {done.returncode}\n{done.stderr.decode(errors='replace')}")
+
+
 def drive(*words: object, check: bool = True) -> str:
-    """One command to the main window; see tools/drive.cpp."""
-    done = subprocess.run(["wine", TOOLS / "drive.exe", *map(str, words)], capture_output=True, check=False, timeout=120)
+    done = run_drive(*words)
     if check and done.returncode != 0:
-        raise AssertionError(f"drive {words}: exit status {done.returncode}\n{done.stderr.decode(errors='replace')}")
+        raise AssertionError(f"drive {words}: not there, or not in time")
     return done.stdout.decode("utf-8").rstrip("\r\n")
+
+
+def is_true(*words: object) -> bool:
+    return run_drive(*words).returncode == 0
 
 
 def start_program(folder: pathlib.Path = EXE.parent) -> subprocess.Popen:
@@ -201,11 +217,18 @@ def click(control: int) -> None:
 
 
 def capture(path: pathlib.Path, rectangle: str) -> None:
-    """This part of the screen ("left top right bottom")."""
+    """This part of the screen ("left top right bottom"), once nothing moves in it any more."""
     left, top, right, bottom = map(int, rectangle.split())
     path.parent.mkdir(parents=True, exist_ok=True)
-    subprocess.run(["import", "-window", "root", "-crop", f"{right - left}x{bottom - top}+{left}+{top}", "+repage", path],
-                   check=True, timeout=60)
+    seen = []
+
+    def stands_still():
+        subprocess.run(["import", "-window", "root", "-crop", f"{right - left}x{bottom - top}+{left}+{top}", "+repage",
+                        "-define", "png:exclude-chunks=date,time", path], check=True, timeout=60)
+        seen.append(path.read_bytes())
+        return len(seen) > 1 and seen[-1] == seen[-2]
+
+    wait_until(stands_still, seconds=5)
 
 
 def screenshot(path: pathlib.Path, *window: int) -> None:

@@ -1,5 +1,6 @@
 // Works the program's windows from outside, as a user's hands and eyes would: finds them, reads their controls, types,
-// presses. One command a run; what it finds goes to standard output as UTF-8. Exit status 1: not found, or too late.
+// presses. One command a run; what it finds goes to standard output as UTF-8. Exit status 3: not found, or too late;
+// 1 is left to Wine, which ends so when it cannot even start a program.
 #include <windows.h>
 #include <shellapi.h>
 
@@ -203,7 +204,7 @@ int main()
         return 2;
     }
     try {
-        return command->second(Arguments(all.begin() + 2, all.end())) ? 0 : 1;
+        return command->second(Arguments(all.begin() + 2, all.end())) ? 0 : 3;
     } catch (const std::exception&) {
         std::cerr << "drive: an argument is missing or no number\n";
         return 2;
