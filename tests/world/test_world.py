@@ -189,13 +189,16 @@ def test_names_lead_to_the_machine_itself_and_one_leads_nowhere():
               "--no-desktop") == "127.0.0.1\nrefused 7\nno road 7"
 
 
-@pytest.mark.parametrize("ending", [signal.SIGKILL, signal.SIGTERM, signal.SIGINT])
+@pytest.mark.parametrize(
+    ("ending", "status"),
+    [(signal.SIGKILL, -signal.SIGKILL), (signal.SIGTERM, 143), (signal.SIGINT, 130), (signal.SIGHUP, 129)],
+)
 @pytest.mark.parametrize("options", [["--no-desktop"], []])
-def test_nothing_survives_the_end_of_up(ending, options):
+def test_nothing_survives_the_end_of_up(ending, status, options):
     world, mark = start_marked(*options)
     assert len(living(mark)) > 4
     world.send_signal(ending)
-    world.wait(timeout=60)
+    assert world.wait(timeout=60) == status
     assert wait_until_gone(mark) == []
     assert list(RUN_FOLDER.iterdir()) == []
 
