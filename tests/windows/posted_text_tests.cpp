@@ -7,7 +7,7 @@
 
 #include <gtest/gtest.h>
 
-#include <semaphore>
+#include <future>
 #include <thread>
 
 namespace {
@@ -27,11 +27,11 @@ HWND make_message_window()
     return CreateWindowExW(0, L"STATIC", nullptr, 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
 }
 
-std::binary_semaphore settings_have_changed(0);
+std::promise<void> settings_have_changed;
 
 std::wstring sentence_for(const SiteSettings& settings)
 {
-    settings_have_changed.acquire();
+    settings_have_changed.get_future().wait();
     return L"done for " + std::wstring(settings.alias.begin(), settings.alias.end());
 }
 
@@ -81,7 +81,7 @@ TEST(StartFlow, PostsExactlyOneResultOfTheSettingsAsTheyWereAtTheStart)
     settings.alias = "ann";
     start_flow(window, sentence_for, settings);
     settings.alias = "bob";
-    settings_have_changed.release();
+    settings_have_changed.set_value();
 
     MSG message{};
     ASSERT_GT(GetMessageW(&message, window, 0, 0), 0);
