@@ -39,9 +39,9 @@ def start_marked(*options):
     """A world that waits until it is ended. Everything in it carries a mark in its environment."""
     mark = f"WORLD_TEST_MARK={uuid.uuid4()}"
     name, value = mark.split("=")
-    # Started in the background, this run itself may ignore SIGINT, and would hand that down.
+    # Started in the background, this run itself may ignore SIGINT or SIGHUP, and would hand that down.
     world = subprocess.Popen(
-        ["env", "--default-signal=INT,QUIT", WORLD / "up", *options, "--", "bash", "-c", "echo ready; exec sleep infinity"],
+        ["env", "--default-signal=HUP,INT,QUIT,TERM", WORLD / "up", *options, "--", "bash", "-c", "echo ready; exec sleep infinity"],
         stdout=subprocess.PIPE, env={**os.environ, name: value})
     assert world.stdout.readline() == b"ready\n"
     return world, mark.encode()
