@@ -41,7 +41,8 @@ def start_marked(*options):
     name, value = mark.split("=")
     # Started in the background, this run itself may ignore SIGINT or SIGHUP, and would hand that down.
     world = subprocess.Popen(
-        ["env", "--default-signal=HUP,INT,QUIT,TERM", WORLD / "up", *options, "--", "bash", "-c", "echo ready; exec sleep infinity"],
+        ["env", "--default-signal=HUP,INT,QUIT,TERM", WORLD / "up", *options, "--",
+         "bash", "-c", "echo ready; exec sleep infinity"],
         stdout=subprocess.PIPE, env={**os.environ, name: value})
     assert world.stdout.readline() == b"ready\n"
     return world, mark.encode()
