@@ -6,7 +6,9 @@ set(CMAKE_C_COMPILER x86_64-w64-mingw32-gcc-posix)
 set(CMAKE_CXX_COMPILER x86_64-w64-mingw32-g++-posix)
 set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
 
-set(BRASSLET_DEPS "${CMAKE_CURRENT_LIST_DIR}/../.deps/windows" CACHE PATH "Prefix of the cross-built libraries")
+# Without "..": CMake would spell the folder in another way when it configures again, and everything would be rebuilt.
+get_filename_component(brasslet_root "${CMAKE_CURRENT_LIST_DIR}" DIRECTORY)
+set(BRASSLET_DEPS "${brasslet_root}/.deps/windows" CACHE PATH "Prefix of the cross-built libraries")
 set(CMAKE_PREFIX_PATH "${BRASSLET_DEPS}")
 set(CMAKE_FIND_ROOT_PATH "${BRASSLET_DEPS}" /usr/x86_64-w64-mingw32)
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
