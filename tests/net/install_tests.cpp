@@ -1,14 +1,13 @@
 #include "flows/install.h"
 
 #include "net/net_test.h"
+#include "net/owned_site.h"
 #include "platform_host/stand_in.h"
 #include "plugin/zip_file.h"
 #include "support/test_folder.h"
 
 namespace {
 
-constexpr char kStatusPath[] = "GET /wp-json/brasslet/v1/status";
-constexpr char kCurrent[] = R"({"ok":true,"login":"names"})";
 constexpr char kZip[] = "payname/brasslet.zip";
 constexpr wchar_t kOnTheSite[] = L"Plugin is on the site.";
 constexpr wchar_t kUploadOver[] =
@@ -20,17 +19,7 @@ constexpr wchar_t kNotWritten[] = L"Could not write the plugin.";
 
 class Installing : public NetTest {
 protected:
-    Installing()
-    {
-        settings.site = "brasslet.test";
-        settings.user = "admin";
-        settings.pass = SecretText("abcdefgh");
-        stand_in().resource = "<?php // the plugin";
-    }
-    void answer_status(int status, const std::string& body)
-    {
-        server.answer(kStatusPath, Answer{status, body, {}, Fault::none});
-    }
+    Installing() { stand_in().resource = "<?php // the plugin"; }
     std::wstring sentence()
     {
         return install_sentence(settings, [this] {
@@ -55,7 +44,7 @@ protected:
     }
 
     TestFolder folder;
-    SiteSettings settings;
+    SiteSettings settings = owners_settings();
     bool folder_opens = true;
     int times_shown = 0;
     bool is_written_before_it_is_shown = false;
@@ -74,37 +63,36 @@ TEST_F(Installing, NeedsASite)
 
 TEST_F(Installing, StopsWhenTheSiteHasThePlugin)
 {
-    answer_status(200, kCurrent);
+    answer(kStatusPath, kCurrentPlugin);
     expect_no_package(kOnTheSite);
-    answer_status(299, kCurrent);
+    answer(kStatusPath, kCurrentPlugin, 299);
     expect_no_package(kOnTheSite);
 }
 
 TEST_F(Installing, AsksWithoutALoginAndWithoutABody)
 {
-    answer_status(200, kCurrent);
+    answer(kStatusPath, kCurrentPlugin);
     sentence();
     ASSERT_EQ(server.requests().size(), 1U);
-    EXPECT_THAT(server.requests()[0], testing::StartsWith(kStatusPath));
-    EXPECT_THAT(server.requests()[0], testing::Not(testing::HasSubstr("Auth")));
+    expect_status_question(server.requests()[0]);
     EXPECT_THAT(server.requests()[0], testing::EndsWith("\r\n\r\n"));
 }
 
 TEST_F(Installing, AnOlderPluginIsToBeUploadedOver)
 {
-    answer_status(200, R"({"ok":true})");
+    answer(kStatusPath, R"({"ok":true})");
     expect_package(kUploadOver);
 }
 
 TEST_F(Installing, ASiteWithoutThePluginGetsTheZip)
 {
-    answer_status(404, R"({"code":"rest_no_route"})");
+    answer(kStatusPath, R"({"code":"rest_no_route"})", 404);
     expect_package(kUpload);
-    answer_status(200, "<html>Log in</html>");
+    answer(kStatusPath, "<html>Log in</html>");
     expect_package(kUpload);
-    answer_status(500, kCurrent);
+    answer(kStatusPath, kCurrentPlugin, 500);
     expect_package(kUpload);
-    answer_status(500, R"({"ok":true})");
+    answer(kStatusPath, R"({"ok":true})", 500);
     expect_package(kUpload);
 }
 
@@ -118,7 +106,7 @@ TEST_F(Installing, ARedirectToALoginPageIsNoPlugin)
 
 TEST_F(Installing, ASiteThatCannotBeReachedGetsTheZipToo)
 {
-    server.answer(kStatusPath, Answer{200, kCurrent, {}, Fault::cut_body});
+    server.answer(kStatusPath, Answer{200, kCurrentPlugin, {}, Fault::cut_body});
     expect_package(kUpload);
     settings.site = "dead.brasslet.test";
     expect_package(kUpload);

@@ -9,6 +9,11 @@
 
 class NetTest : public testing::Test {
 protected:
+    void answer(const std::string& request, const std::string& body, int status = 200)
+    {
+        server.answer(request, Answer{status, body, {}, Fault::none});
+    }
+
     CurlLifetime curl;
     HttpsServer server;
 };

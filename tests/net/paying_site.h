@@ -19,10 +19,6 @@ class PayingSite : public NetTest {
 protected:
     PayingSite();
 
-    void answer(const std::string& request, const std::string& body, int status = 200)
-    {
-        server.answer(request, Answer{status, body, {}, Fault::none});
-    }
     std::string kept_names() const { return wallet.folder.read(kRegistry); }
 
     // What the wallet application may do meanwhile: at its `reading`th reading, and only then, the wallet file holds

@@ -2,12 +2,12 @@
 #pragma once
 
 #include "flows/publish.h"
+#include "net/owned_site.h"
 #include "net/paying_site.h"
 #include "platform_host/stand_in.h"
 
 #include <string>
 
-inline constexpr char kStatusPath[] = "GET /wp-json/brasslet/v1/status";
 inline constexpr char kNamePath[] = "POST /wp-json/brasslet/v1/name";
 inline constexpr wchar_t kKept[] = L"Vaultry kept alice@brasslet.test.";
 
@@ -15,11 +15,7 @@ class Publishing : public PayingSite {
 protected:
     Publishing()
     {
-        settings.site = "brasslet.test";
-        settings.user = "admin";
-        settings.pass = SecretText("abcdefgh");
-        settings.alias = "alice";
-        answer(kStatusPath, R"({"ok":true,"login":"names"})");
+        answer(kStatusPath, kCurrentPlugin);
         answer(kNamePath, R"({"ok":true,"host":"brasslet.test","aliases":["alice"]})");
     }
     void expect_sentence(const std::wstring& sentence)
@@ -30,5 +26,5 @@ protected:
         EXPECT_EQ(stand_in().wallet_app_notices, is_kept ? 1 : 0);
     }
 
-    SiteSettings settings;
+    SiteSettings settings = owners_settings();
 };
