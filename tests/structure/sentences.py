@@ -21,7 +21,7 @@ SENTENCE = re.compile(r"^(?:error: \w|[A-Z]).* .*[.?+-]$", re.S)
 
 def unescaped(text: str) -> str:
     """Of a C++ literal in UTF-8, whose escapes are bytes."""
-    text = re.sub(r"\\(?:u|U0000|U000)([0-9a-fA-F]{4,5})", lambda code: chr(int(code.group(1), 16)), text)
+    text = re.sub(r"\\(?:u([0-9a-fA-F]{4})|U([0-9a-fA-F]{8}))", lambda code: chr(int(code[1] or code[2], 16)), text)
     text = "".join(chr(byte) if byte < 0x80 else f"\\x{byte:02x}" for byte in text.encode())
     return ast.literal_eval(f'b"{text}"').decode()
 
