@@ -1,11 +1,9 @@
 """The rooms under src/ include only the rooms below them, and Windows only where windows are drawn or Windows is asked."""
-import pathlib
 import re
 
 import pytest
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
-SRC = ROOT / "src"
+from rooms import PICTURE, ROOT, SRC, includes, room_of, rooms_included_by, sources, svg
 
 EVERYWHERE = {"text"}
 BELOW = {
@@ -27,31 +25,30 @@ WINDOWS_ROOMS = {"app", "ui", "platform"}
 WINDOWS_FILES = re.compile(r"settings/settings_window\w*\.(h|cpp)")
 
 
-def sources():
-    return sorted(path for path in SRC.rglob("*") if path.suffix in (".h", ".cpp"))
-
-
 @pytest.mark.parametrize("room", sorted(BELOW))
 def test_room_includes_only_rooms_below(room):
-    wrong = []
-    for path in sorted((SRC / room).glob("**/*")):
-        if path.suffix not in (".h", ".cpp"):
-            continue
-        for other in re.findall(r'^\s*#include\s+"(\w+)/', path.read_text(encoding="utf-8"), re.M):
-            if other in BELOW and other not in BELOW[room] | {room} | EVERYWHERE:
-                wrong.append(f"{path.relative_to(SRC)} includes {other}/")
+    wrong = [
+        f"{path.relative_to(SRC)} includes {other}/"
+        for path in sources()
+        if room_of(path) == room
+        for other in (rooms_included_by(path) & set(BELOW)) - BELOW[room] - EVERYWHERE
+    ]
     assert wrong == []
 
 
 def test_every_room_has_its_rule():
-    assert {path.relative_to(SRC).parts[0] for path in sources()} <= set(BELOW)
+    assert {room_of(path) for path in sources()} <= set(BELOW)
+
+
+def test_the_picture_of_the_rooms_is_what_the_sources_say():
+    assert PICTURE.read_text(encoding="utf-8") == svg(includes()), "python3 tests/structure/rooms.py draws it anew"
 
 
 def test_only_the_windows_rooms_include_windows():
     wrong = [
         str(path.relative_to(SRC))
         for path in sources()
-        if path.relative_to(SRC).parts[0] not in WINDOWS_ROOMS
+        if room_of(path) not in WINDOWS_ROOMS
         and not WINDOWS_FILES.fullmatch(str(path.relative_to(SRC)))
         and re.search(r"^\s*#include\s+<(windows|winsock2|shellapi|shlobj|dwmapi|commctrl)\.h>", path.read_text(encoding="utf-8"), re.M | re.I)
     ]
@@ -62,7 +59,7 @@ def test_only_net_includes_curl():
     wrong = [
         str(path.relative_to(SRC))
         for path in sources()
-        if path.relative_to(SRC).parts[0] != "net" and "<curl/" in path.read_text(encoding="utf-8")
+        if room_of(path) != "net" and "<curl/" in path.read_text(encoding="utf-8")
     ]
     assert wrong == []
 
