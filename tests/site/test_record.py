@@ -1,8 +1,32 @@
 """The option that holds the names: older and damaged records, and how it is kept."""
 
+import zipfile
+
 import pytest
 
 from names import ADDRESS, HOUSE, OTHER_ADDRESS, PUBKEY, record, row
+
+# As WordPress' list of plugins does it.
+DEACTIVATE = """
+    require_once ABSPATH . 'wp-admin/includes/plugin.php';
+    deactivate_plugins( 'brasslet/brasslet.php' );
+"""
+DELETE = """
+    require_once ABSPATH . 'wp-admin/includes/plugin.php';
+    require_once ABSPATH . 'wp-admin/includes/file.php';
+    return delete_plugins( array( 'brasslet/brasslet.php' ) );
+"""
+
+# As WordPress' page for uploads does it after "Replace current with uploaded": tells whether it went well, and then the
+# version that is there and whether it is active.
+UPLOAD_OVER = """
+    require_once ABSPATH . 'wp-admin/includes/admin.php';
+    require_once ABSPATH . 'wp-admin/includes/class-wp-upgrader.php';
+    $upgrader = new Plugin_Upgrader( new Automatic_Upgrader_Skin() );
+    $done     = $upgrader->install( $v, array( 'overwrite_package' => true ) );
+    $plugin   = 'brasslet/brasslet.php';
+    return array( $done, get_plugins()[ $plugin ]['Version'], is_plugin_active( $plugin ) );
+"""
 
 LEGACY = {"alias": "Alice", "pubkey": PUBKEY, "address": ADDRESS, "house": HOUSE}
 
@@ -138,19 +162,47 @@ def test_a_record_that_was_loaded_with_every_page_no_longer_is(site):
     assert site.stored()["autoload"] in ("no", "off")
 
 
-def test_deactivating_and_activating_keep_the_record(site):
-    site.set_record(record("alice"))
-    before = site.stored()
-    try:
-        site.php("""
-            require_once ABSPATH . 'wp-admin/includes/plugin.php';
-            deactivate_plugins( 'brasslet/brasslet.php' );
-        """)
-        assert site.get("/status").json()["code"] == "rest_no_route"
-    finally:
-        site.php("activate_plugin( 'brasslet/brasslet.php' );")
+def answers(site):
+    """What anyone finds about the names."""
+    return [site.get("/status").json()["alias"], site.get("/id/alice").json(), site.get("/address/alice").json()]
+
+
+@pytest.fixture
+def published(site):
+    """A site with two names; it has the plugin again in the end."""
+    site.set_record(record("alice", "bob"))
+    yield site, site.stored(), answers(site)
+    site.install(site.plugin)
+
+
+def test_deactivating_and_activating_keep_the_record(published):
+    site, before, answered = published
+    site.php(DEACTIVATE)
+    assert site.get("/status").json()["code"] == "rest_no_route"
     assert site.stored() == before
-    assert aliases(site) == "alice"
+    site.php("activate_plugin( 'brasslet/brasslet.php' );")
+    assert (site.stored(), answers(site)) == (before, answered)
+
+
+def test_deleting_the_plugin_and_installing_it_again_keep_the_record(published):
+    site, before, answered = published
+    site.php(DEACTIVATE)
+    assert site.php(DELETE) is True
+    assert not (site.content / "plugins" / "brasslet").exists()
+    assert site.stored() == before
+    site.install(site.plugin)
+    assert (site.stored(), answers(site)) == (before, answered)
+
+
+@pytest.mark.parametrize("version", ["0.000", "0.002"])
+def test_uploading_another_version_over_it_keeps_the_record(published, tmp_path, version):
+    site, before, answered = published
+    other = tmp_path / "brasslet.zip"
+    with zipfile.ZipFile(other, "w") as package:
+        text = site.plugin.read_text().replace("Version: 0.001", f"Version: {version}")
+        package.writestr("brasslet/brasslet.php", text)
+    assert site.php(UPLOAD_OVER, str(other)) == [True, version, True]
+    assert (site.stored(), answers(site)) == (before, answered)
 
 
 def test_deleting_the_plugin_would_run_nothing(site):

@@ -61,7 +61,8 @@ class Site:
         self.content = WORLD_DIR / "sites" / name / "content"
         self.http = requests.Session()
         self.http.verify = os.environ["WORLD_CA"]
-        subprocess.run([WORLD / "install_plugin", host, plugin], check=True)
+        self.plugin = plugin
+        self.install(plugin)
         (self.content / "mu-plugins").mkdir(exist_ok=True)
         self.hook("")
         (self.content / "mu-plugins" / "hook.php").write_text(HOOK)
@@ -72,6 +73,9 @@ class Site:
         self.bare = self.make_user("barbara", "barbara@people.test", "administrator", passwords=0)
         self.disguised = self.make_user("twin@people.test", "other@people.test", "editor", passwords=1)
         self.make_user("twin", "twin@people.test", "administrator", passwords=0)
+
+    def install(self, plugin):
+        subprocess.run([WORLD / "install_plugin", self.host, plugin], check=True)
 
     def close(self):
         self.http.close()
