@@ -1,10 +1,12 @@
 """Names, keys and addresses for the tests, and what the plugin answers about them."""
 
-# The public keys of the secrets 1 and 2 on secp256k1 (SEC 2), and the addresses that they have.
+# The public keys of the secrets 1 and 2 on secp256k1 (SEC 2), their addresses, and the scripts that pay those.
 PUBKEY = "0279be667ef9dcbbac55a06295ce870b07029bfcdb2dce28d959f2815b16f81798"
 ADDRESS = "1BgGZ9tcN4rm9KBzDn7KprQz87SZ26SAMH"
+SCRIPT = "76a914751e76e8199196d454941c45d1b3a323f1433bd688ac"
 OTHER_PUBKEY = "02c6047f9441ed7d6d3045406e95c07cd85c778e4b8cef3ca7abac09b95c709ee5"
 OTHER_ADDRESS = "1cMh228HTCiwS8ZsaakH8A8wze1JR5ZsP"
+OTHER_SCRIPT = "76a91406afd46bcdfd22ef94ac122aa11f241244a37ecc88ac"
 
 HOUSE = "ada@corvane.example"
 

@@ -30,14 +30,6 @@ def test_the_address_of_each_name_is_answered(site, method):
         assert (reply.status_code, reply.text) == (200, address_body(address))
 
 
-def test_a_payers_request_is_answered_with_the_address(site):
-    site.set_record(record("alice"))
-    payer = {"senderName": "Bob", "senderHandle": "bob@example.org", "dt": "2026-01-02T03:04:05Z", "amount": 1000,
-             "purpose": "tea", "signature": ""}
-    reply = site.request("POST", "/wp-json/brasslet/v1/address/alice", json=payer)
-    assert (reply.status_code, reply.text) == (200, address_body())
-
-
 @pytest.mark.parametrize("options", [
     {"json": {"alias": "bob"}}, {"data": {"alias": "bob"}}, {"params": {"alias": "bob"}},
     {"json": {"alias": ["bob"]}, "params": {"alias": "bob"}},
