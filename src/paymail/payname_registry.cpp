@@ -9,6 +9,7 @@
 #include "wallet_bridge/wallet_identity.h"
 
 #include <optional>
+#include <utility>
 
 namespace {
 
@@ -19,14 +20,20 @@ std::string registry_path()
     return data_directory() + "/payname/payname.json";
 }
 
+// The older forms are written back with more around them: rows that could then not be read again are none.
+json rewritable(json rows)
+{
+    return parse_json(pretty_json({{"names", rows}})).is_discarded() ? json::array() : rows;
+}
+
 json rows_of(const std::string& text)
 {
     json document = parse_json(text);
     if (document.is_object()) {
         if (const auto names = document.find("names"); names != document.end() && names->is_array()) return *names;
-        if (document.contains("paymail")) return json::array({document});
+        if (document.contains("paymail")) return rewritable(json::array({document}));
     }
-    return document.is_array() ? document : json::array();
+    return document.is_array() ? rewritable(std::move(document)) : json::array();
 }
 
 // Empty when there is a file that cannot be read just now: rows that nobody saw must not be written over.

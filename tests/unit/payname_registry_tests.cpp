@@ -54,6 +54,26 @@ TEST(PaynameRegistry, ReadsTheNamesOrAnArrayOrOneOlderRow)
     EXPECT_EQ(load_paynames(), json::array({older}));
 }
 
+TEST(PaynameRegistry, ReadsNoRowsOfTheOlderFormsThatItCouldNotReadAgainAfterwards)
+{
+    const TestFolder folder;
+    const auto nested = [](int levels) {
+        return std::string(static_cast<std::size_t>(levels), '[') + std::string(static_cast<std::size_t>(levels), ']');
+    };
+    // Written back, an array has one level more around it, a single row two.
+    for (const std::string& text : {nested(kDeepestJson - 1), "{\"paymail\":" + nested(kDeepestJson - 3) + "}"}) {
+        folder.write(kFile, text);
+        const json rows = load_paynames();
+        EXPECT_EQ(rows.size(), 1U);
+        EXPECT_TRUE(save_paynames(rows));
+        EXPECT_EQ(load_paynames(), rows);
+    }
+    for (const std::string& text : {nested(kDeepestJson), "{\"paymail\":" + nested(kDeepestJson - 2) + "}"}) {
+        folder.write(kFile, text);
+        EXPECT_EQ(load_paynames(), json::array());
+    }
+}
+
 TEST(PaynameRegistry, IsWrittenInTheNamesForm)
 {
     const TestFolder folder;
