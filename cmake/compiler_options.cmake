@@ -13,6 +13,11 @@ if(BRASSLET_SANITIZE)
   target_link_options(compiler_options INTERFACE -fsanitize=address,undefined)
 endif()
 
+option(BRASSLET_FUZZ "Coverage for libFuzzer in everything; needs clang" OFF)
+if(BRASSLET_FUZZ)
+  target_compile_options(compiler_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
 if(WIN32)
   target_compile_definitions(compiler_options INTERFACE
     UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0A00 WINVER=0x0A00)

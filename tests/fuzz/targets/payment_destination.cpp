@@ -1,0 +1,53 @@
+// Property: an accepted reply pays one satoshi to the one address or script that it names, which encodes back to
+// itself, and reads the same when it is written anew in the form of any paymail host; a refused one pays nobody and
+// says why.
+#include "paymail/payment_destination.h"
+
+#include "fuzz/target.h"
+#include "text/ascii.h"
+#include "text/hex.h"
+#include "text/json.h"
+#include "wallet/address.h"
+
+namespace {
+
+bool pays(const nlohmann::json& reply, const std::string& address)
+{
+    std::vector<PaymentOutput> outputs;
+    std::string error = "left from before";
+    return read_payment_destination(compact_json(reply), outputs, error) && error.empty() && outputs.size() == 1 &&
+           outputs[0].address == address && outputs[0].satoshis == 1;
+}
+
+// The text of the reply that says who is paid.
+std::string payee(const nlohmann::json& reply)
+{
+    const nlohmann::json outputs = reply.value("outputs", nlohmann::json());
+    if (outputs.is_array()) return text_member(outputs.at(0), "script");
+    return text_member(reply, reply.contains("output") ? "output" : "address");
+}
+
+void check(std::string_view bytes)
+{
+    std::vector<PaymentOutput> outputs(3);
+    std::string error = "left from before";
+    if (!read_payment_destination(std::string(bytes), outputs, error)) {
+        require(outputs.empty() && error.starts_with("that paymail host "), "a refused reply pays nobody and says why");
+        return;
+    }
+    require(error.empty() && outputs.size() == 1 && outputs[0].satoshis == 1, "one satoshi goes to one address");
+    const std::string& address = outputs[0].address;
+    const auto hash = hash160_from_address(address);
+    require(hash && address_from_hash160(*hash) == address, "the address encodes back to itself");
+
+    const std::string script = "76a914" + hex_encode(*hash) + "88ac";
+    const std::string named = payee(parse_json(bytes));
+    require(named == address || lower_ascii(named) == script, "the address or its script stands in the reply");
+    require(pays({{"outputs", {{{"satoshis", 1}, {"script", script}}}}}, address), "a list of outputs reads the same");
+    require(pays({{"output", script}}, address), "one script reads the same");
+    require(pays({{"address", address}}, address), "one address reads the same");
+}
+
+const FuzzTarget target("payment_destination", check);
+
+}  // namespace

@@ -1,0 +1,77 @@
+// Property: a reply to a publish is either a success or gives exactly one sentence, and what a success says reads the
+// same when it is written anew with nothing but its host and its names.
+#include "flows/publish_reply.h"
+#include "fuzz/target.h"
+#include "platform/text_conversion.h"
+#include "site/plugin_status.h"
+#include "site/site_refusal.h"
+#include "text/ascii.h"
+#include "text/json.h"
+
+namespace {
+
+using nlohmann::json;
+
+constexpr char kTypedHost[] = "typed.example";
+
+HttpReply reply_of(std::int32_t status, std::string body)
+{
+    HttpReply reply;
+    reply.status = status;
+    reply.body = std::move(body);
+    return reply;
+}
+
+// The reply as this program needs it: no other member, no element that is no text.
+json essence(const HttpReply& reply)
+{
+    const json document = parse_json(reply.body);
+    json kept = json::object();
+    if (!document.is_object()) return kept;
+    kept["host"] = text_member(document, "host");
+    kept["aliases"] = json::array();
+    const json aliases = document.value("aliases", json());
+    for (const json& alias : aliases)
+        if (aliases.is_array() && alias.is_string()) kept["aliases"].push_back(alias);
+    return kept;
+}
+
+void check_success(const HttpReply& reply)
+{
+    const std::string host = published_host(reply, kTypedHost);
+    require(!host.empty() && lower_ascii(host) == host, "a name has a host in lower case");
+    const std::wstring sentence = kept_sentence({true, ""}, "alice", host, reply);
+    const std::string text = narrow(sentence);
+    require(text.starts_with("Vaultry kept alice@" + host + ".") && text.ends_with('.'),
+            "the name and its host stand first");
+    require(widen(text) == sentence, "the sentence is text");
+
+    const HttpReply again = reply_of(200, compact_json(essence(reply)));
+    require(published_host(again, kTypedHost) == host, "the host survives a write and a read");
+    require(kept_sentence({true, ""}, "alice", host, again) == sentence, "the names survive a write and a read");
+    require(kept_sentence({false, "no"}, "alice", host, reply) == L"no",
+            "a name that is not kept has its reason alone");
+}
+
+void check(std::string_view bytes)
+{
+    const std::string body(bytes);
+    for (const std::int32_t status : {0, 200, 204, 299, 301, 400, 401, 403, 404, 500}) {
+        const HttpReply reply = reply_of(status, body);
+        const bool is_success = status >= 200 && status <= 299;
+        require(publish_refusal(reply).empty() == is_success, "a success has no refusal, everything else has one");
+        require(is_success || plugin_in(reply) == SitePlugin::none, "only a success shows a plugin");
+        if (is_success) check_success(reply);
+    }
+    const std::string message = reply_message(body);
+    require(message.empty() || narrow(publish_refusal(reply_of(500, body))) == message, "the site's message is shown");
+
+    const SitePlugin plugin = plugin_in(reply_of(200, body));
+    require(plugin_in(reply_of(200, body + R"({"ok":true,"login":"names"})")) == SitePlugin::current,
+            "the login mark counts wherever it stands");
+    require(plugin != SitePlugin::none || body.find(R"("ok")") == std::string::npos, "an older plugin is seen");
+}
+
+const FuzzTarget target("site_reply", check);
+
+}  // namespace
