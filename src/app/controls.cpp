@@ -73,10 +73,11 @@ const Font* font_after_change(int id)
     return is_small ? &app_state().fonts.small : &app_state().fonts.body;
 }
 
-void enable_work(bool enabled)
+// `spared` is left alone: a button that is disabled for even a moment loses the focus.
+void enable_work(bool enabled, int spared)
 {
     for (const ControlRow& row : kControls)
-        if (row.starts_work) EnableWindow(control(row.id), enabled);
+        if (row.starts_work && row.id != spared) EnableWindow(control(row.id), enabled);
 }
 
 }  // namespace
@@ -124,8 +125,10 @@ void set_status(const std::wstring& text)
 
 void show_waiting(int button)
 {
-    enable_work(false);
-    EnableWindow(control(button), TRUE);
+    const HWND focus = GetFocus();
+    enable_work(false, button);
+    // A window without a focus hears no keys.
+    if (focus != nullptr && !IsWindowEnabled(focus)) SetFocus(control(button));
     SetWindowTextW(control(button), L"Wait...");
 }
 
@@ -133,5 +136,5 @@ void show_idle(int waited_button)
 {
     const auto row = std::ranges::find(kControls, waited_button, &ControlRow::id);
     if (row != std::end(kControls)) SetWindowTextW(control(waited_button), row->text);
-    enable_work(true);
+    enable_work(true, 0);
 }

@@ -6,6 +6,7 @@
 #include "net/curl_lifetime.h"
 #include "platform/com_apartment.h"
 #include "platform/environment.h"
+#include "ui/keyboard.h"
 #include "wallet_bridge/binding.h"
 
 #include <windows.h>
@@ -40,12 +41,17 @@ void open_main_window(HINSTANCE instance, int show)
     start_update_check(window);
 }
 
+bool is_taken(HWND window, MSG& message)
+{
+    return window != nullptr && take_as_in_a_dialog(window, message);
+}
+
 int answer_messages()
 {
     MSG message{};
     while (GetMessageW(&message, nullptr, 0, 0) > 0) {
-        const HWND settings = app_state().settings_window;
-        if (settings != nullptr && IsDialogMessageW(settings, &message)) continue;
+        const AppState& state = app_state();
+        if (is_taken(state.settings_window, message) || is_taken(state.main_window, message)) continue;
         TranslateMessage(&message);
         DispatchMessageW(&message);
     }

@@ -16,6 +16,7 @@
 #include "plugin/package.h"
 #include "ui/drawn_button.h"
 #include "ui/frame.h"
+#include "ui/keyboard.h"
 
 #include <utility>
 
@@ -34,6 +35,7 @@ void on_create(HWND window)
     refresh_wallet_card();
     refresh_name_preview();
     apply_frame_colours(window);
+    keep_focus(window);
 }
 
 void lay_out(HWND window)

@@ -5,6 +5,7 @@
 #include "build_values.h"
 #include "platform/open_page.h"
 #include "platform/text_conversion.h"
+#include "ui/link.h"
 #include "update/build_number.h"
 #include "update/version_text.h"
 
@@ -23,6 +24,7 @@ void refresh_version_label()
 {
     const HWND label = GetDlgItem(app_state().main_window, kVersionLabel);
     SetWindowTextW(label, widen(version_text(app_state().update_is_available)).c_str());
+    if (app_state().update_is_available) make_link(label);
 }
 
 void take_found_build(std::int32_t found)

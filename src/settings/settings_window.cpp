@@ -6,6 +6,7 @@
 #include "ui/dpi.h"
 #include "ui/drawn_button.h"
 #include "ui/frame.h"
+#include "ui/keyboard.h"
 
 #include <memory>
 
@@ -162,6 +163,7 @@ void open_settings_window(const SettingsWindowHost& host)
     *host.handle = window;
     create_settings_controls(window, *host.settings, open_window(window)->fonts, host.dpi);
     apply_frame_colours(window);
+    keep_focus(window);
     ShowWindow(window, SW_SHOW);
     SetFocus(GetDlgItem(window, kSiteField));
 }

@@ -3,11 +3,14 @@
 #include "ui/background.h"
 #include "ui/dpi.h"
 #include "ui/drawn_button.h"
+#include "ui/keyboard.h"
 #include "ui/picture_painter.h"
 
 namespace {
 
 constexpr int kCorner = 12;
+constexpr int kFocusInset = 3;  // of the ring that shows the focus, from the edge of the button
+constexpr int kFocusStroke = 2;
 constexpr int kLongestLabel = 128;
 
 ButtonState state_of(const DRAWITEMSTRUCT& item)
@@ -44,6 +47,17 @@ void paint_outline(HDC dc, const RECT& place, int corner, Colour colour)
     const Selected selected_pen(dc, pen.get());
     const Selected selected_brush(dc, GetStockObject(HOLLOW_BRUSH));
     RoundRect(dc, place.left, place.top, place.right - 1, place.bottom - 1, corner, corner);
+}
+
+// A ring inside the outline.
+void paint_focus(HDC dc, const RECT& place, unsigned dpi, Colour colour)
+{
+    const int inset = scaled(kFocusInset, dpi);
+    const int corner = scaled(kCorner - kFocusInset, dpi);
+    const Pen pen(CreatePen(PS_INSIDEFRAME, scaled(kFocusStroke, dpi), colorref(colour)));
+    const Selected selected_pen(dc, pen.get());
+    const Selected selected_brush(dc, GetStockObject(HOLLOW_BRUSH));
+    RoundRect(dc, place.left + inset, place.top + inset, place.right - inset, place.bottom - inset, corner, corner);
 }
 
 void paint_label(const DRAWITEMSTRUCT& item, const ButtonState& state, Colour colour, HFONT font)
@@ -85,5 +99,6 @@ void paint_drawn_button(const DRAWITEMSTRUCT& item, const ButtonLook& look)
     paint_behind(item, behind);
     paint_face(item.hDC, item.rcItem, corner, button_face(state, behind.middle));
     paint_outline(item.hDC, item.rcItem, corner, state.hot || state.pressed ? kBorderActive : kBorder);
+    if (shows_focus(item.hwndItem)) paint_focus(item.hDC, item.rcItem, look.dpi, kButtonText);
     paint_content(item, state, look);
 }

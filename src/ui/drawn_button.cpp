@@ -1,5 +1,7 @@
 #include "ui/drawn_button.h"
 
+#include "ui/keyboard.h"
+
 #include <commctrl.h>
 
 namespace {
@@ -26,9 +28,21 @@ void mouse_left(HWND button)
     InvalidateRect(button, nullptr, FALSE);
 }
 
-LRESULT CALLBACK track_hover(HWND button, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR id, DWORD_PTR)
+// The arrow keys do not wander off to other controls, and Enter presses as Space does.
+LRESULT wanted_keys(LPARAM lparam)
+{
+    return DLGC_WANTARROWS | (asks_about_key(lparam, VK_RETURN) ? DLGC_WANTMESSAGE : 0);
+}
+
+LRESULT CALLBACK behave(HWND button, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR id, DWORD_PTR)
 {
     switch (message) {
+    case WM_GETDLGCODE:
+        return DefSubclassProc(button, message, wparam, lparam) | wanted_keys(lparam);
+    case WM_KEYDOWN:
+        if (wparam != VK_RETURN) break;
+        if (is_fresh_key(lparam)) press(button);
+        return 0;
     case WM_MOUSEMOVE:
         mouse_entered(button);
         show_hand();
@@ -42,7 +56,7 @@ LRESULT CALLBACK track_hover(HWND button, UINT message, WPARAM wparam, LPARAM lp
         return TRUE;
     case WM_NCDESTROY:
         RemovePropW(button, kHotProperty);
-        RemoveWindowSubclass(button, track_hover, id);
+        RemoveWindowSubclass(button, behave, id);
         break;
     default:
         break;
@@ -58,6 +72,6 @@ HWND create_drawn_button(HWND parent, int id, const wchar_t* label)
     const HWND button =
         CreateWindowExW(0, L"BUTTON", label, kStyle, 0, 0, kProvisionalSize, kProvisionalSize, parent,
                         reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleW(nullptr), nullptr);
-    if (button != nullptr) SetWindowSubclass(button, track_hover, 0, 0);
+    if (button != nullptr) SetWindowSubclass(button, behave, 0, 0);
     return button;
 }

@@ -1,12 +1,26 @@
 #include "ui/painted_static.h"
 
 #include "ui/background.h"
+#include "ui/keyboard.h"
 
 #include <commctrl.h>
+
+#include <algorithm>
 
 namespace {
 
 constexpr int kLongestText = 640;
+
+// A line under the text, in its colour, when the keyboard has been moved to a label that it can press.
+void paint_focus(HDC dc, const RECT& client, const wchar_t* text, int length)
+{
+    SIZE size{};
+    GetTextExtentPoint32W(dc, text, length, &size);
+    constexpr int kShareOfHeight = 9;
+    const RECT line{client.left, client.bottom - client.bottom / kShareOfHeight, std::min(size.cx, client.right),
+                    client.bottom};
+    FillRect(dc, &line, Brush(CreateSolidBrush(GetTextColor(dc))).get());
+}
 
 void paint(HWND label, TextFlow flow)
 {
@@ -24,6 +38,7 @@ void paint(HWND label, TextFlow flow)
     SetBkMode(painting.dc(), TRANSPARENT);
     const UINT form = flow == TextFlow::wrapped ? DT_WORDBREAK : DT_SINGLELINE | DT_VCENTER;
     DrawTextW(painting.dc(), text, length, &client, form | DT_NOPREFIX);
+    if (shows_focus(label)) paint_focus(painting.dc(), client, text, length);
 }
 
 // The static draws a new text at once, over the old one and without a background.

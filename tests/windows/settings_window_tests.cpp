@@ -1,6 +1,7 @@
 // The settings window: what it is, what it shows, and how the keys move in it.
 #include "support/test_folder.h"
 #include "ui/dpi.h"
+#include "windows/keys.h"
 #include "windows/open_settings_window.h"
 #include "windows/saved_settings.h"
 
@@ -58,28 +59,6 @@ void expect_size_at(const RunningProgram& program, unsigned dpi, Size client)
         EXPECT_EQ(place_of(settings.control(expected.id)), place) << expected.id << " at " << dpi;
     }
     settings.close_by_box();
-}
-
-// A key of the keyboard, which goes to the window that has the focus.
-void strike(WORD key, WORD held = 0)
-{
-    INPUT inputs[4] = {};
-    UINT count = 0;
-    const auto add = [&](WORD code, DWORD flags) {
-        inputs[count].type = INPUT_KEYBOARD;
-        inputs[count].ki.wVk = code;
-        inputs[count++].ki.dwFlags = flags;
-    };
-    if (held != 0) add(held, 0);
-    add(key, 0);
-    add(key, KEYEVENTF_KEYUP);
-    if (held != 0) add(held, KEYEVENTF_KEYUP);
-    SendInput(count, inputs, sizeof inputs[0]);
-}
-
-bool has_focus(const RunningProgram& program, HWND control)
-{
-    return becomes_true([&] { return program.focus() == control; });
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include "platform/open_page.h"
 #include "support/test_folder.h"
 #include "ui/gdi.h"
+#include "windows/keys.h"
 #include "windows/opened_pages.h"
 #include "windows/running_program.h"
 #include "windows/stalled_site.h"
@@ -145,6 +146,24 @@ TEST_F(UpdateNotice, TheLabelTurnsIntoALink)
     announce(2);
     answer(IDNO);
     EXPECT_TRUE(becomes_true([&] { return label_shows(kLinkText) && !label_shows(kLightText); }));
+}
+
+TEST_F(UpdateNotice, TheKeyboardOpensThePageFromTheLabelOnlyWhileThereIsAnUpdate)
+{
+    tab_to(program, program.control(1018));
+    strike(VK_TAB);
+    ASSERT_TRUE(has_focus(program, program.control(1001)));  // past the label
+    announce(2);
+    answer(IDNO);
+    for (const WORD key : {WORD{VK_RETURN}, WORD{VK_SPACE}}) {
+        const std::size_t opened = pages.addresses().size();
+        tab_to(program, program.control(kVersionLabel));
+        strike(key);
+        EXPECT_TRUE(pages.come_to(opened + 1));
+    }
+    EXPECT_EQ(opened_by_program(), 2U);
+    strike(VK_TAB);
+    EXPECT_TRUE(has_focus(program, program.control(1001)));
 }
 
 TEST_F(UpdateNotice, IsPutToTheUserWhileTheSettingsAreOpenToo)

@@ -1,0 +1,17 @@
+// The keyboard and the mouse of the test desktop: what they do goes to the window that has the focus, or that lies
+// under the mouse.
+#pragma once
+
+#include "windows/running_program.h"
+
+// A key struck once, while `held` (0: none) is down.
+void strike(WORD key, WORD held = 0);
+
+// The left mouse button, at a point of the screen.
+void click_at(int x, int y);
+void click(HWND control);  // in its middle
+
+bool has_focus(const RunningProgram& program, HWND control);  // sooner or later
+
+// Strikes Tab until the control has the focus.
+void tab_to(const RunningProgram& program, HWND control);
