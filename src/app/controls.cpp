@@ -6,6 +6,7 @@
 #include "ui/control_text.h"
 #include "ui/drawn_button.h"
 #include "ui/painted_static.h"
+#include "ui/screen_reader.h"
 
 #include <algorithm>
 
@@ -87,6 +88,7 @@ void create_controls(HWND window)
     for (const ControlRow& row : kControls)
         set_font(create_control(window, row), app_state().fonts.*row.font);
 
+    set_accessible_name(control(kSettingsButton), L"Settings");
     set_cue(control(kNameField), L"name");
     make_self_painting(control(kStatusLine), TextFlow::wrapped);
     const HWND version = control(kVersionLabel);
@@ -121,6 +123,7 @@ std::string name_field_text()
 void set_status(const std::wstring& text)
 {
     SetWindowTextW(control(kStatusLine), text.c_str());
+    announce_text(control(kStatusLine));
 }
 
 void show_waiting(int button)

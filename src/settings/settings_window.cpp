@@ -68,6 +68,7 @@ void toggle_password(HWND window, OpenWindow& open)
     open.password_is_shown = !open.password_is_shown;
     if (open.password_is_shown && GetWindowTextLengthW(field) == 0) put_password(field, open.host.settings->pass);
     show_password(field, open.password_is_shown);
+    name_eye(window, open.password_is_shown);
     InvalidateRect(GetDlgItem(window, kShowPasswordButton), nullptr, FALSE);
 }
 

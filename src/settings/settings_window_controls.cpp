@@ -6,6 +6,7 @@
 #include "ui/control_text.h"
 #include "ui/dpi.h"
 #include "ui/drawn_button.h"
+#include "ui/screen_reader.h"
 
 namespace {
 
@@ -78,6 +79,13 @@ void create_settings_controls(HWND window, const SiteSettings& settings, const F
     SetDlgItemTextW(window, kSiteField, widen(settings.site).c_str());
     SetDlgItemTextW(window, kUserField, widen(settings.user).c_str());
     prepare_password_field(GetDlgItem(window, kPasswordField), !settings.pass.empty());
+    name_eye(window, false);
+}
+
+void name_eye(HWND window, bool password_is_shown)
+{
+    set_accessible_name(GetDlgItem(window, kShowPasswordButton),
+                        password_is_shown ? L"Hide password" : L"Show password");
 }
 
 TypedSettings typed_settings(HWND window)

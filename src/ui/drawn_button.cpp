@@ -1,6 +1,7 @@
 #include "ui/drawn_button.h"
 
 #include "ui/keyboard.h"
+#include "ui/screen_reader.h"
 
 #include <commctrl.h>
 
@@ -54,8 +55,12 @@ LRESULT CALLBACK behave(HWND button, UINT message, WPARAM wparam, LPARAM lparam,
         if (LOWORD(lparam) != HTCLIENT) break;
         show_hand();
         return TRUE;
+    case WM_GETOBJECT:
+        if (static_cast<LONG>(lparam) != OBJID_CLIENT) break;
+        return answer_screen_reader(button, wparam, kAccessibleButton);
     case WM_NCDESTROY:
         RemovePropW(button, kHotProperty);
+        RemovePropW(button, kAccessibleNameProperty);
         RemoveWindowSubclass(button, behave, id);
         break;
     default:

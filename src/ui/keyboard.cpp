@@ -54,6 +54,12 @@ LRESULT CALLBACK give_focus_back_on_return(HWND window, UINT message, WPARAM wpa
     return DefSubclassProc(window, message, wparam, lparam);
 }
 
+WPARAM pressed(HWND control)
+{
+    static_assert(BN_CLICKED == STN_CLICKED);
+    return MAKEWPARAM(GetDlgCtrlID(control), BN_CLICKED);
+}
+
 }  // namespace
 
 void keep_focus(HWND window)
@@ -101,8 +107,11 @@ bool is_fresh_key(LPARAM lparam)
 
 void press(HWND control)
 {
-    constexpr WORD kClicked = BN_CLICKED;
-    static_assert(kClicked == STN_CLICKED);
-    SendMessageW(GetAncestor(control, GA_PARENT), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(control), kClicked),
-                 reinterpret_cast<LPARAM>(control));
+    SendMessageW(GetAncestor(control, GA_PARENT), WM_COMMAND, pressed(control), reinterpret_cast<LPARAM>(control));
+}
+
+bool post_press(HWND control)
+{
+    return PostMessageW(GetAncestor(control, GA_PARENT), WM_COMMAND, pressed(control),
+                        reinterpret_cast<LPARAM>(control)) != FALSE;
 }

@@ -26,3 +26,4 @@ bool is_fresh_key(LPARAM lparam);
 
 // Tells the parent of `control`, as a click would, that it was pressed. The window may be gone afterwards.
 void press(HWND control);
+bool post_press(HWND control);  // the same a little later; false when Windows refuses

@@ -1,6 +1,7 @@
 #include "ui/link.h"
 
 #include "ui/keyboard.h"
+#include "ui/screen_reader.h"
 
 #include <commctrl.h>
 
@@ -26,6 +27,9 @@ LRESULT CALLBACK follow_keys(HWND label, UINT message, WPARAM wparam, LPARAM lpa
     case WM_KILLFOCUS:
         InvalidateRect(label, nullptr, FALSE);
         break;
+    case WM_GETOBJECT:
+        if (static_cast<LONG>(lparam) != OBJID_CLIENT) break;
+        return answer_screen_reader(label, wparam, kAccessibleLink);
     case WM_NCDESTROY:
         RemoveWindowSubclass(label, follow_keys, id);
         break;
@@ -41,9 +45,4 @@ void make_link(HWND label)
 {
     SetWindowSubclass(label, follow_keys, 0, 0);
     SetWindowLongPtrW(label, GWL_STYLE, GetWindowLongPtrW(label, GWL_STYLE) | WS_TABSTOP);
-}
-
-bool is_link(HWND label)
-{
-    return (GetWindowLongPtrW(label, GWL_STYLE) & WS_TABSTOP) != 0;
 }

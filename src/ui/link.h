@@ -5,5 +5,3 @@
 
 // Lets the Tab key reach a self-painting label whose parent hears of clicks on it, and lets Enter and Space press it.
 void make_link(HWND label);
-
-bool is_link(HWND label);
