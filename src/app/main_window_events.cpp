@@ -17,24 +17,32 @@
 #include "ui/drawn_button.h"
 #include "ui/frame.h"
 #include "ui/keyboard.h"
+#include "ui/users_palette.h"
 
 #include <utility>
 
 namespace {
+
+// Those of the user's Windows settings, as they are now.
+void take_colours(HWND window)
+{
+    refresh_users_palette();
+    app_state().card_brush = solid_brush(users_palette().card);
+    app_state().edit_brush = solid_brush(users_palette().field);
+    apply_frame_colours(window);
+}
 
 void on_create(HWND window)
 {
     AppState& state = app_state();
     state.main_window = window;
     state.fonts = make_fonts(state.dpi);
-    state.card_brush = solid_brush(kCard);
-    state.edit_brush = solid_brush(kEditBackground);
+    take_colours(window);
     create_controls(window);
     refresh_version_label();
     fill_name_field();
     refresh_wallet_card();
     refresh_name_preview();
-    apply_frame_colours(window);
     keep_focus(window);
 }
 
@@ -47,6 +55,12 @@ void lay_out(HWND window)
     place_controls();
     // The controls too, wherever they stand: what shows behind them goes with the height of the window.
     RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+}
+
+void on_new_colours(HWND window)
+{
+    take_colours(window);
+    RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
 }
 
 void on_size(HWND window, WPARAM how)
@@ -154,6 +168,7 @@ void on_destroy(HWND window)
 
 LRESULT CALLBACK main_window_procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam)
 {
+    if (tells_of_new_colours(message)) on_new_colours(window);
     switch (message) {
     case WM_CREATE:
         on_create(window);

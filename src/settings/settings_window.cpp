@@ -7,6 +7,7 @@
 #include "ui/drawn_button.h"
 #include "ui/frame.h"
 #include "ui/keyboard.h"
+#include "ui/users_palette.h"
 
 #include <memory>
 
@@ -23,8 +24,8 @@ constexpr int kBelowOwner = 60;
 struct OpenWindow {
     SettingsWindowHost host;
     Fonts fonts = make_fonts(host.dpi);
-    Brush card_brush = solid_brush(kCard);
-    Brush edit_brush = solid_brush(kEditBackground);
+    Brush card_brush = solid_brush(users_palette().card);
+    Brush edit_brush = solid_brush(users_palette().field);
     bool password_is_shown = false;
 };
 
@@ -40,12 +41,12 @@ void adopt(HWND window, const CREATESTRUCTW& creation)
     SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(given.release()));
 }
 
-void paint_background(HWND window)
+void paint(HWND window)
 {
     const Painting painting(window);
     RECT client{};
     GetClientRect(window, &client);
-    paint_gradient(painting.dc(), client, {kBackgroundTop, kBackgroundBottom});
+    paint_background(painting.dc(), client);
 }
 
 void draw_button(const OpenWindow& open, const DRAWITEMSTRUCT& item)
@@ -55,9 +56,18 @@ void draw_button(const OpenWindow& open, const DRAWITEMSTRUCT& item)
     paint_drawn_button(item, {open.host.dpi, open.fonts.body.get(), picture});
 }
 
-LRESULT colour_control(HDC dc, Colour background, const Brush& brush)
+void on_new_colours(HWND window, OpenWindow& open)
 {
-    SetTextColor(dc, colorref(kLightText));
+    refresh_users_palette();
+    open.card_brush = solid_brush(users_palette().card);
+    open.edit_brush = solid_brush(users_palette().field);
+    apply_frame_colours(window);
+    RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
+}
+
+LRESULT colour_control(HDC dc, Colour text, Colour background, const Brush& brush)
+{
+    SetTextColor(dc, colorref(text));
     SetBkColor(dc, colorref(background));
     return reinterpret_cast<LRESULT>(brush.get());
 }
@@ -90,9 +100,11 @@ LRESULT CALLBACK settings_window_procedure(HWND window, UINT message, WPARAM wpa
     if (message == WM_NCCREATE) adopt(window, *reinterpret_cast<const CREATESTRUCTW*>(lparam));
     OpenWindow* open = open_window(window);
     if (open == nullptr) return DefWindowProcW(window, message, wparam, lparam);
+    if (tells_of_new_colours(message)) on_new_colours(window, *open);
+    const Palette& palette = users_palette();
     switch (message) {
     case WM_PAINT:
-        paint_background(window);
+        paint(window);
         return 0;
     case WM_ERASEBKGND:
         return 1;
@@ -100,9 +112,9 @@ LRESULT CALLBACK settings_window_procedure(HWND window, UINT message, WPARAM wpa
         draw_button(*open, *reinterpret_cast<const DRAWITEMSTRUCT*>(lparam));
         return 1;
     case WM_CTLCOLOREDIT:
-        return colour_control(reinterpret_cast<HDC>(wparam), kEditBackground, open->edit_brush);
+        return colour_control(reinterpret_cast<HDC>(wparam), palette.field_text, palette.field, open->edit_brush);
     case WM_CTLCOLORSTATIC:
-        return colour_control(reinterpret_cast<HDC>(wparam), kCard, open->card_brush);
+        return colour_control(reinterpret_cast<HDC>(wparam), palette.card_text, palette.card, open->card_brush);
     case WM_COMMAND:
         on_command(window, *open, LOWORD(wparam));
         return 0;

@@ -1,5 +1,7 @@
 #include "ui/background.h"
 
+#include "ui/users_palette.h"
+
 namespace {
 
 TRIVERTEX vertex(LONG x, LONG y, Colour colour)
@@ -18,6 +20,11 @@ void paint_gradient(HDC dc, const RECT& area, const Gradient& gradient)
     GradientFill(dc, corners, 2, &whole, 1, GRADIENT_FILL_RECT_V);
 }
 
+void paint_background(HDC dc, const RECT& client)
+{
+    paint_gradient(dc, client, users_palette().background);
+}
+
 BackgroundBehind background_behind(HWND control)
 {
     const HWND parent = GetAncestor(control, GA_PARENT);
@@ -27,6 +34,6 @@ BackgroundBehind background_behind(HWND control)
     RECT place{};
     GetWindowRect(control, &place);
     MapWindowPoints(HWND_DESKTOP, parent, reinterpret_cast<POINT*>(&place), 2);
-    const auto sample = [height](int y) { return background_sample(y, height); };
+    const auto sample = [height](int y) { return background_sample(y, height, users_palette().background); };
     return {{sample(place.top), sample(place.bottom)}, sample((place.top + place.bottom) / 2)};
 }

@@ -5,6 +5,9 @@
 
 void paint_gradient(HDC dc, const RECT& area, const Gradient& gradient);
 
+// All of a window's client area, in the user's colours.
+void paint_background(HDC dc, const RECT& client);
+
 // The background behind a child control, in the coordinates of its parent's client area.
 struct BackgroundBehind {
     Gradient whole;  // from the control's top to its bottom

@@ -5,6 +5,7 @@
 #include "ui/drawn_button.h"
 #include "ui/keyboard.h"
 #include "ui/picture_painter.h"
+#include "ui/users_palette.h"
 
 namespace {
 
@@ -73,9 +74,8 @@ void paint_label(const DRAWITEMSTRUCT& item, const ButtonState& state, Colour co
     DrawTextW(item.hDC, label, length, &place, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
 }
 
-void paint_content(const DRAWITEMSTRUCT& item, const ButtonState& state, const ButtonLook& look)
+void paint_content(const DRAWITEMSTRUCT& item, const ButtonState& state, Colour colour, const ButtonLook& look)
 {
-    const Colour colour = state.disabled ? kButtonTextDisabled : kButtonText;
     const Rect place = from_windows(item.rcItem);
     switch (look.picture) {
     case Picture::none:
@@ -95,10 +95,11 @@ void paint_drawn_button(const DRAWITEMSTRUCT& item, const ButtonLook& look)
 {
     const ButtonState state = state_of(item);
     const BackgroundBehind behind = background_behind(item.hwndItem);
+    const ButtonColours colours = button_colours(users_palette(), state, behind.middle);
     const int corner = scaled(kCorner, look.dpi);
     paint_behind(item, behind);
-    paint_face(item.hDC, item.rcItem, corner, button_face(state, behind.middle));
-    paint_outline(item.hDC, item.rcItem, corner, state.hot || state.pressed ? kBorderActive : kBorder);
-    if (shows_focus(item.hwndItem)) paint_focus(item.hDC, item.rcItem, look.dpi, kButtonText);
-    paint_content(item, state, look);
+    paint_face(item.hDC, item.rcItem, corner, colours.face);
+    paint_outline(item.hDC, item.rcItem, corner, colours.outline);
+    if (shows_focus(item.hwndItem)) paint_focus(item.hDC, item.rcItem, look.dpi, colours.ink);
+    paint_content(item, state, colours.ink, look);
 }

@@ -22,11 +22,11 @@ Colour mix(Colour a, Colour b, int t)
     return {mix_channel(a.red, b.red, t), mix_channel(a.green, b.green, t), mix_channel(a.blue, b.blue, t)};
 }
 
-Colour background_sample(int y, int client_height)
+Colour background_sample(int y, int client_height, const Gradient& background)
 {
-    if (client_height < 2) return kBackgroundBottom;
+    if (client_height < 2) return background.end;
     const std::int64_t t = static_cast<std::int64_t>(y) * kFull / (client_height - 1);
-    return mix(kBackgroundTop, kBackgroundBottom, static_cast<int>(std::clamp<std::int64_t>(t, 0, kFull)));
+    return mix(background.start, background.end, static_cast<int>(std::clamp<std::int64_t>(t, 0, kFull)));
 }
 
 Colour gradient_row(const Gradient& gradient, int row, int rows)

@@ -34,13 +34,6 @@ inline constexpr Colour kFrameCaption{168, 164, 188};
 inline constexpr Colour kFrameBorder{92, 64, 140};
 inline constexpr Colour kFrameText{32, 16, 54};
 
-// From `a` (t = 0) to `b` (t = 255), each channel truncated toward zero and kept within a byte.
-Colour mix(Colour a, Colour b, int t);
-
-// The window gradient at the row `y` of a client area that is `client_height` rows high; the bottom colour when there
-// are fewer than two rows.
-Colour background_sample(int y, int client_height);
-
 // A gradient from the first row to the last.
 struct Gradient {
     Colour start;
@@ -48,6 +41,13 @@ struct Gradient {
 
     bool operator==(const Gradient&) const = default;
 };
+
+// From `a` (t = 0) to `b` (t = 255), each channel truncated toward zero and kept within a byte.
+Colour mix(Colour a, Colour b, int t);
+
+// A window's gradient at the row `y` of a client area that is `client_height` rows high; the bottom colour when there
+// are fewer than two rows.
+Colour background_sample(int y, int client_height, const Gradient& background = {kBackgroundTop, kBackgroundBottom});
 
 // The colour of row `row` of `rows`; a single row has the start colour.
 Colour gradient_row(const Gradient& gradient, int row, int rows);

@@ -1,6 +1,7 @@
 #include "ui/frame.h"
 
 #include "ui/gdi.h"
+#include "ui/users_palette.h"
 
 #include <dwmapi.h>
 
@@ -11,6 +12,7 @@ constexpr DWORD kUseDarkMode = 20;
 constexpr DWORD kBorderColour = 34;
 constexpr DWORD kCaptionColour = 35;
 constexpr DWORD kTextColour = 36;
+constexpr DWORD kWindowsChoice = 0xFFFFFFFF;
 
 void set_frame(HWND window, DWORD attribute, DWORD value)
 {
@@ -21,8 +23,9 @@ void set_frame(HWND window, DWORD attribute, DWORD value)
 
 void apply_frame_colours(HWND window)
 {
-    set_frame(window, kUseDarkMode, TRUE);
-    set_frame(window, kCaptionColour, colorref(kFrameCaption));
-    set_frame(window, kBorderColour, colorref(kFrameBorder));
-    set_frame(window, kTextColour, colorref(kFrameText));
+    const auto& frame = users_palette().frame;
+    set_frame(window, kUseDarkMode, frame.has_value());
+    set_frame(window, kCaptionColour, frame ? colorref(frame->caption) : kWindowsChoice);
+    set_frame(window, kBorderColour, frame ? colorref(frame->border) : kWindowsChoice);
+    set_frame(window, kTextColour, frame ? colorref(frame->text) : kWindowsChoice);
 }

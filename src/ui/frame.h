@@ -3,5 +3,5 @@
 
 #include <windows.h>
 
-// Gives the frame the program's colours, where this Windows can.
+// Gives the frame the colours of the user's palette, where this Windows can.
 void apply_frame_colours(HWND window);
