@@ -4,6 +4,7 @@
 #include "app/update_notice.h"
 #include "ui/dpi.h"
 #include "ui/keyboard.h"
+#include "windows/keys.h"
 #include "windows/own_window.h"
 #include "windows/picture.h"
 
@@ -18,6 +19,8 @@ constexpr std::array kButtons = {kConnectButton, kUnbindButton, kSettingsButton,
 
 class Focus : public testing::Test {
 protected:
+    Focus() { put_mouse_away(); }
+
     void focus(int id) const
     {
         SetFocus(window.control(id));

@@ -5,6 +5,7 @@
 #include "app/update_notice.h"
 #include "ui/keyboard.h"
 #include "windows/drawn_texts.h"
+#include "windows/keys.h"
 #include "windows/own_window.h"
 #include "windows/picture.h"
 #include "windows/replaced_import.h"
@@ -29,7 +30,11 @@ constexpr std::array kButtons = {kConnectButton, kUnbindButton, kSettingsButton,
 
 class InHighContrast : public testing::Test {
 protected:
-    InHighContrast() : scheme(std::in_place), window(std::in_place) {}
+    InHighContrast() : scheme(std::in_place)
+    {
+        put_mouse_away();
+        window.emplace();
+    }
     InHighContrast(const InHighContrast&) = delete;
     InHighContrast& operator=(const InHighContrast&) = delete;
     ~InHighContrast() override

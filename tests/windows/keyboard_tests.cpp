@@ -23,6 +23,11 @@ constexpr wchar_t kUnbound[] = L"Unbound. Connect again to pick a wallet in Vaul
 
 class Keyboard : public testing::Test {
 protected:
+    Keyboard() = default;
+    Keyboard(const Keyboard&) = delete;
+    Keyboard& operator=(const Keyboard&) = delete;
+    ~Keyboard() override { put_mouse_away(); }
+
     HWND control(int id) const { return program.control(id); }
     bool has_focus(int id) const { return ::has_focus(program, control(id)); }
     void tab_to(int id) const { ::tab_to(program, control(id)); }
@@ -112,6 +117,7 @@ TEST_F(Keyboard, EnterInTheNameFieldAndEscapeStartNothing)
 
 TEST_F(Keyboard, TheArrowKeysStayOnTheirButton)
 {
+    EXPECT_TRUE(send_to(control(kPublish), WM_GETDLGCODE) & DLGC_WANTARROWS);
     tab_to(kPublish);
     for (const WORD key : {WORD{VK_RIGHT}, WORD{VK_LEFT}, WORD{VK_UP}, WORD{VK_DOWN}})
         strike(key);

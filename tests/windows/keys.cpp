@@ -37,6 +37,11 @@ void click(HWND control)
     click_at((place.left + place.right) / 2, (place.top + place.bottom) / 2);
 }
 
+void put_mouse_away()
+{
+    SetCursorPos(GetSystemMetrics(SM_CXSCREEN) - 1, GetSystemMetrics(SM_CYSCREEN) - 1);
+}
+
 bool has_focus(const RunningProgram& program, HWND control)
 {
     return becomes_true([&] { return program.focus() == control; });

@@ -10,6 +10,7 @@ void strike(WORD key, WORD held = 0);
 // The left mouse button, at a point of the screen.
 void click_at(int x, int y);
 void click(HWND control);  // in its middle
+void put_mouse_away();     // into the corner of the screen, where it is over no control
 
 bool has_focus(const RunningProgram& program, HWND control);  // sooner or later
 
