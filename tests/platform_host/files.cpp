@@ -80,7 +80,8 @@ bool create_folders(const std::string& path)
 std::optional<std::string> read_file(const std::string& path)
 {
     tell_use(path);
-    if (stand_in().files.reads_fail || std::filesystem::is_directory(native_path(path))) return std::nullopt;
+    std::error_code error;
+    if (stand_in().files.reads_fail || std::filesystem::is_directory(native_path(path), error)) return std::nullopt;
     std::ifstream file(native_path(path), std::ios::binary);
     if (!file) return std::nullopt;
     return std::string(std::istreambuf_iterator<char>(file), {});

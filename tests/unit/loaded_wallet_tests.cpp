@@ -64,6 +64,17 @@ TEST(LoadedWallet, EveryFailedLoadForgetsTheWalletOfBefore)
     EXPECT_EQ(loaded_wallet(), nullptr);
 }
 
+TEST(LoadedWallet, AnIdThatIsNoFileNameLoadsNothing)
+{
+    const TestFolder folder;
+    bind_to_wallet(folder, phrase_wallet());
+    for (const std::string& id : {std::string(300, '1'), std::string("1\0x", 3), std::string("\n"), std::string("*")}) {
+        bind_wallet(id);
+        EXPECT_FALSE(load_wallet()) << id;
+        EXPECT_EQ(loaded_wallet(), nullptr) << id;
+    }
+}
+
 TEST(LoadedWallet, ASealFileLocksTheWalletAndTheLoadForgetsIt)
 {
     const TestFolder folder;

@@ -33,13 +33,14 @@ void check(std::string_view bytes)
     empty_data_folder();
     put_file("wallets.lock", "");
     put_file("wallets.json", kTwoWallets);
+    put_file("wallets/other/wallet.json", "no wallet");
     put_file(kRecord, bytes);
     const FilesOnDisk before = files_on_disk();
     start();
     const std::string id = bound_wallet_id();
     require(id == wallet_binding().wallet_id, "memory and record agree");
     require(wallet_file_path().empty() == id.empty(), "a bound wallet has a file");
-    require(!load_wallet(), "a wallet without a file does not load");
+    require(!load_wallet(), "a wallet that is not there does not load");
     if (!id.empty()) {
         require(id == text_member(parse_json(bytes), "wallet_id"), "the record's wallet is bound");
         check_record(id);
