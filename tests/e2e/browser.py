@@ -1,4 +1,5 @@
 """The owner of the site in a real browser: logs in to WordPress, makes an application password, uploads a plugin."""
+import base64
 import contextlib
 import os
 import pathlib
@@ -101,6 +102,23 @@ class Browser:
         self.wait_for_text("This plugin is already installed.")
         self._click("a.update-from-upload-overwrite")
         self.wait_for_text("Plugin updated successfully.")
+
+    def open_site_health(self, site: str, *tests: str) -> None:
+        """Tools, Site Health, once these tests have results, with what they say unfolded."""
+        self.open(f"{site}/wp-admin/site-health.php")
+        results = [f"[aria-controls='health-check-accordion-block-{test}']" for test in tests]
+        for result in results:
+            WebDriverWait(self._driver, SECONDS).until(until.presence_of_element_located((By.CSS_SELECTOR, result)))
+        self._click(".site-health-view-passed")
+        for result in results:
+            self._click(result)
+
+    def picture_of_page(self, path: pathlib.Path) -> None:
+        """Also of what lies outside of the window."""
+        self._driver.execute_script("scrollTo(0, 0)")
+        picture = self._driver.execute_cdp_cmd("Page.captureScreenshot", {"captureBeyondViewport": True})
+        path.parent.mkdir(parents=True, exist_ok=True)
+        path.write_bytes(base64.b64decode(picture["data"]))
 
     def picture(self, path: pathlib.Path) -> None:
         path.parent.mkdir(parents=True, exist_ok=True)

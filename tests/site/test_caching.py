@@ -11,7 +11,7 @@ ANSWERS = [
     ("GET", "/wp-json/brasslet/v1/id/carol", 404), ("GET", "/wp-json/brasslet/v1/address/carol", 404),
     ("POST", "/wp-json/brasslet/v1/name", 401), ("DELETE", "/wp-json/brasslet/v1/name", 401),
     ("GET", "/wp-json/brasslet/v1/name", 404), ("GET", "/wp-json/brasslet/v1/none", 404),
-    ("GET", "/wp-json/brasslet/v1", 200), ("GET", "/wp-json/brasslet/none", 404),
+    ("GET", "/wp-json/brasslet/v1/health", 401), ("GET", "/wp-json/brasslet/v1", 200), ("GET", "/wp-json/brasslet/none", 404),
     ("GET", "/wp-json/BRASSLET/V1/id/alice", 200), ("GET", "/?rest_route=/brasslet/v1/id/alice", 200),
 ]
 
@@ -27,7 +27,8 @@ def test_no_answer_of_the_plugin_is_stored(site, method, path, status):
 
 def test_no_answer_to_an_administrator_is_stored_either(site):
     for reply in (site.publish(), site.publish(alias="a b"), site.remove("alice"), site.remove("a b"),
-                  site.publish(headers=site.login_headers()), site.get("/status", headers=site.login_headers())):
+                  site.publish(headers=site.login_headers()), site.get("/status", headers=site.login_headers()),
+                  site.get("/health", headers=site.login_headers())):
         assert reply.headers["Cache-Control"] == "no-store"
 
 

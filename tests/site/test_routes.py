@@ -13,6 +13,7 @@ def test_wordpress_lists_exactly_these_routes(site):
         "/brasslet/v1/name": [["POST"], ["DELETE"]],
         r"/brasslet/v1/id/(?P<alias>[A-Za-z0-9._+\-]+)": [["GET"]],
         r"/brasslet/v1/address/(?P<alias>[A-Za-z0-9._+\-]+)": [["GET", "POST"]],
+        "/brasslet/v1/health": [["GET"]],
     }
 
 
