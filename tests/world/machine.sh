@@ -13,7 +13,7 @@ make_machine() {
 
     cat >"$WORLD_DIR/etc/hosts" <<END
 127.0.0.1 localhost $(uname -n)
-127.0.0.1 $site_hosts pay.brasslet.test corvane.example
+127.0.0.1 $site_hosts pay.brasslet.test www.brasslet.test corvane.example
 127.0.0.9 dead.brasslet.test
 END
     replace_file /etc/hosts "$WORLD_DIR/etc/hosts"

@@ -28,7 +28,7 @@ END
     local lost='fastcgi_param HTTP_AUTHORIZATION "" if_not_empty;'
     local renamed='fastcgi_param HTTP_X_BRASSLET_AUTH "" if_not_empty;
         fastcgi_param REDIRECT_HTTP_X_BRASSLET_AUTH $http_x_brasslet_auth if_not_empty;'
-    wordpress_host "brasslet.test pay.brasslet.test" stable ""
+    wordpress_host "brasslet.test pay.brasslet.test www.brasslet.test" stable ""
     wordpress_host strip.brasslet.test stable "$lost"
     wordpress_host redirect.brasslet.test stable "$lost $renamed"
     wordpress_host newer.brasslet.test newer ""
