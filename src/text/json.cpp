@@ -1,13 +1,14 @@
 #include "text/json.h"
 
-#include <sstream>
+#include <optional>
 
 namespace {
 
 using nlohmann::json;
 
-// Counts brackets outside of texts, up to the end of the first value. Whether they match is the parser's business.
-bool is_too_deep(std::string_view text)
+// Where the first object or array ends, judged by its brackets alone: whether they match is the parser's business. The
+// end of the text when there is none or it is not closed; nothing when it is nested too deeply.
+std::optional<std::size_t> end_of_first(std::string_view text)
 {
     int depth = 0;
     bool in_text = false;
@@ -19,12 +20,12 @@ bool is_too_deep(std::string_view text)
         } else if (c == '"') {
             in_text = true;
         } else if (c == '{' || c == '[') {
-            if (++depth > kDeepestJson) return true;
+            if (++depth > kDeepestJson) return std::nullopt;
         } else if (c == '}' || c == ']') {
-            if (--depth <= 0) break;
+            if (--depth <= 0) return i + 1;
         }
     }
-    return false;
+    return text.size();
 }
 
 json discarded()
@@ -36,21 +37,16 @@ json discarded()
 
 json parse_json(std::string_view text)
 {
-    if (is_too_deep(text)) return discarded();
+    if (!end_of_first(text)) return discarded();
     return json::parse(text.begin(), text.end(), nullptr, false);
 }
 
 json parse_first_json(std::string_view text)
 {
-    if (is_too_deep(text)) return discarded();
-    std::istringstream stream{std::string(text)};
-    try {
-        json first;
-        stream >> first;
-        return first;
-    } catch (const json::exception&) {
-        return discarded();
-    }
+    const auto end = end_of_first(text);
+    if (!end) return discarded();
+    // Not from a stream, although that stops by itself: streams bring every locale's rules into the executable.
+    return json::parse(text.begin(), text.begin() + *end, nullptr, false);
 }
 
 std::string text_member(const json& object, const char* key)

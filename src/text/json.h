@@ -12,7 +12,7 @@ inline constexpr int kDeepestJson = 200;  // levels of objects and arrays
 // The document, or a value whose is_discarded() is true when the text is no JSON or is nested too deeply.
 nlohmann::json parse_json(std::string_view text);
 
-// As parse_json, but text after the first complete value is not looked at.
+// As parse_json, but text after the first complete object or array is not looked at.
 nlohmann::json parse_first_json(std::string_view text);
 
 // The member when `object` is an object that has it as a text; otherwise empty.

@@ -41,8 +41,10 @@ TEST(Json, BracketsInTextsDoNotCountAsLevels)
 TEST(Json, TheFirstValueIsReadAndTheRestIsNotLookedAt)
 {
     EXPECT_EQ(parse_first_json(R"({"a":1} }{ )" + nested(10'000))["a"], 1);
-    EXPECT_TRUE(parse_first_json("").is_discarded());
-    EXPECT_TRUE(parse_first_json("{\"a\":").is_discarded());
+    EXPECT_EQ(parse_first_json(R"( [1,"]\"]"] x)")[1], "]\"]");
+    EXPECT_EQ(parse_first_json("{}{}"), nlohmann::json::object());
+    for (const char* text : {"", "x {}", "{\"a\":", "{]", "{[}]", "]{}", "{\"a\":\"}"})
+        EXPECT_TRUE(parse_first_json(text).is_discarded()) << text;
 }
 
 TEST(Json, ATextMemberIsEmptyUnlessItIsAText)
