@@ -30,7 +30,8 @@ json rows_of(const std::string& text)
 {
     json document = parse_json(text);
     if (document.is_object()) {
-        if (const auto names = document.find("names"); names != document.end() && names->is_array()) return *names;
+        if (const auto names = document.find("names"); names != document.end() && names->is_array())
+            return std::move(*names);
         if (document.contains("paymail")) return rewritable(json::array({document}));
     }
     return document.is_array() ? rewritable(std::move(document)) : json::array();
@@ -47,6 +48,19 @@ std::optional<json> readable_paynames()
 bool is_row_of(const json& row, const std::string& lower_case_paymail)
 {
     return lower_ascii(text_member(row, "paymail")) == lower_case_paymail;
+}
+
+// The member's own text, not a copy of it; null when there is none.
+const std::string* member_text(const json& row, const char* name)
+{
+    if (!row.is_object()) return nullptr;
+    const auto member = row.find(name);
+    return member == row.end() ? nullptr : member->get_ptr<const std::string*>();
+}
+
+bool is(const std::string* text, const std::string& other)
+{
+    return text != nullptr && *text == other;
 }
 
 bool is_shown(const std::string& paymail)
@@ -103,17 +117,22 @@ void remove_payname(const std::string& paymail)
     }
 }
 
-std::string names_of_this_wallet()
+std::string names_of_wallet(const std::string& key, const std::string& address)
 {
-    const std::string key = identity_pubkey().value_or(std::string());
-    const std::string address = wallet_address().value_or(std::string());
     if (key.size() != 66 || address.size() < 26) return {};
+    const json rows = load_paynames();
     std::string names;
-    for (const json& row : load_paynames()) {
-        const std::string paymail = text_member(row, "paymail");
-        if (text_member(row, "pubkey") != key || text_member(row, "address") != address || !is_shown(paymail)) continue;
+    for (const json& row : rows) {
+        if (!is(member_text(row, "pubkey"), key) || !is(member_text(row, "address"), address)) continue;
+        const std::string* const paymail = member_text(row, "paymail");
+        if (paymail == nullptr || !is_shown(*paymail)) continue;
         if (!names.empty()) names += ", ";
-        names += paymail;
+        names += *paymail;
     }
     return names;
+}
+
+std::string names_of_this_wallet()
+{
+    return names_of_wallet(identity_pubkey().value_or(std::string()), wallet_address().value_or(std::string()));
 }

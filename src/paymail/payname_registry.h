@@ -18,5 +18,9 @@ bool save_paynames(const nlohmann::json& rows);   // false when the file cannot 
 bool keep_payname(const PaynameRecord& record);   // adds it, or updates its row in place
 void remove_payname(const std::string& paymail);  // deletes the file when the last row goes
 
-// The names of the connected wallet, joined by ", "; empty when there are none or no wallet is connected.
+// The names of the wallet with this identity key and payment address, joined by ", "; empty when there are none or one
+// of the two texts is no key or no address.
+std::string names_of_wallet(const std::string& key, const std::string& address);
+
+// Those of the connected wallet; empty when none is connected.
 std::string names_of_this_wallet();

@@ -12,6 +12,8 @@ namespace {
 
 using nlohmann::json;
 
+constexpr std::size_t kOrdinalsCounter = 5;
+
 // The member's own text, not a copy of it: empty when it is missing, null when it is no text.
 const std::string* text_or_nothing(const json& document, const char* key)
 {
@@ -20,7 +22,13 @@ const std::string* text_or_nothing(const json& document, const char* key)
     return member == document.end() ? &kEmpty : member->get_ptr<const std::string*>();
 }
 
-bool read_phrase_wallet(const json& document, Wallet& wallet)
+bool has_keys_of(const Wallet& known, const Wallet& wallet)
+{
+    return known.has_phrase && known.phrase.text() == wallet.phrase.text() && known.shown == wallet.shown &&
+           known.receive_counters[kOrdinalsCounter] == wallet.receive_counters[kOrdinalsCounter];
+}
+
+bool read_phrase_wallet(const json& document, const Wallet* known, Wallet& wallet)
 {
     wallet.has_phrase = true;
     wallet.phrase = SecretText(document["mnemonic"].get_ref<const std::string&>());
@@ -34,7 +42,10 @@ bool read_phrase_wallet(const json& document, Wallet& wallet)
     wallet.receive_counters = counters_from(document);
     wallet.shown = shown_from(document, wallet.receive_counters[1]);
     wallet.paymail = text_member(document, "paymail");
-    return derive_wallet_keys(wallet.phrase, wallet.shown, wallet.receive_counters[5], wallet.keys);
+    if (known == nullptr || !has_keys_of(*known, wallet))
+        return derive_wallet_keys(wallet.phrase, wallet.shown, wallet.receive_counters[kOrdinalsCounter], wallet.keys);
+    wallet.keys = known->keys;
+    return true;
 }
 
 bool read_single_key_wallet(const json& document, Wallet& wallet)
@@ -52,12 +63,13 @@ bool read_single_key_wallet(const json& document, Wallet& wallet)
     return !keys.address.empty();
 }
 
-bool read_document(const json& document, Wallet& wallet)
+bool read_document(const json& document, const Wallet* known, Wallet& wallet)
 {
     if (!document.is_object()) return false;
     const auto mnemonic = document.find("mnemonic");
     const bool has_phrase = mnemonic != document.end() && mnemonic->is_string();
-    if (!(has_phrase ? read_phrase_wallet(document, wallet) : read_single_key_wallet(document, wallet))) return false;
+    if (!(has_phrase ? read_phrase_wallet(document, known, wallet) : read_single_key_wallet(document, wallet)))
+        return false;
     wallet.picture = text_member(document, "ord_avatar");
     wallet.ordinals = ordinals_from(document);
     wallet.contacts = contacts_from(document);
@@ -66,7 +78,7 @@ bool read_document(const json& document, Wallet& wallet)
 
 }  // namespace
 
-std::optional<Wallet> read_wallet(SecretText text)
+std::optional<Wallet> read_wallet(SecretText text, const Wallet* known)
 {
     if (is_lock_record(text.text())) {
         auto plain = open_lock_record(lock_key(), text.text());
@@ -74,7 +86,7 @@ std::optional<Wallet> read_wallet(SecretText text)
         text = std::move(*plain);
     }
     std::optional<Wallet> wallet(std::in_place);
-    if (!read_document(parse_json(text.text()), *wallet)) wallet.reset();
+    if (!read_document(parse_json(text.text()), known, *wallet)) wallet.reset();
     wipe_finished_stack();
     if (wallet) wallet->source = std::move(text);
     return wallet;

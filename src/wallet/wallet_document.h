@@ -46,8 +46,9 @@ struct Wallet {
 };
 
 // The wallet in `text`, its keys derived. Empty for anything malformed, a phrase that fails its check, a key that is no
-// key, and a lock record, for which this program holds no key.
-std::optional<Wallet> read_wallet(SecretText text);
+// key, and a lock record, for which this program holds no key. The keys of `known`, a wallet that was read before, are
+// taken over instead of derived again when they come from the same phrase and the same counters.
+std::optional<Wallet> read_wallet(SecretText text, const Wallet* known = nullptr);
 
 // The document of `wallet` to put in the place of its source: the members known here set from the wallet, all others
 // and all array elements of the source kept as they were, down to the digits of a number. Keys sorted, indent 2. Empty

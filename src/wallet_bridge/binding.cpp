@@ -119,8 +119,7 @@ std::string bind_record_path()
     return folder + "/" + bind_key(wallet_binding().instance) + ".json";
 }
 
-std::string wallet_file_path()
+std::string wallet_file_path(const std::string& wallet_id)
 {
-    const std::string id = bound_wallet_id();
-    return id.empty() ? std::string() : data_directory() + "/wallets/" + id + "/wallet.json";
+    return wallet_id.empty() ? std::string() : data_directory() + "/wallets/" + wallet_id + "/wallet.json";
 }

@@ -31,5 +31,5 @@ void unbind_wallet();
 // File name of the bind record, without its ending: small letters and digits, everything else "_", the last 96 of them.
 std::string bind_key(std::string_view instance);
 
-std::string bind_record_path();  // makes the folder
-std::string wallet_file_path();  // empty when no wallet is bound
+std::string bind_record_path();                              // makes the folder
+std::string wallet_file_path(const std::string& wallet_id);  // empty for an empty id

@@ -8,6 +8,7 @@
 
 #include <limits>
 #include <mutex>
+#include <optional>
 
 namespace {
 
@@ -32,25 +33,32 @@ json object_of(const std::string& text)
     return document.is_object() ? document : json::object();
 }
 
+// The registry while an operation works on it.
+struct Registry {
+    std::optional<json> on_disk;  // as the file has it; nothing when it cannot be read
+    json document;
+};
+
 // What the file says already is not written again. False when the file cannot be written, and when it is there but
 // could not be read: that would lose what it holds.
-bool save(const json& registry)
+bool save(const Registry& registry)
 {
     const std::string path = registry_path();
-    const auto current = read_file(path);
-    if (!current && file_status(path) != FileStatus::missing) return false;
-    if (object_of(current.value_or("")) == registry) return true;
+    if (!registry.on_disk && file_status(path) != FileStatus::missing) return false;
+    if (registry.on_disk.value_or(json::object()) == registry.document) return true;
     create_folders(data_directory());
-    return rewrite_in_place(path, pretty_json(registry));
+    return rewrite_in_place(path, pretty_json(registry.document));
 }
 
-json load()
+Registry load()
 {
-    if (const auto text = read_file(registry_path())) return object_of(*text);
-    const auto older = read_file(kOlderPath);
-    if (!older) return json::object();
-    json registry = object_of(*older);
-    save(registry);
+    Registry registry{std::nullopt, json::object()};
+    if (const auto text = read_file(registry_path())) {
+        registry.on_disk = registry.document = object_of(*text);
+    } else if (const auto older = read_file(kOlderPath)) {
+        registry.document = object_of(*older);
+        if (save(registry)) registry.on_disk = registry.document;
+    }
     return registry;
 }
 
@@ -99,7 +107,7 @@ std::string house_label_of(const std::string& public_key)
     const std::string key = lower_ascii(public_key);
     if (key.empty()) return {};
     const std::scoped_lock lock(registry_mutex());
-    json registry = load();
+    json registry = load().document;
     const json& names = object_member(registry, "names");
     const auto own = names.find(house_label(text_member(registry, "self")));
     if (own != names.end() && is_held_by(*own, key)) return own.key();
@@ -116,12 +124,12 @@ std::string register_house_label(std::string_view name, const std::string& publi
     if (key.empty()) return "no Vaultry identity pubkey";
 
     const std::scoped_lock lock(registry_mutex());
-    json registry = load();
-    json& names = object_member(registry, "names");
+    Registry registry = load();
+    json& names = object_member(registry.document, "names");
     const auto held = names.find(label);
     if (held != names.end() && !is_held_by(*held, key)) return label + "@" + kHouseDomain + " is already taken";
     if (held == names.end()) {
-        const std::size_t most = quota(registry);
+        const std::size_t most = quota(registry.document);
         if (count_labels(names, key) >= most)
             return "paymail quota reached (" + std::to_string(most) + " free labels per identity)";
     }
@@ -129,7 +137,7 @@ std::string register_house_label(std::string_view name, const std::string& publi
     json& row = object_member(names, label.c_str());
     row["pubkey"] = key;
     if (!address.empty()) row["address"] = address;
-    registry["self"] = label;
+    registry.document["self"] = label;
     return save(registry) ? "" : kHouseRegistryUnwritable;
 }
 
@@ -138,14 +146,15 @@ std::string set_house_avatar(const std::string& public_key, const std::string& p
     const std::string key = lower_ascii(public_key);
     if (key.empty()) return "no identity pubkey";
     const std::scoped_lock lock(registry_mutex());
-    json registry = load();
+    Registry registry = load();
+    json& document = registry.document;
     if (picture.empty()) {
-        const auto avatars = registry.find("avatars");
-        if (avatars != registry.end() && avatars->is_object()) avatars->erase(key);
-        change_rows(registry, key, [](json& row) { row.erase("avatar"); });
+        const auto avatars = document.find("avatars");
+        if (avatars != document.end() && avatars->is_object()) avatars->erase(key);
+        change_rows(document, key, [](json& row) { row.erase("avatar"); });
     } else {
-        object_member(registry, "avatars")[key] = picture;
-        change_rows(registry, key, [&picture](json& row) { row["avatar"] = picture; });
+        object_member(document, "avatars")[key] = picture;
+        change_rows(document, key, [&picture](json& row) { row["avatar"] = picture; });
     }
     return save(registry) ? "" : kHouseRegistryUnwritable;
 }
@@ -155,7 +164,7 @@ void set_house_ord_address(const std::string& public_key, const std::string& ord
     const std::string key = lower_ascii(public_key);
     if (key.empty() || ordinals_address.empty()) return;
     const std::scoped_lock lock(registry_mutex());
-    json registry = load();
-    change_rows(registry, key, [&ordinals_address](json& row) { row["ordAddress"] = ordinals_address; });
+    Registry registry = load();
+    change_rows(registry.document, key, [&ordinals_address](json& row) { row["ordAddress"] = ordinals_address; });
     save(registry);
 }

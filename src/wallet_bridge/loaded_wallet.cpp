@@ -8,6 +8,7 @@
 #include "wallet_bridge/spent_snapshot.h"
 
 #include <optional>
+#include <utility>
 
 namespace {
 
@@ -21,6 +22,11 @@ WalletState& wallet_state()
 {
     static auto* const state = new WalletState;  // never destroyed: a worker may hold it when the process ends
     return *state;
+}
+
+std::string path_of(const std::string& wallet_id)
+{
+    return wallet_id.empty() ? data_directory() + "/corvane_vaultry.json" : wallet_file_path(wallet_id);
 }
 
 bool has_seal(const std::string& path)
@@ -37,8 +43,7 @@ std::recursive_mutex& wallet_state_mutex()
 
 std::string wallet_path()
 {
-    const std::string path = wallet_file_path();
-    return path.empty() ? data_directory() + "/corvane_vaultry.json" : path;
+    return path_of(bound_wallet_id());
 }
 
 bool is_wallet_locked()
@@ -49,19 +54,25 @@ bool is_wallet_locked()
 
 bool load_wallet()
 {
+    return load_wallet(bound_wallet_id());
+}
+
+bool load_wallet(const std::string& wallet_id)
+{
+    WalletState& state = wallet_state();
+    const std::optional<Wallet> before = std::exchange(state.wallet, std::nullopt);
     forget_wallet();
-    const std::string path = wallet_path();
+    const std::string path = path_of(wallet_id);
     if (has_seal(path)) return false;
     auto text = read_file(path);
     if (!text) return false;
-    WalletState& state = wallet_state();
-    state.wallet = read_wallet(SecretText(std::move(*text)));
+    state.wallet = read_wallet(SecretText(std::move(*text)), before ? &*before : nullptr);
     if (!state.wallet) return false;
 
     const WalletKeys& keys = state.wallet->keys;
     if (!keys.identity_key.empty() && !keys.ordinals_address.empty())
         set_house_ord_address(keys.identity_key, keys.ordinals_address);
-    state.spent_outpoints = read_spent_snapshot(spent_snapshot_key(bound_wallet_id(), keys.identity_key, keys.address));
+    state.spent_outpoints = read_spent_snapshot(spent_snapshot_key(wallet_id, keys.identity_key, keys.address));
     return true;
 }
 

@@ -16,9 +16,13 @@ std::string wallet_path();
 // Whether that file is locked: a seal file lies beside it, or it holds a lock record.
 bool is_wallet_locked();
 
-// Forgets the wallet that was loaded before, then reads the file and derives the keys. Records the ordinals address
-// in the house registry. False, with no wallet loaded, for a locked, missing or malformed file.
+// Forgets the wallet that was loaded before, then reads the file and derives the keys; those of the wallet of before
+// serve again when the file still gives the same phrase and counters. Records the ordinals address in the house
+// registry. False, with no wallet loaded, for a locked, missing or malformed file.
 bool load_wallet();
+
+// The same for a caller who has asked for bound_wallet_id() already.
+bool load_wallet(const std::string& wallet_id);
 
 // Rewrites the file from the loaded wallet, in place; what this program does not know in it stays. False when no wallet
 // is loaded, the file cannot be written, or another program has changed it since it was loaded or has it to itself.

@@ -18,7 +18,7 @@ std::optional<std::string> unless_empty(const std::string& text)
 
 // The loaded wallet's house paymail, its label registered for it; empty when it has none. A refused label is not the
 // wallet's: another identity holds it, and it is neither shown nor sent nor saved.
-std::string ensured_house_paymail(Wallet& wallet)
+std::string ensured_house_paymail(Wallet& wallet, const std::string& wallet_id)
 {
     const std::string& key = wallet.keys.identity_key;
     if (!wallet.has_phrase || key.empty()) return {};
@@ -32,9 +32,15 @@ std::string ensured_house_paymail(Wallet& wallet)
         wallet.paymail.clear();
         return {};
     }
-    set_registry_name_from_paymail(bound_wallet_id(), wallet.paymail);
+    set_registry_name_from_paymail(wallet_id, wallet.paymail);
     if (is_from_registry) save_wallet();
     return wallet.paymail + "@" + kHouseDomain;
+}
+
+bool load_ready_wallet(const std::string& wallet_id)
+{
+    return wallet_binding().is_initialised && !wallet_id.empty() && load_wallet(wallet_id) &&
+           loaded_wallet()->has_phrase;
 }
 
 }  // namespace
@@ -42,8 +48,7 @@ std::string ensured_house_paymail(Wallet& wallet)
 bool wallet_ready()
 {
     const std::scoped_lock lock(wallet_state_mutex());
-    if (!wallet_binding().is_initialised || bound_wallet_id().empty()) return false;
-    return load_wallet() && loaded_wallet()->has_phrase;
+    return load_ready_wallet(bound_wallet_id());
 }
 
 std::optional<std::string> wallet_address()
@@ -63,14 +68,25 @@ std::optional<std::string> identity_pubkey()
 std::string wallet_paymail()
 {
     const std::scoped_lock lock(wallet_state_mutex());
-    return load_wallet() ? ensured_house_paymail(*loaded_wallet()) : std::string();
+    const std::string id = bound_wallet_id();
+    return load_wallet(id) ? ensured_house_paymail(*loaded_wallet(), id) : std::string();
+}
+
+std::optional<WalletIdentity> ready_wallet()
+{
+    const std::scoped_lock lock(wallet_state_mutex());
+    const std::string id = bound_wallet_id();
+    if (!load_ready_wallet(id)) return std::nullopt;
+    Wallet& wallet = *loaded_wallet();
+    return WalletIdentity{wallet.keys.identity_key, wallet.keys.address, ensured_house_paymail(wallet, id)};
 }
 
 void refresh_identity()
 {
     const std::scoped_lock lock(wallet_state_mutex());
-    if (!load_wallet()) return;
-    const std::string paymail = ensured_house_paymail(*loaded_wallet());
+    const std::string id = bound_wallet_id();
+    if (!load_wallet(id)) return;
+    const std::string paymail = ensured_house_paymail(*loaded_wallet(), id);
     if (!paymail.empty()) emit_event("paymail", paymail);
     const std::string& key = loaded_wallet()->keys.identity_key;
     if (!key.empty()) set_house_avatar(key, loaded_wallet()->picture);

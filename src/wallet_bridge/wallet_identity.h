@@ -16,5 +16,9 @@ std::optional<std::string> wallet_address();  // payment address
 std::optional<std::string> identity_pubkey();
 std::string wallet_paymail();  // house paymail, registered when need be; empty when there is none
 
+// All three from one load: what those four say, unless wallet_ready() says no. The texts are empty where they have
+// none.
+std::optional<WalletIdentity> ready_wallet();
+
 // After a connect: reloads the wallet, makes sure of its house paymail and announces it, records its picture.
 void refresh_identity();

@@ -42,7 +42,7 @@ TEST(Binding, NothingIsBoundBeforeTheStart)
     unbind_wallet();
     EXPECT_FALSE(wallet_binding().is_initialised);
     EXPECT_EQ(bound_wallet_id(), "");
-    EXPECT_EQ(wallet_file_path(), "");
+    EXPECT_EQ(wallet_file_path(bound_wallet_id()), "");
     EXPECT_FALSE(folder.has("binds"));
 }
 
@@ -73,7 +73,7 @@ TEST(Binding, TheOnlyWalletIsBoundAtTheStart)
     start();
     EXPECT_EQ(wallet_binding().wallet_id, "1");
     EXPECT_EQ(bound_wallet_id(), "1");
-    EXPECT_EQ(wallet_file_path(), folder.data() + "/wallets/1/wallet.json");
+    EXPECT_EQ(wallet_file_path(bound_wallet_id()), folder.data() + "/wallets/1/wallet.json");
     EXPECT_EQ(folder.read(kRecord), kRecordOfOne);
 }
 
@@ -83,7 +83,7 @@ TEST(Binding, OfTwoWalletsTheStartBindsNone)
     folder.write("wallets.json", R"({"wallets":[{"id":"1"},{"id":"2"}]})");
     start();
     EXPECT_EQ(bound_wallet_id(), "");
-    EXPECT_EQ(wallet_file_path(), "");
+    EXPECT_EQ(wallet_file_path(bound_wallet_id()), "");
     EXPECT_FALSE(folder.has(kRecord));
 }
 
@@ -125,7 +125,7 @@ TEST(Binding, TheStartMigratesTheOldLayoutAndBindsItsWallet)
     start();
     ASSERT_EQ(list_wallets().size(), 1U);
     EXPECT_EQ(bound_wallet_id(), list_wallets()[0].id);
-    EXPECT_EQ(read_file(wallet_file_path()), "the wallet");
+    EXPECT_EQ(read_file(wallet_file_path(bound_wallet_id())), "the wallet");
 }
 
 TEST(Binding, AnApprovedWalletIsBoundAndRecorded)
@@ -146,7 +146,7 @@ TEST(Binding, AWalletIsBoundEvenWhenItsRecordCannotBeWritten)
     start();
     bind_wallet("1");
     EXPECT_EQ(bound_wallet_id(), "1");
-    EXPECT_EQ(wallet_file_path(), folder.data() + "/wallets/1/wallet.json");
+    EXPECT_EQ(wallet_file_path(bound_wallet_id()), folder.data() + "/wallets/1/wallet.json");
     EXPECT_EQ(folder.read("binds"), "in the way");
 }
 

@@ -33,6 +33,38 @@ TEST(LoadedWallet, TheBoundWalletIsLoaded)
     EXPECT_EQ(loaded_wallet()->keys.identity_key, identity_of_test_phrase());
 }
 
+TEST(LoadedWallet, ALoadOfTheSameWalletReadsTheFileButDerivesNothing)
+{
+    const TestFolder folder;
+    bind_to_wallet(folder, phrase_wallet({{"paymail", "ann"}}));
+    ASSERT_TRUE(load_wallet());
+    loaded_wallet()->keys.address = "derived before";
+    folder.write(kWallet, phrase_wallet({{"paymail", "bob"}}).dump());
+    ASSERT_TRUE(load_wallet());
+    EXPECT_EQ(loaded_wallet()->paymail, "bob");
+    EXPECT_EQ(loaded_wallet()->keys.address, "derived before");
+}
+
+TEST(LoadedWallet, NothingThatWasDerivedOutlivesAForgottenWallet)
+{
+    const TestFolder folder;
+    bind_to_wallet(folder, phrase_wallet());
+    const std::string good = folder.read(kWallet);
+    ASSERT_TRUE(load_wallet());
+    const std::string address = loaded_wallet()->keys.address;
+    loaded_wallet()->keys.address = "derived before";
+    forget_wallet();
+    ASSERT_TRUE(load_wallet());
+    EXPECT_EQ(loaded_wallet()->keys.address, address);
+
+    loaded_wallet()->keys.address = "derived before";
+    folder.write(kWallet, "{");
+    ASSERT_FALSE(load_wallet());
+    folder.write(kWallet, good);
+    ASSERT_TRUE(load_wallet());
+    EXPECT_EQ(loaded_wallet()->keys.address, address);
+}
+
 TEST(LoadedWallet, WithNoWalletBoundTheOlderFileIsLoaded)
 {
     const TestFolder folder;

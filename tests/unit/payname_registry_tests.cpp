@@ -148,3 +148,15 @@ TEST(PaynameRegistry, ShowsTheNamesOfThisWallet)
                                                        mine("house@CORVANE.example"), mine("b@y.org")})));
     EXPECT_EQ(names_of_this_wallet(), "a@x.org, b@y.org");
 }
+
+TEST(PaynameRegistry, NothingIsTheNameOfATextThatIsNoKeyOrNoAddress)
+{
+    const TestFolder folder;
+    const std::string key(66, 'a');
+    const std::string address(26, '1');
+    folder.write(kFile, names_form(json::array({row("a@x.org", key, address), row("b@x.org", "short", address),
+                                                row("c@x.org", key, "short")})));
+    EXPECT_EQ(names_of_wallet(key, address), "a@x.org");
+    EXPECT_EQ(names_of_wallet("short", address), "");
+    EXPECT_EQ(names_of_wallet(key, "short"), "");
+}

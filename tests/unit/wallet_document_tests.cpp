@@ -199,3 +199,44 @@ TEST(WalletDocument, ALockRecordIsNoWallet)
     document["lock"] = "QX-LOCK2";
     EXPECT_TRUE(wallet_in(document));
 }
+
+TEST(WalletDocument, TheKeysOfAKnownWalletServeAgainWhenTheyComeFromTheSame)
+{
+    auto document = phrase_document();
+    auto known = wallet_in(document);
+    ASSERT_TRUE(known);
+    known->keys.address = "taken over";
+    document["paymail"] = "ann";
+    document["recv"] = {9, 0, 9, 9, 9, 0};
+    const auto wallet = read_wallet(SecretText(document.dump()), &*known);
+    ASSERT_TRUE(wallet);
+    EXPECT_EQ(wallet->keys.address, "taken over");
+    EXPECT_EQ(wallet->keys.private_key.text(), known->keys.private_key.text());
+    EXPECT_EQ(wallet->paymail, "ann");
+}
+
+TEST(WalletDocument, AnotherPhraseOrAnotherCounterHasKeysOfItsOwn)
+{
+    auto known = wallet_in(phrase_document());
+    ASSERT_TRUE(known);
+    known->keys = WalletKeys{};
+    const nlohmann::json other_phrase = {
+        {"mnemonic", "legal winner thank year wave sausage worth useful legal winner thank yellow"}};
+    const nlohmann::json other_shown = {{"mnemonic", kPhrase}, {"recv", {0, 1}}};
+    const nlohmann::json other_ordinal = {{"mnemonic", kPhrase}, {"recv", {0, 0, 0, 0, 0, 1}}};
+    for (const nlohmann::json& document : {other_phrase, other_shown, other_ordinal}) {
+        const auto wallet = read_wallet(SecretText(document.dump()), &*known);
+        ASSERT_TRUE(wallet) << document;
+        EXPECT_EQ(wallet->keys.address, wallet_in(document)->keys.address) << document;
+        EXPECT_EQ(wallet->keys.ordinals_address, wallet_in(document)->keys.ordinals_address) << document;
+    }
+}
+
+TEST(WalletDocument, ASingleKeyWalletGivesItsKeysToNoOther)
+{
+    const auto known = wallet_in({{"priv", kPrivateKey}});
+    ASSERT_TRUE(known);
+    const auto wallet = read_wallet(SecretText(phrase_document().dump()), &*known);
+    ASSERT_TRUE(wallet);
+    EXPECT_EQ(wallet->keys.identity_key, wallet_in(phrase_document())->keys.identity_key);
+}

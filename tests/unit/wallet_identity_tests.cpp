@@ -197,3 +197,26 @@ TEST(WalletIdentity, QueriesAnnounceNothing)
     wallet_ready();
     EXPECT_FALSE(announced);
 }
+
+TEST(WalletIdentity, OneQueryGivesAllThreeOfAReadyWallet)
+{
+    const TestFolder folder;
+    bind_to_wallet(folder, phrase_wallet({{"paymail", "ann"}}));
+    const WalletKeys keys = keys_of_test_phrase();
+    const auto wallet = ready_wallet();
+    ASSERT_TRUE(wallet);
+    EXPECT_EQ(wallet->public_key, keys.identity_key);
+    EXPECT_EQ(wallet->address, keys.address);
+    EXPECT_EQ(wallet->house_paymail, "ann" + kAtDomain);
+    EXPECT_EQ(house(folder)["self"], "ann");
+}
+
+TEST(WalletIdentity, OneQueryGivesNothingOfAWalletThatIsNotReady)
+{
+    const TestFolder folder;
+    EXPECT_FALSE(ready_wallet());
+    bind_to_wallet(folder, {{"priv", kOne}});
+    EXPECT_FALSE(ready_wallet());
+    folder.write(kWallet, "{");
+    EXPECT_FALSE(ready_wallet());
+}

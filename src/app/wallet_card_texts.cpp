@@ -1,0 +1,13 @@
+#include "app/wallet_card_texts.h"
+
+#include "paymail/payname_registry.h"
+#include "wallet_bridge/wallet_identity.h"
+
+WalletCardTexts wallet_card_texts()
+{
+    const auto wallet = ready_wallet();
+    if (!wallet) return {"Connect Vaultry", "Connect Vaultry", ""};
+    const std::string names = names_of_wallet(wallet->public_key, wallet->address);
+    return {wallet->house_paymail.empty() ? "No house paymail yet" : wallet->house_paymail, wallet->address,
+            names.empty() ? "" : "Vaultry kept " + names};
+}
