@@ -1,4 +1,5 @@
 """The built executable and what can be read off it, for the tests beside this file."""
+import functools
 import pathlib
 
 import pefile
@@ -23,5 +24,6 @@ def resource(exe, kind, name):
     return None
 
 
+@functools.cache
 def opened():
     return pefile.PE(EXE)
