@@ -11,6 +11,7 @@
 struct AppState {
     HWND main_window = nullptr;
     HWND settings_window = nullptr;  // null while it is closed
+    HWND tips = nullptr;             // for texts that are cut off
     unsigned dpi = kDefaultDpi;
     SiteSettings settings;
 

@@ -7,6 +7,7 @@
 #include "ui/drawn_button.h"
 #include "ui/painted_static.h"
 #include "ui/screen_reader.h"
+#include "ui/tips.h"
 
 #include <algorithm>
 
@@ -44,6 +45,12 @@ constexpr ControlRow kControls[] = {
     {kStatusLine, Kind::wrapped_label, L"", &Fonts::small, &MainLayout::status},
     {kVersionLabel, Kind::label, L"", &Fonts::small, &MainLayout::version},
 };
+
+// The version label is no such label: it takes the mouse itself, and the texts that it shows have their room.
+bool has_tip(const ControlRow& row)
+{
+    return (row.kind == Kind::label && row.id != kVersionLabel) || row.kind == Kind::wrapped_label;
+}
 
 HWND control(int id)
 {
@@ -94,6 +101,10 @@ void create_controls(HWND window)
     const HWND version = control(kVersionLabel);
     SetWindowLongPtrW(version, GWL_STYLE, GetWindowLongPtrW(version, GWL_STYLE) | SS_NOTIFY);
     make_self_painting(version, TextFlow::one_line);
+
+    app_state().tips = create_tips(window);
+    for (const ControlRow& row : kControls)
+        if (has_tip(row)) add_tip(app_state().tips, control(row.id));
 }
 
 void place_controls()
@@ -101,6 +112,7 @@ void place_controls()
     for (const ControlRow& row : kControls) {
         const Rect& place = app_state().layout.*row.place;
         MoveWindow(control(row.id), place.x, place.y, place.width, place.height, TRUE);
+        if (has_tip(row)) move_tip(app_state().tips, control(row.id));
     }
 }
 
@@ -108,6 +120,12 @@ void reassign_control_fonts()
 {
     for (const ControlRow& row : kControls)
         if (const Font* font = font_after_change(row.id)) set_font(control(row.id), *font);
+}
+
+void answer_tip(NMTTDISPINFOW& question)
+{
+    const int id = static_cast<int>(question.hdr.idFrom);
+    answer_tip(question, control(id), id == kStatusLine ? TextFlow::wrapped : TextFlow::one_line);
 }
 
 void set_control_text(int id, const std::string& utf8)

@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+#include <commctrl.h>
+
 #include <string>
 
 enum ControlId : int {
@@ -29,6 +31,9 @@ enum ControlId : int {
 void create_controls(HWND window);
 void place_controls();          // where app_state().layout says
 void reassign_control_fonts();  // after a change of DPI
+
+// The whole text of a label that shows only a part of it.
+void answer_tip(NMTTDISPINFOW& question);
 
 void set_control_text(int id, const std::string& utf8);
 std::string name_field_text();  // trimmed

@@ -137,6 +137,12 @@ void on_command(HWND window, int id, int notification)
     }
 }
 
+void on_notify(NMHDR& notification)
+{
+    if (notification.hwndFrom == app_state().tips && notification.code == TTN_GETDISPINFOW)
+        answer_tip(reinterpret_cast<NMTTDISPINFOW&>(notification));
+}
+
 void on_flow_result(LPARAM lparam)
 {
     const auto sentence = take_text<std::wstring>(lparam);
@@ -196,6 +202,9 @@ LRESULT CALLBACK main_window_procedure(HWND window, UINT message, WPARAM wparam,
         return reinterpret_cast<LRESULT>(colour_field(reinterpret_cast<HDC>(wparam)));
     case WM_COMMAND:
         on_command(window, LOWORD(wparam), HIWORD(wparam));
+        return 0;
+    case WM_NOTIFY:
+        on_notify(*reinterpret_cast<NMHDR*>(lparam));
         return 0;
     case MsgConnectResult:
         on_connect_result(take_text<std::string>(lparam).get());

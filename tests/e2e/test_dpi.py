@@ -21,7 +21,14 @@ def monitor_of(dpi):
 
 
 @pytest.mark.parametrize(
-    ("dpi", "size", "settings_size"), [(96, "760 600", "500 360"), (144, "1140 900", "750 540"), (192, "1520 1200", "1000 720")]
+    ("dpi", "size", "settings_size"),
+    [
+        (96, "760 600", "500 360"),
+        (120, "950 750", "625 450"),
+        (144, "1140 900", "750 540"),
+        (192, "1520 1200", "1000 720"),
+        (288, "2280 1800", "1500 1080"),
+    ],
 )
 def test_the_windows_open_in_the_size_of_their_monitor(user, dpi, size, settings_size):
     with monitor_of(dpi), desk.running_program():

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <iterator>
 #include <ostream>
 
 void PrintTo(const Rect& rect, std::ostream* out)
@@ -107,4 +109,67 @@ TEST(SmallestWindowSize, FollowsTheDpi)
 {
     EXPECT_EQ(smallest_window_size(96), (Size{680, 600}));
     EXPECT_EQ(smallest_window_size(192), (Size{1360, 1200}));
+}
+
+namespace {
+
+constexpr unsigned kDpis[] = {96, 97, 120, 144, 168, 192, 240, 288};
+
+// What is a control, from the top down.
+constexpr Rect MainLayout::*kControls[] = {
+    &MainLayout::connect,         &MainLayout::unbind,
+    &MainLayout::settings,        &MainLayout::house_paymail_caption,
+    &MainLayout::house_paymail,   &MainLayout::payment_address_caption,
+    &MainLayout::payment_address, &MainLayout::name_caption,
+    &MainLayout::name_field,      &MainLayout::name_preview,
+    &MainLayout::name_hint,       &MainLayout::kept_names,
+    &MainLayout::install,         &MainLayout::publish,
+    &MainLayout::remove,          &MainLayout::status,
+    &MainLayout::close,           &MainLayout::version,
+};
+
+// By more than the one pixel that comes of rounding top and height each for itself.
+bool overlap(const Rect& a, const Rect& b)
+{
+    const int columns = std::min(a.right(), b.right()) - std::max(a.x, b.x);
+    const int rows = std::min(a.bottom(), b.bottom()) - std::max(a.y, b.y);
+    return columns > 1 && rows > 1;
+}
+
+bool is_inside(const Rect& inner, const Rect& outer)
+{
+    return inner.x >= outer.x && inner.y >= outer.y && inner.right() <= outer.right() &&
+           inner.bottom() <= outer.bottom();
+}
+
+void expect_room_for_all(int client_width, unsigned dpi)
+{
+    const MainLayout layout = main_layout(client_width, dpi);
+    const int height = smallest_window_size(dpi).height - 44 * static_cast<int>(dpi) / 96;  // more than any frame takes
+    for (auto a = std::begin(kControls); a != std::end(kControls); ++a) {
+        const Rect& place = layout.*(*a);
+        EXPECT_GT(place.width, 0);
+        EXPECT_TRUE(is_inside(place, {0, 0, client_width, height})) << testing::PrintToString(place) << " at " << dpi;
+        for (auto b = std::next(a); b != std::end(kControls); ++b)
+            EXPECT_FALSE(overlap(place, layout.*(*b)))
+                << testing::PrintToString(place) << " and " << testing::PrintToString(layout.*(*b)) << " at " << dpi;
+    }
+    for (const Rect& place : {layout.house_paymail_caption, layout.payment_address})
+        EXPECT_TRUE(is_inside(place, layout.wallet_card));
+    for (const Rect& place : {layout.name_caption, layout.name_field, layout.kept_names})
+        EXPECT_TRUE(is_inside(place, layout.name_card));
+    EXPECT_FALSE(overlap(layout.wallet_card, layout.name_card));
+    EXPECT_FALSE(overlap(layout.name_card, layout.install));
+}
+
+}  // namespace
+
+TEST(MainLayout, NothingOverlapsOrLeavesTheWindowAtAnyDpiAndWidth)
+{
+    for (const unsigned dpi : kDpis) {
+        const int frame = 40 * static_cast<int>(dpi) / 96;  // wider than any
+        for (const int width :
+             {smallest_window_size(dpi).width - frame, start_client_size(dpi).width, 3 * start_client_size(dpi).width})
+            expect_room_for_all(width, dpi);
+    }
 }

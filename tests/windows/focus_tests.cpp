@@ -7,6 +7,7 @@
 #include "windows/keys.h"
 #include "windows/own_window.h"
 #include "windows/picture.h"
+#include "windows/picture_file.h"
 
 #include <gtest/gtest.h>
 
@@ -140,6 +141,7 @@ TEST_F(Focus, ItsRingGrowsWithTheDpi)
         window.change_dpi(dpi, {0, 0, 2280, 1900});
         focus(kPublishButton);
         EXPECT_TRUE(has_ring(window.control(kPublishButton), dpi)) << dpi;
+        save_picture(repainted(window.window()), "focus-" + std::to_string(dpi));
     }
 }
 

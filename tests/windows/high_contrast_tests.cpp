@@ -8,6 +8,7 @@
 #include "windows/keys.h"
 #include "windows/own_window.h"
 #include "windows/picture.h"
+#include "windows/picture_file.h"
 #include "windows/replaced_import.h"
 
 #include <gtest/gtest.h>
@@ -106,6 +107,7 @@ TEST_F(InHighContrast, TheWindowAndItsCardsAreFlatAndTheCardsOutlined)
         EXPECT_EQ(picture.at(card.right() - 1, card.middle()), kScheme.window_text);
     }
     EXPECT_EQ(picture.at(layout.title_rule.x + 100, layout.title_rule.y), kScheme.window_text);
+    save_picture(picture, "high-contrast");
 }
 
 TEST_F(InHighContrast, EveryPaintedTextIsInTheColourThatGoesWithWhatItStandsOn)
@@ -177,6 +179,7 @@ TEST_F(InHighContrast, TheSettingsAreToo)
     const Picture picture = repainted(settings);
     EXPECT_EQ(picture.at(5, 5), kScheme.window);
     EXPECT_EQ(picture.at(5, picture.height() - 1), kScheme.window);
+    save_picture(picture, "high-contrast-settings");
     for (const int id : {2005, 2006, 2007, 2008}) {
         const ControlColours colours = colours_of(GetDlgItem(settings, id), WM_CTLCOLORSTATIC);
         EXPECT_EQ(colours.text, colorref(kScheme.window_text)) << id;
