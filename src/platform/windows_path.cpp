@@ -13,6 +13,8 @@ UINT file_code_page()
 
 std::wstring wide_path(const std::string& path)
 {
+    // Windows would take what stands before it for the whole path, which may be there.
+    if (path.find('\0') != std::string::npos) return {};
     const int size = static_cast<int>(path.size());
     const int needed = MultiByteToWideChar(file_code_page(), 0, path.data(), size, nullptr, 0);
     if (needed <= 0) return {};

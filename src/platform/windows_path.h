@@ -4,5 +4,6 @@
 
 #include <string>
 
+// Empty, which names no file, for a path that holds a zero byte.
 std::wstring wide_path(const std::string& path);
 std::string narrow_path(const std::wstring& path);

@@ -57,6 +57,7 @@ void tell_use(const std::string& path)
 
 std::string native_path(const std::string& path)
 {
+    if (path.find('\0') != std::string::npos) return {};
     std::string native = path;
     for (char& c : native)
         if (c == '\\') c = '/';

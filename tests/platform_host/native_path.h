@@ -1,4 +1,4 @@
-// The stand-in's paths: both separators of Windows mean "/".
+// The stand-in's paths: both separators of Windows mean "/". Empty, which names no file, for one with a zero byte.
 #pragma once
 
 #include <string>
