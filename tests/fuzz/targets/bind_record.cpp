@@ -39,7 +39,7 @@ void check(std::string_view bytes)
     start();
     const std::string id = bound_wallet_id();
     require(id == wallet_binding().wallet_id, "memory and record agree");
-    require(wallet_file_path().empty() == id.empty(), "a bound wallet has a file");
+    require(wallet_file_path(id).empty() == id.empty(), "a bound wallet has a file");
     require(!load_wallet() && !is_wallet_locked(), "a wallet that is not there neither loads nor is locked");
     if (!id.empty()) {
         require(id == text_member(parse_json(bytes), "wallet_id"), "the record's wallet is bound");
