@@ -4,6 +4,7 @@
 #include "app/layout.h"
 #include "app/main_window.h"
 #include "support/test_folder.h"
+#include "ui/keyboard.h"
 #include "windows/process_handles.h"
 
 #include <gtest/gtest.h>
@@ -58,6 +59,9 @@ TEST_F(HeldObjects, DoNotGrowWithTenThousandRepaints)
     open_settings();
     const HWND settings = app_state().settings_window;
     ASSERT_NE(settings, nullptr);
+    set_focus_shown(window, true);
+    SetFocus(GetDlgItem(window, 1006));
+    ASSERT_TRUE(shows_focus(GetDlgItem(window, 1006)));
     repaint(window);
     repaint(settings);
     const ObjectCounts before = held_objects();
