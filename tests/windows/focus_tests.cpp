@@ -57,6 +57,19 @@ bool has_no_ring(HWND button)
 
 }  // namespace
 
+// In Windows' order: a window that is minimised loses the focus before it hears that it is not active any more.
+TEST_F(Focus, ComesBackToItsControlWhenTheWindowIsRestored)
+{
+    focus(kUnbindButton);
+    SendMessageW(window.window(), WM_SYSCOMMAND, SC_MINIMIZE, 0);
+    SetFocus(nullptr);
+    SendMessageW(window.window(), WM_ACTIVATE, MAKEWPARAM(WA_INACTIVE, TRUE), 0);
+    SendMessageW(window.window(), WM_SYSCOMMAND, SC_RESTORE, 0);
+    SendMessageW(window.window(), WM_ACTIVATE, WA_ACTIVE, 0);
+    answer_messages();
+    EXPECT_EQ(GetFocus(), window.control(kUnbindButton));
+}
+
 TEST_F(Focus, StaysOnThePressedButtonWhileItWaitsAndAfterwards)
 {
     for (const int button : {kConnectButton, kInstallButton, kPublishButton, kRemoveButton}) {
