@@ -111,7 +111,8 @@ void place_controls()
 {
     for (const ControlRow& row : kControls) {
         const Rect& place = app_state().layout.*row.place;
-        MoveWindow(control(row.id), place.x, place.y, place.width, place.height, TRUE);
+        // Not repainted one by one: who lays out has the whole window painted afterwards.
+        MoveWindow(control(row.id), place.x, place.y, place.width, place.height, FALSE);
         if (has_tip(row)) move_tip(app_state().tips, control(row.id));
     }
 }
@@ -130,7 +131,8 @@ void answer_tip(NMTTDISPINFOW& question)
 
 void set_control_text(int id, const std::string& utf8)
 {
-    SetWindowTextW(control(id), widen(utf8).c_str());
+    // A control that says it already is not painted again.
+    if (control_text(control(id)) != utf8) SetWindowTextW(control(id), widen(utf8).c_str());
 }
 
 std::string name_field_text()

@@ -54,7 +54,7 @@ void lay_out(HWND window)
     state.layout = main_layout(client.right, state.dpi);
     place_controls();
     // The controls too, wherever they stand: what shows behind them goes with the height of the window.
-    RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+    RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
 }
 
 void on_new_colours(HWND window)
