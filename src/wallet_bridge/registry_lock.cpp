@@ -29,8 +29,11 @@ RegistryLock::RegistryLock()
     LockState& state = lock_state();
     state.mutex.lock();
     if (++state.depth > 1) return;
-    create_folders(data_directory());
-    state.file.emplace(data_directory() + "/wallets.lock");
+    const std::string folder = data_directory();
+    state.file.emplace(folder + "/wallets.lock");
+    if (state.file->is_held()) return;
+    create_folders(folder);  // seldom missing: only asked for when it is
+    state.file.emplace(folder + "/wallets.lock");
 }
 
 RegistryLock::~RegistryLock()
