@@ -1,0 +1,148 @@
+// Times Publish in the running program's window, from the press to the sentence, against the requests of a publish sent
+// by bare libcurl calls: the same method, address, headers and body, one after the other, a fresh handle and so a fresh
+// connection for each, as the program does it too. bench_publishes PAIRS SITE USER ALIAS KEY ADDRESS; the application
+// password comes on standard input.
+#include "bench/pairs.h"
+#include "net/chain_service.h"
+#include "net/curl_lifetime.h"
+#include "paymail/discovery.h"
+#include "site/site_request.h"
+#include "text/clock.h"
+#include "text/json.h"
+
+#include <windows.h>
+#include <curl/curl.h>
+
+#include <iostream>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace {
+
+constexpr int kPublishButton = 1006;
+constexpr int kStatusLine = 1008;
+constexpr int kPatience = 60'000;  // milliseconds
+
+void require(bool is_right, const char* what)
+{
+    if (!is_right) throw std::runtime_error(what);
+}
+
+std::size_t take(const char* bytes, std::size_t, std::size_t count, void* body)
+{
+    static_cast<std::string*>(body)->append(bytes, count);
+    return count;
+}
+
+void send(const HttpRequest& request)
+{
+    CURL* const handle = curl_easy_init();
+    curl_slist* headers = nullptr;
+    for (const SecretText& header : request.headers)
+        headers = curl_slist_append(headers, header.text().c_str());
+    std::string body;
+    curl_easy_setopt(handle, CURLOPT_URL, request.url.c_str());
+    curl_easy_setopt(handle, CURLOPT_HTTPHEADER, headers);
+    curl_easy_setopt(handle, CURLOPT_USERAGENT, request.user_agent.c_str());
+    if (!request.body.empty()) curl_easy_setopt(handle, CURLOPT_POSTFIELDS, request.body.text().c_str());
+    if (!request.credentials.empty()) curl_easy_setopt(handle, CURLOPT_USERPWD, request.credentials.text().c_str());
+    curl_easy_setopt(handle, CURLOPT_WRITEFUNCTION, take);
+    curl_easy_setopt(handle, CURLOPT_WRITEDATA, &body);
+    const CURLcode code = curl_easy_perform(handle);
+    long status = 0;
+    curl_easy_getinfo(handle, CURLINFO_RESPONSE_CODE, &status);
+    curl_slist_free_all(headers);
+    curl_easy_cleanup(handle);
+    require(code == CURLE_OK && status == 200, request.url.c_str());
+}
+
+struct Publish {
+    std::string site;  // https://host
+    std::string user;
+    SecretText password;
+    std::string alias;
+    std::string key;
+    std::string address;
+};
+
+std::vector<HttpRequest> requests_of(const Publish& publish)
+{
+    const std::string rest = publish.site + "/wp-json/brasslet/v1";
+    const auto patience = std::chrono::seconds(12);
+    const SecretText body(compact_json({{"address", publish.address},
+                                        {"alias", publish.alias},
+                                        {"house", ""},
+                                        {"login_pass", publish.password.text()},
+                                        {"login_user", publish.user},
+                                        {"pubkey", publish.key}}));
+    const std::string question = compact_json({{"senderName", "payname"},
+                                               {"senderHandle", "payname"},
+                                               {"dt", milliseconds_since_epoch()},
+                                               {"amount", 1},
+                                               {"purpose", "payment"}});
+    return {describe_site_request("GET", rest + "/status", SecretText(), "", SecretText()),
+            describe_site_request("POST", rest + "/name", body, publish.user, publish.password),
+            discovery_request(publish.site + "/.well-known/bsvalias", patience),
+            discovery_request(rest + "/id/" + publish.alias, patience),
+            json_post(rest + "/address/" + publish.alias, question, patience)};
+}
+
+HWND control(int id)
+{
+    const HWND window = FindWindowW(L"CorvaneBrassletShell", nullptr);
+    require(window != nullptr, "the program does not run");
+    return GetDlgItem(window, id);
+}
+
+// As the user reads it; the program is not asked, and so not disturbed.
+std::wstring status()
+{
+    wchar_t text[1024] = {};
+    InternalGetWindowText(control(kStatusLine), text, static_cast<int>(std::size(text)));
+    return text;
+}
+
+void press_publish()
+{
+    PostMessageW(control(kPublishButton), BM_CLICK, 0, 0);
+    const ULONGLONG end = GetTickCount64() + kPatience;
+    while (status().empty()) {
+        require(GetTickCount64() < end, "no sentence");
+        Sleep(1);
+    }
+}
+
+void time_publishes(int pairs, const Publish& publish)
+{
+    const CurlLifetime curl;
+    const auto bare = [&publish] {
+        for (const HttpRequest& request : requests_of(publish))
+            send(request);
+    };
+    for (int pair = -1; pair < pairs; ++pair) {
+        const double floor_time = microseconds_of(bare);
+        SendMessageW(control(kStatusLine), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L""));
+        const double own_time = microseconds_of(press_publish);
+        require(status().starts_with(L"Vaultry kept "), "the name was not kept");
+        if (pair >= 0) print_pair("publish", floor_time, own_time);
+    }
+}
+
+}  // namespace
+
+int main(int count, char** words)
+{
+    if (count != 7) return 2;
+    std::string password;
+    std::getline(std::cin, password);
+    if (password.ends_with('\r')) password.pop_back();
+    try {
+        time_publishes(std::stoi(words[1]),
+                       {words[2], words[3], SecretText(std::move(password)), words[4], words[5], words[6]});
+    } catch (const std::exception& error) {
+        std::cerr << "bench_publishes: " << error.what() << '\n';
+        return 1;
+    }
+    return 0;
+}

@@ -1,0 +1,113 @@
+// Times what the program asks of the wallet and of the payname registry, each against its floor: bench_queries PAIRS
+// ROWS. Ends with 1 when an answer is wrong: what is quick and wrong is not worth a figure.
+#include "app/wallet_card_texts.h"
+#include "bench/pairs.h"
+#include "paymail/payname_registry.h"
+#include "platform/files.h"
+#include "support/wallet_files.h"
+#include "text/json.h"
+#include "wallet/extended_key.h"
+#include "wallet/seed.h"
+#include "wallet_bridge/loaded_wallet.h"
+#include "wallet_bridge/wallet_identity.h"
+
+#include <cstdlib>
+#include <stdexcept>
+#include <string>
+
+namespace {
+
+using nlohmann::json;
+
+constexpr std::uint32_t kAccounts[] = {1, 100, 5};
+constexpr char kNames[] = "payname/payname.json";
+
+void require(bool is_right, const char* what)
+{
+    if (!is_right) throw std::runtime_error(what);
+}
+
+// The stretching of the phrase and the five steps to each of the three keys, and nothing else.
+void derive_alone(const SecretText& phrase)
+{
+    const auto seed = seed_from_phrase(phrase);
+    require(seed.has_value(), "no seed");
+    const auto master = master_key(seed->bytes());
+    for (const std::uint32_t account : kAccounts) {
+        ExtendedKey key{master->private_key.clone(), master->chain_code.clone()};
+        for (const std::uint32_t index : {kHardened + 44, kHardened + 236, kHardened + account, 0U, 0U})
+            key = derive_child(key, index).value();
+    }
+}
+
+void read_and_parse(const std::string& path, std::size_t rows)
+{
+    const auto text = read_file(path);
+    const json document = json::parse(text.value(), nullptr, false);
+    require(document["names"].size() == rows, "the registry's rows");
+}
+
+std::string name_of(int row)
+{
+    return "name" + std::to_string(row) + "@brasslet.test";
+}
+
+// Rows of this wallet alone: nothing is as much work.
+void write_registry_of(const TestFolder& folder, int rows, const WalletIdentity& wallet)
+{
+    json names = json::array();
+    for (int row = 0; row < rows; ++row)
+        names.push_back({{"paymail", name_of(row)}, {"pubkey", wallet.public_key}, {"address", wallet.address}});
+    folder.write(kNames, pretty_json({{"names", names}}));
+}
+
+void time_wallet(const TestFolder& folder, int pairs, const WalletIdentity& wallet)
+{
+    const SecretText phrase{std::string(kPhrase)};
+    const auto nothing = [] {};
+    const auto as_at_the_start = [] { forget_wallet(); };
+    const auto floor = [&phrase] { derive_alone(phrase); };
+    const auto query = [&wallet] { require(identity_pubkey() == wallet.public_key, "the identity key"); };
+    const auto card = [] {
+        require(wallet_card_texts().kept_names == "Vaultry kept " + name_of(0), "the card's names");
+    };
+    write_registry_of(folder, 1, wallet);
+    print_pairs("identity-first", pairs, as_at_the_start, floor, query);
+    print_pairs("identity-again", pairs, nothing, floor, query);
+    print_pairs("card-first", pairs, as_at_the_start, query, card);
+    print_pairs("card-again", pairs, nothing, query, card);
+}
+
+void time_registry(const TestFolder& folder, int pairs, int rows, const WalletIdentity& wallet)
+{
+    write_registry_of(folder, rows, wallet);
+    const std::string path = folder.data() + "/" + kNames;
+    const auto floor = [&path, rows] { read_and_parse(path, static_cast<std::size_t>(rows)); };
+    const auto names = [rows] { require(names_of_this_wallet().ends_with(name_of(rows - 1)), "the registry's names"); };
+    print_pairs(
+        "registry", pairs, [] {}, floor, names);
+}
+
+void time_all(int pairs, int rows)
+{
+    const TestFolder folder;
+    bind_to_wallet(folder, phrase_wallet({{"paymail", "sofia"}}));
+    const auto wallet = ready_wallet();
+    require(wallet && wallet->house_paymail.starts_with("sofia@"), "the wallet");
+    time_wallet(folder, pairs, *wallet);
+    time_registry(folder, pairs, rows, *wallet);
+}
+
+}  // namespace
+
+int main(int count, char** words)
+{
+    if (count != 3) return 2;
+    try {
+        time_all(std::atoi(words[1]), std::atoi(words[2]));
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "bench_queries: %s\n", error.what());
+        return 1;
+    }
+    return 0;
+}

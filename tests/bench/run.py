@@ -1,0 +1,106 @@
+"""Measures Brasslet in the test world and prints a table: every figure against its own floor, measured in turn with it.
+$BENCH_PAIRS sets how many pairs (at least 20); the site's replies, which spread more, get five times as many."""
+import os
+import pathlib
+import subprocess
+import sys
+
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "e2e"))
+
+import desk
+import process_memory
+import site_world
+from figures import figures_of, pairs_by_name
+from lookups import HOST, pairs_of_lookups
+
+TOOLS = desk.BUILD / "tests/bench"
+BARE_WINDOW = TOOLS / "bench_bare_window.exe"
+PAIRS = max(20, int(os.environ.get("BENCH_PAIRS", "40")))
+REGISTRY_ROWS = 10_000
+MIB = 1024 * 1024
+
+
+def windows_path(path: pathlib.Path) -> str:
+    return "Z:" + str(path).replace("/", "\\")
+
+
+def run(tool: str, *words: object, given: str = "") -> dict:
+    done = subprocess.run(["wine", TOOLS / f"bench_{tool}.exe", *map(str, words)], input=given, stdout=subprocess.PIPE,
+                          text=True, check=True, timeout=900)
+    return pairs_by_name(done.stdout)
+
+
+def a_user_who_has_it_all() -> str:
+    site_world.activate_plugin(HOST, desk.EXE)
+    site_world.forget_names(HOST)
+    desk.clear_data_directory()
+    desk.put_wallet(paymail="sofia")
+    password = site_world.app_password(HOST)
+    desk.put_settings(f"https://{HOST}", "owner", password, "alice")
+    return password
+
+
+def peak_memory(program: pathlib.Path) -> int:
+    """The largest that the running process has been in memory, Wine's own libraries included; bytes."""
+    status = pathlib.Path(f"/proc/{process_memory.process_of(program.name)}/status").read_text(encoding="utf-8")
+    return next(int(line.split()[1]) for line in status.splitlines() if line.startswith("VmHWM:")) * 1024
+
+
+def starts() -> list:
+    return run("starts", PAIRS, windows_path(BARE_WINDOW), "BenchBareWindow", windows_path(desk.EXE),
+               "CorvaneBrassletShell")["start"]
+
+
+def publishes(password: str) -> tuple:
+    """The pairs, and the program's peak memory after its first publish."""
+    with desk.running_program():
+        assert desk.publish("alice") == f"Vaultry kept alice@{HOST}."
+        memory = peak_memory(desk.EXE)
+        row = desk.payname_rows()[0]
+        pairs = run("publishes", PAIRS, f"https://{HOST}", "owner", "alice", row["pubkey"], row["address"],
+                    given=password.replace(" ", "") + "\n")["publish"]
+    return pairs, memory
+
+
+def bare_memory() -> int:
+    with subprocess.Popen(["wine", BARE_WINDOW]) as process:
+        desk.xdotool("search", "--sync", "--onlyvisible", "--name", "^Bare$")
+        memory = peak_memory(BARE_WINDOW)
+        process.kill()
+    return memory
+
+
+def print_row(what: str, floor: str, pairs: list, target: str) -> None:
+    f = figures_of(pairs)
+    print(f"| {what} | {floor} | {f.floor / 1000:.2f} ms | {f.own / 1000:.2f} ms | **{f.ratio:.2f}** | "
+          f"{f.low:.2f} to {f.high:.2f} | {target} | {f.pairs} |", flush=True)
+
+
+def main() -> None:
+    password = a_user_who_has_it_all()
+    print("| what | floor | floor takes | Brasslet takes | ratio | middle half of the ratios | to reach | pairs |")
+    print("|---|---|---|---|---|---|---|---|")
+    print_row("start to painted window", "a bare window", starts(), "1.3")
+    pairs, memory = publishes(password)
+    print_row("Publish, press to sentence", "its requests by bare libcurl calls", pairs, "1.15")
+    queries = run("queries", PAIRS, REGISTRY_ROWS)
+    derivation = "PBKDF2 and fifteen derivation steps"
+    print_row("identity query, the first", derivation, queries["identity-first"], "1.3")
+    print_row("identity query on an unchanged wallet", derivation, queries["identity-again"], "1.3")
+    print_row("wallet card refresh, the first", "the first identity query", queries["card-first"], "2")
+    print_row("wallet card refresh", "an identity query", queries["card-again"], "2")
+    print_row(f"names of this wallet, registry of {REGISTRY_ROWS} rows", "reading and parsing the file",
+              queries["registry"], "1.5")
+    for names, target in ((1, "1.05"), (1000, "1.3")):
+        for route, found in pairs_of_lookups(names, PAIRS * 5).items():
+            title = f"plugin lookup `/{route}/`, {names} name{'s' if names > 1 else ''}"
+            print_row(title, "an empty REST route", found, target)
+    bare = bare_memory()
+    print()
+    print(f"Executable: {desk.EXE.stat().st_size} bytes ({desk.EXE.stat().st_size / MIB:.2f} MiB; under 3.25).")
+    print(f"Peak memory after a publish: {memory / MIB:.1f} MiB; a bare window, measured the same way: "
+          f"{bare / MIB:.1f} MiB; so Brasslet adds {(memory - bare) / MIB:.1f} MiB (under 25).")
+
+
+if __name__ == "__main__":
+    main()
