@@ -26,7 +26,7 @@ prepare_desktop() {
 
 make_prefix() {
     local -x WINEPREFIX="$1"
-    # Wine links the user's documents and the like to the home folder; this one is the run's own.
+    # Wine links the user's documents and the like to the home folder, which is the run's own.
     local -x HOME="$WORLD_DIR/desktop/home"
     {
         wine wineboot --init
@@ -34,6 +34,8 @@ make_prefix() {
         cp /usr/share/wine/fonts/marlett.ttf "$WINEPREFIX/drive_c/windows/Fonts"
         wine regedit /S "$scripts/desktop.reg"
         wineserver --wait
+        # Folders of the prefix itself take their place: it shall mean the same wherever the project lies.
+        find "$WINEPREFIX/drive_c/users" -type l -exec rm {} \; -exec mkdir {} \;
     } </dev/null >"$WORLD_DIR/logs/desktop_template.log" 2>&1
 }
 

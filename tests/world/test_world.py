@@ -235,6 +235,11 @@ def test_the_windows_user_has_a_name_outside_ascii():
         "C:\\users\\Zoë 用户\\AppData\\Local")
 
 
+def test_the_windows_user_s_folders_lie_in_the_desktop_itself():
+    assert up("ls \"$WINEPREFIX/drive_c/users/$USER\"").split()
+    assert up("find \"$WINEPREFIX/drive_c\" -type l") == ""
+
+
 @pytest.mark.parametrize("dpi", ["96", "144", "192"])
 def test_the_resolution_is_the_one_asked_for(dpi):
     seen = up("wine reg query 'HKCU\\Control Panel\\Desktop' /v LogPixels", env={**os.environ, "WORLD_DPI": dpi})
