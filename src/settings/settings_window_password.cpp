@@ -5,7 +5,7 @@
 
 #include <commctrl.h>
 
-#include <algorithm>
+#include <string>
 
 namespace {
 
@@ -14,10 +14,25 @@ constexpr wchar_t kMask = 0x2022;  // a bullet
 // More than any password is long, spaces between its groups included.
 constexpr std::size_t kRoom = 256;
 
-void overwrite(HWND field, std::size_t length)
+LRESULT replace(HWND field, WPARAM from, LPARAM to, const wchar_t* text, bool can_undo)
 {
-    SetWindowTextW(field, std::wstring(length, L' ').c_str());
-    SetWindowTextW(field, L"");
+    SendMessageW(field, EM_SETSEL, from, to);
+    return SendMessageW(field, EM_REPLACESEL, can_undo ? TRUE : FALSE, reinterpret_cast<LPARAM>(text));
+}
+
+// A control that deletes text holds it in a block of its own meanwhile, and frees that as it stands: a single letter
+// tells nothing. From the end, where a letter that counts as two takes none along that is still to come.
+void blank_letter_by_letter(HWND field)
+{
+    for (int last = GetWindowTextLengthW(field); last > 0; --last)
+        replace(field, static_cast<WPARAM>(last - 1), last, L" ", false);
+}
+
+// The control's text and what it would undo: both get that much room, and both hold nothing but blanks there.
+void fill_with_blanks(HWND field)
+{
+    SetWindowTextW(field, std::wstring(kRoom, L' ').c_str());
+    replace(field, 0, -1, L"", true);
     SendMessageW(field, EM_EMPTYUNDOBUFFER, 0, 0);
 }
 
@@ -32,7 +47,7 @@ void prepare_password_field(HWND field, bool password_is_stored)
 {
     // An edit control whose text outgrows its buffer moves, and what it leaves behind is wiped by nobody: it gets its
     // room before there is a secret in it.
-    overwrite(field, kRoom);
+    fill_with_blanks(field);
     SendMessageW(field, EM_SETPASSWORDCHAR, kMask, 0);
     set_cue(field, password_is_stored ? L"Saved on this PC" : L"From Application Passwords");
 }
@@ -59,9 +74,9 @@ void show_password(HWND field, bool is_shown)
     InvalidateRect(field, nullptr, TRUE);
 }
 
-// The control frees its buffer as it stands, and an emptied text is only cut short: blanks take the secret's place
-// first.
+// The control frees its buffers as they stand, and an emptied text is only cut short.
 void wipe_password_field(HWND field)
 {
-    overwrite(field, std::max(kRoom, static_cast<std::size_t>(GetWindowTextLengthW(field))));
+    blank_letter_by_letter(field);
+    fill_with_blanks(field);
 }
