@@ -55,6 +55,10 @@ LRESULT CALLBACK behave(HWND button, UINT message, WPARAM wparam, LPARAM lparam,
         if (LOWORD(lparam) != HTCLIENT) break;
         show_hand();
         return TRUE;
+    case WM_ENABLE:
+        // Painted when its turn comes, not at once, with whoever disabled it waiting.
+        InvalidateRect(button, nullptr, FALSE);
+        return 0;
     case WM_GETOBJECT:
         if (static_cast<LONG>(lparam) != OBJID_CLIENT) break;
         return answer_screen_reader(button, wparam, kAccessibleButton);
