@@ -14,14 +14,14 @@
 
 namespace {
 
-SecretText publish_body(const SiteSettings& settings, const std::string& key, const std::string& address)
+SecretText publish_body(const SiteSettings& settings, const PublicIdentity& wallet)
 {
-    return SecretText(compact_json({{"address", address},
+    return SecretText(compact_json({{"address", wallet.address},
                                     {"alias", settings.alias},
                                     {"house", wallet_paymail()},
                                     {"login_pass", settings.pass.text()},
                                     {"login_user", settings.user},
-                                    {"pubkey", lower_ascii(key)}}));
+                                    {"pubkey", lower_ascii(wallet.public_key)}}));
 }
 
 }  // namespace
@@ -36,13 +36,13 @@ std::wstring publish_sentence(const SiteSettings& settings)
     if (settings.user.empty() || settings.pass.empty())
         return L"Add the WordPress user and application password in settings.";
 
-    const std::string key = identity_pubkey().value_or(std::string());
-    const std::string address = wallet_address().value_or(std::string());
-    if (key.size() != 66 || address.size() < 26) return L"This Vaultry has no payment address yet.";
+    const PublicIdentity wallet = public_identity();
+    if (wallet.public_key.size() != 66 || wallet.address.size() < 26)
+        return L"This Vaultry has no payment address yet.";
 
     if (plugin_on_site(site.base) != SitePlugin::current) return kInstallCurrentPlugin;
     const HttpReply reply = site_request("POST", site.base + "/wp-json/brasslet/v1/name",
-                                         publish_body(settings, key, address), settings.user, settings.pass);
+                                         publish_body(settings, wallet), settings.user, settings.pass);
     std::wstring refusal = publish_refusal(reply);
     if (!refusal.empty()) return refusal;
 

@@ -134,5 +134,6 @@ std::string names_of_wallet(const std::string& key, const std::string& address)
 
 std::string names_of_this_wallet()
 {
-    return names_of_wallet(identity_pubkey().value_or(std::string()), wallet_address().value_or(std::string()));
+    const PublicIdentity wallet = public_identity();
+    return names_of_wallet(wallet.public_key, wallet.address);
 }

@@ -86,9 +86,9 @@ std::string verify(const std::string& payname)
     if (!is_valid_alias(name.alias) || !is_valid_host(name.domain)) return "That name is not a paymail.";
     if (name.domain == kHouseDomain) return "The house paymail stays on Vaultry.";
 
-    const std::string key = lower_ascii(identity_pubkey().value_or(std::string()));
-    const std::string address = wallet_address().value_or(std::string());
-    if (key.size() != 66 || address.size() < 26) return "This Vaultry has no payment address yet.";
+    const PublicIdentity wallet = public_identity();
+    const std::string key = lower_ascii(wallet.public_key);
+    if (key.size() != 66 || wallet.address.size() < 26) return "This Vaultry has no payment address yet.";
 
     Discovered discovered;
     if (!discover(name.domain, discovered)) return "The site did not answer the paymail address.";
@@ -107,9 +107,9 @@ std::string verify(const std::string& payname)
     if (destination_url.empty()) return "The site did not publish a payment address.";
     const HttpReply destination = post_json(destination_url, destination_request(), std::chrono::seconds(12), 1);
     if (!destination.error.empty()) return "The site did not publish a payment address.";
-    if (!pays_only(destination.body, address)) return "That site is paying a different address.";
+    if (!pays_only(destination.body, wallet.address)) return "That site is paying a different address.";
 
-    return keep_payname({payname, key, address}) ? "" : "Could not keep the name on this PC.";
+    return keep_payname({payname, key, wallet.address}) ? "" : "Could not keep the name on this PC.";
 }
 
 }  // namespace

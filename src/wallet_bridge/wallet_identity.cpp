@@ -65,6 +65,13 @@ std::optional<std::string> identity_pubkey()
     return unless_empty(loaded_wallet()->keys.identity_key);
 }
 
+PublicIdentity public_identity()
+{
+    const std::scoped_lock lock(wallet_state_mutex());
+    if (!load_wallet()) return {};
+    return {loaded_wallet()->keys.identity_key, loaded_wallet()->keys.address};
+}
+
 std::string wallet_paymail()
 {
     const std::scoped_lock lock(wallet_state_mutex());

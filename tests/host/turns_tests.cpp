@@ -132,9 +132,10 @@ TEST(WalletStateTurns, EveryQueryDoesAllUnderTheMutex)
 {
     const TestFolder folder;
     bind_to_wallet(folder, phrase_wallet({{"paymail", "ann"}, {"ord_avatar", "p_0"}}));
-    for (auto* const query : {+[] { EXPECT_TRUE(wallet_ready()); }, +[] { EXPECT_TRUE(wallet_address().has_value()); },
-                              +[] { EXPECT_TRUE(identity_pubkey().has_value()); },
-                              +[] { EXPECT_NE(wallet_paymail(), ""); }, +[] { refresh_identity(); }}) {
+    for (auto* const query :
+         {+[] { EXPECT_TRUE(wallet_ready()); }, +[] { EXPECT_TRUE(wallet_address().has_value()); },
+          +[] { EXPECT_TRUE(identity_pubkey().has_value()); }, +[] { EXPECT_NE(public_identity(), PublicIdentity()); },
+          +[] { EXPECT_NE(wallet_paymail(), ""); }, +[] { refresh_identity(); }}) {
         const Uses uses = uses_of(folder, is_wallet_state_free, query);
         EXPECT_TRUE(uses.held.contains(kWallet));
         EXPECT_EQ(uses.free, Names{});

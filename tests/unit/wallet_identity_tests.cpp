@@ -52,6 +52,7 @@ TEST(WalletIdentity, OfAPhraseWalletItsIdentityKeyAndPaymentAddress)
     EXPECT_TRUE(wallet_ready());
     EXPECT_EQ(identity_pubkey(), keys.identity_key);
     EXPECT_EQ(wallet_address(), keys.address);
+    EXPECT_EQ(public_identity(), (PublicIdentity{keys.identity_key, keys.address}));
 }
 
 TEST(WalletIdentity, ASingleKeyWalletIsNotReadyYetHasKeyAndAddress)
@@ -61,6 +62,7 @@ TEST(WalletIdentity, ASingleKeyWalletIsNotReadyYetHasKeyAndAddress)
     EXPECT_FALSE(wallet_ready());
     EXPECT_EQ(identity_pubkey(), kGenerator);
     EXPECT_EQ(wallet_address(), kGeneratorAddress);
+    EXPECT_EQ(public_identity(), (PublicIdentity{kGenerator, kGeneratorAddress}));
     EXPECT_EQ(wallet_paymail(), "");
     EXPECT_TRUE(events_of_refresh().empty());
     EXPECT_EQ(list_wallets()[0].name, "Savings");
@@ -76,6 +78,7 @@ TEST(WalletIdentity, EveryQueryReadsTheFileAfresh)
     EXPECT_FALSE(wallet_ready());
     EXPECT_EQ(identity_pubkey(), std::nullopt);
     EXPECT_EQ(wallet_address(), std::nullopt);
+    EXPECT_EQ(public_identity(), PublicIdentity());
     EXPECT_EQ(wallet_paymail(), "");
     EXPECT_TRUE(events_of_refresh().empty());
     folder.write(kWallet, phrase_wallet().dump());
@@ -98,6 +101,7 @@ TEST(WalletIdentity, WithNoWalletBoundTheOlderFileAnswersButIsNotReady)
     EXPECT_FALSE(wallet_ready());
     EXPECT_EQ(identity_pubkey(), keys_of_test_phrase().identity_key);
     EXPECT_EQ(wallet_address(), keys_of_test_phrase().address);
+    EXPECT_EQ(public_identity(), (PublicIdentity{keys_of_test_phrase().identity_key, keys_of_test_phrase().address}));
 }
 
 TEST(WalletIdentity, AStoredLabelIsRegisteredAndNamesTheWalletAndTheFileStaysAsItIs)
