@@ -3,6 +3,7 @@
 #include "app/wallet_card_texts.h"
 #include "bench/pairs.h"
 #include "paymail/payname_registry.h"
+#include "platform/file_lock.h"
 #include "platform/files.h"
 #include "support/wallet_files.h"
 #include "text/json.h"
@@ -47,6 +48,23 @@ void read_and_parse(const std::string& path, std::size_t rows)
     require(document["names"].size() == rows, "the registry's rows");
 }
 
+// The card's looks at the disk and nothing else, in their order: seal, wallet, house registry, spent items; the house
+// registry again for the label; the wallets' names, under the lock; the names that were kept.
+void look_at_files_alone(const TestFolder& folder, const std::string& wallet)
+{
+    const std::string data = folder.data();
+    require(file_status(wallet + ".seal") == FileStatus::missing, "no seal");
+    require(read_file(wallet).has_value(), "the wallet's file");
+    require(read_file(data + "/corvane_paymail.json").has_value(), "the house registry");
+    read_file(data + "/ord_snap/1_spent.json");
+    require(read_file(data + "/corvane_paymail.json").has_value(), "the house registry");
+    {
+        const FileLock lock(data + "/wallets.lock");
+        require(lock.is_held() && read_file(data + "/wallets.json").has_value(), "the wallets' names");
+    }
+    require(read_file(data + "/" + kNames).has_value(), "the names");
+}
+
 std::string name_of(int row)
 {
     return "name" + std::to_string(row) + "@brasslet.test";
@@ -76,6 +94,8 @@ void time_wallet(const TestFolder& folder, int pairs, const WalletIdentity& wall
     print_pairs("identity-again", pairs, nothing, floor, query);
     print_pairs("card-first", pairs, as_at_the_start, query, card);
     print_pairs("card-again", pairs, nothing, query, card);
+    const auto files = [&folder, path = wallet_path()] { look_at_files_alone(folder, path); };
+    print_pairs("card-files", pairs, nothing, files, card);
 }
 
 void time_registry(const TestFolder& folder, int pairs, int rows, const WalletIdentity& wallet)

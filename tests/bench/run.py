@@ -4,6 +4,7 @@ import os
 import pathlib
 import subprocess
 import sys
+from typing import NamedTuple
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "e2e"))
 
@@ -15,9 +16,16 @@ from lookups import HOST, pairs_of_lookups
 
 TOOLS = desk.BUILD / "tests/bench"
 BARE_WINDOW = TOOLS / "bench_bare_window.exe"
+PLAIN_WINDOW = TOOLS / "bench_plain_window.exe"
 PAIRS = max(20, int(os.environ.get("BENCH_PAIRS", "40")))
 REGISTRY_ROWS = 10_000
 MIB = 1024 * 1024
+
+
+class Memory(NamedTuple):
+    """Of a running process, Wine's own libraries included; MiB."""
+    peak: float  # the most that was resident so far
+    share: float  # resident now, what other processes use too divided among them
 
 
 def windows_path(path: pathlib.Path) -> str:
@@ -40,34 +48,42 @@ def a_user_who_has_it_all() -> str:
     return password
 
 
-def peak_memory(program: pathlib.Path) -> int:
-    """The largest that the running process has been in memory, Wine's own libraries included; bytes."""
-    status = pathlib.Path(f"/proc/{process_memory.process_of(program.name)}/status").read_text(encoding="utf-8")
-    return next(int(line.split()[1]) for line in status.splitlines() if line.startswith("VmHWM:")) * 1024
+def kilobytes(process: int, file: str, label: str) -> int:
+    lines = pathlib.Path(f"/proc/{process}/{file}").read_text(encoding="utf-8").splitlines()
+    return next(int(line.split()[1]) for line in lines if line.startswith(label + ":"))
 
 
-def starts() -> list:
-    return run("starts", PAIRS, windows_path(BARE_WINDOW), "BenchBareWindow", windows_path(desk.EXE),
+def memory_of(program: pathlib.Path) -> Memory:
+    process = process_memory.process_of(program.name)
+    return Memory(kilobytes(process, "status", "VmHWM") / 1024, kilobytes(process, "smaps_rollup", "Pss") / 1024)
+
+
+def starts(floor: pathlib.Path, window_class: str) -> list:
+    return run("starts", PAIRS, windows_path(floor), window_class, windows_path(desk.EXE),
                "CorvaneBrassletShell")["start"]
 
 
 def publishes(password: str) -> tuple:
-    """The pairs, and the program's peak memory after its first publish."""
+    """The pairs, and the program's memory after its first publish."""
     with desk.running_program():
         assert desk.publish("alice") == f"Vaultry kept alice@{HOST}."
-        memory = peak_memory(desk.EXE)
+        memory = memory_of(desk.EXE)
         row = desk.payname_rows()[0]
         pairs = run("publishes", PAIRS, f"https://{HOST}", "owner", "alice", row["pubkey"], row["address"],
                     given=password.replace(" ", "") + "\n")["publish"]
     return pairs, memory
 
 
-def bare_memory() -> int:
-    with subprocess.Popen(["wine", BARE_WINDOW]) as process:
-        desk.xdotool("search", "--sync", "--onlyvisible", "--name", "^Bare$")
-        memory = peak_memory(BARE_WINDOW)
+def memory_of_window(program: pathlib.Path, title: str) -> Memory:
+    with subprocess.Popen(["wine", program]) as process:
+        desk.xdotool("search", "--sync", "--onlyvisible", "--name", f"^{title}$")
+        memory = memory_of(program)
         process.kill()
     return memory
+
+
+def print_memory(what: str, memory: Memory) -> None:
+    print(f"Memory of {what}: {memory.peak:.1f} MiB at its peak; {memory.share:.1f} MiB with what is shared divided.")
 
 
 def print_row(what: str, floor: str, pairs: list, target: str) -> None:
@@ -80,26 +96,29 @@ def main() -> None:
     password = a_user_who_has_it_all()
     print("| what | floor | floor takes | Brasslet takes | ratio | middle half of the ratios | to reach | pairs |")
     print("|---|---|---|---|---|---|---|---|")
-    print_row("start to painted window", "a bare window", starts(), "1.3")
+    print_row("start to painted window", "a bare window", starts(BARE_WINDOW, "BenchBareWindow"), "1.3")
+    print_row("start to painted window", "the same controls, libcurl and derivation, plainly",
+              starts(PLAIN_WINDOW, "BenchPlainWindow"), "1.3")
     pairs, memory = publishes(password)
     print_row("Publish, press to sentence", "its requests by bare libcurl calls", pairs, "1.15")
     queries = run("queries", PAIRS, REGISTRY_ROWS)
     derivation = "PBKDF2 and fifteen derivation steps"
-    print_row("identity query, the first", derivation, queries["identity-first"], "1.3")
+    print_row("identity query, the first", derivation, queries["identity-first"], "")
     print_row("identity query on an unchanged wallet", derivation, queries["identity-again"], "1.3")
-    print_row("wallet card refresh, the first", "the first identity query", queries["card-first"], "2")
+    print_row("wallet card refresh, the first", "the first identity query", queries["card-first"], "")
     print_row("wallet card refresh", "an identity query", queries["card-again"], "2")
+    print_row("wallet card refresh", "its looks at the disk", queries["card-files"], "2")
     print_row(f"names of this wallet, registry of {REGISTRY_ROWS} rows", "reading and parsing the file",
               queries["registry"], "1.5")
     for names, target in ((1, "1.05"), (1000, "1.3")):
         for route, found in pairs_of_lookups(names, PAIRS * 5).items():
             title = f"plugin lookup `/{route}/`, {names} name{'s' if names > 1 else ''}"
             print_row(title, "an empty REST route", found, target)
-    bare = bare_memory()
     print()
     print(f"Executable: {desk.EXE.stat().st_size} bytes ({desk.EXE.stat().st_size / MIB:.2f} MiB; under 3.25).")
-    print(f"Peak memory after a publish: {memory / MIB:.1f} MiB; a bare window, measured the same way: "
-          f"{bare / MIB:.1f} MiB; so Brasslet adds {(memory - bare) / MIB:.1f} MiB (under 25).")
+    print_memory("Brasslet after a publish (under 25)", memory)
+    print_memory("a bare window", memory_of_window(BARE_WINDOW, "Bare"))
+    print_memory("the plain window with libcurl set up", memory_of_window(PLAIN_WINDOW, "Plain"))
 
 
 if __name__ == "__main__":

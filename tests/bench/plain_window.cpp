@@ -1,0 +1,113 @@
+// What a program with Brasslet's window cannot do without before the window is painted: the same controls in the same
+// places, as Windows itself makes and draws them; libcurl set up; the keys of a phrase derived once. In the same order,
+// and nothing else: no file, no colour, no picture, nothing drawn by the program.
+#include "app/layout.h"
+#include "net/curl_lifetime.h"
+#include "wallet/wallet_keys.h"
+
+#include <windows.h>
+
+#include <commctrl.h>
+#include <objbase.h>
+
+#include <iterator>
+
+namespace {
+
+constexpr wchar_t kClass[] = L"BenchPlainWindow";
+constexpr unsigned kDpi = 96;
+constexpr char kPhrase[] = "abandon abandon abandon abandon abandon abandon abandon abandon abandon abandon abandon "
+                           "about";
+
+struct Control {
+    const wchar_t* window_class;
+    const wchar_t* text;
+    Rect MainLayout::*place;
+};
+
+constexpr Control kControls[] = {
+    {L"BUTTON", L"Connect", &MainLayout::connect},
+    {L"BUTTON", L"Unbind", &MainLayout::unbind},
+    {L"BUTTON", L"", &MainLayout::settings},
+    {L"STATIC", L"House paymail", &MainLayout::house_paymail_caption},
+    {L"STATIC", L"No house paymail yet", &MainLayout::house_paymail},
+    {L"STATIC", L"Payment address", &MainLayout::payment_address_caption},
+    {L"STATIC", L"1BoatSLRHtKNngkdXEeobR76b53LETtpyT", &MainLayout::payment_address},
+    {L"STATIC", L"Name", &MainLayout::name_caption},
+    {L"EDIT", L"alice", &MainLayout::name_field},
+    {L"STATIC", L"alice@brasslet.test", &MainLayout::name_preview},
+    {L"STATIC", L"Pays this house paymail. Other names stay.", &MainLayout::name_hint},
+    {L"STATIC", L"", &MainLayout::kept_names},
+    {L"BUTTON", L"Install plugin", &MainLayout::install},
+    {L"BUTTON", L"Publish", &MainLayout::publish},
+    {L"BUTTON", L"Remove", &MainLayout::remove},
+    {L"BUTTON", L"Close", &MainLayout::close},
+    {L"STATIC", L"", &MainLayout::status},
+    {L"STATIC", L"Version 0.001", &MainLayout::version},
+};
+
+HWND controls[std::size(kControls)];
+
+void create_controls(HWND window)
+{
+    for (std::size_t i = 0; i < std::size(kControls); ++i)
+        controls[i] =
+            CreateWindowExW(0, kControls[i].window_class, kControls[i].text, WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS, 0,
+                            0, 10, 10, window, nullptr, GetModuleHandleW(nullptr), nullptr);
+}
+
+void place_controls(int width)
+{
+    const MainLayout layout = main_layout(width, kDpi);
+    for (std::size_t i = 0; i < std::size(kControls); ++i) {
+        const Rect& place = layout.*kControls[i].place;
+        MoveWindow(controls[i], place.x, place.y, place.width, place.height, FALSE);
+    }
+}
+
+LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam)
+{
+    switch (message) {
+    case WM_CREATE: {
+        create_controls(window);
+        WalletKeys keys;
+        derive_wallet_keys(SecretText(std::string(kPhrase)), 0, 0, keys);
+        return 0;
+    }
+    case WM_SIZE:
+        place_controls(LOWORD(lparam));
+        return 0;
+    case WM_DESTROY:
+        PostQuitMessage(0);
+        return 0;
+    default:
+        return DefWindowProcW(window, message, wparam, lparam);
+    }
+}
+
+}  // namespace
+
+int WINAPI WinMain(HINSTANCE instance, HINSTANCE, PSTR, int show)
+{
+    if (FAILED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) return 1;
+    const CurlLifetime curl;
+    const INITCOMMONCONTROLSEX standard{sizeof standard, ICC_STANDARD_CLASSES};
+    InitCommonControlsEx(&standard);
+    WNDCLASSEXW window_class{};
+    window_class.cbSize = sizeof window_class;
+    window_class.lpfnWndProc = procedure;
+    window_class.hInstance = instance;
+    window_class.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+    window_class.hbrBackground = GetSysColorBrush(COLOR_WINDOW);
+    window_class.lpszClassName = kClass;
+    RegisterClassExW(&window_class);
+    const HWND window = CreateWindowExW(0, kClass, L"Plain", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT,
+                                        CW_USEDEFAULT, 760, 640, nullptr, nullptr, instance, nullptr);
+    ShowWindow(window, show);
+    UpdateWindow(window);
+    MSG message{};
+    while (GetMessageW(&message, nullptr, 0, 0) > 0)
+        DispatchMessageW(&message);
+    CoUninitialize();
+    return 0;
+}
