@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -18,8 +17,7 @@ constexpr std::size_t kPiece = 8;  // letters
 std::size_t count_in(std::wstring_view memory, std::wstring_view sought)
 {
     std::size_t count = 0;
-    for (auto at = std::ranges::search(memory, sought); !at.empty();
-         at = std::ranges::search(at.begin() + 1, memory.end(), sought.begin(), sought.end()))
+    for (std::size_t at = memory.find(sought); at != std::wstring_view::npos; at = memory.find(sought, at + 1))
         ++count;
     return count;
 }

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <commctrl.h>
+
 namespace {
 
 const std::wstring kLongSentence = L"Vaultry kept " + std::wstring(64, L'n') + L"@" + std::wstring(60, L'h') +
@@ -53,6 +55,22 @@ TEST_F(Tips, SayTheWholeTextOfALabelThatEndsInAnEllipsis)
         set_control_text(id, "short");
         EXPECT_EQ(tip_of(id), L"") << id;
     }
+}
+
+TEST_F(Tips, TakeAnAmpersandForWhatItIs)
+{
+    const std::string ampersands(120, '&');
+    set_control_text(kKeptNames, ampersands);
+    EXPECT_EQ(tip_of(kKeptNames), std::wstring(ampersands.begin(), ampersands.end()));
+}
+
+TEST_F(Tips, AreAsWideAsTheirLabelAndStayAsLongAsTheyMay)
+{
+    for (const int id : {kStatusLine, kKeptNames}) {
+        tip_of(id);
+        EXPECT_EQ(SendMessageW(app_state().tips, TTM_GETMAXTIPWIDTH, 0, 0), window.place(id).width);
+    }
+    EXPECT_EQ(SendMessageW(app_state().tips, TTM_GETDELAYTIME, TTDT_AUTOPOP, 0), 0x7FFF);
 }
 
 TEST_F(Tips, OneComesWhenTheMouseRestsOnTheLabelWhereverItIsNow)

@@ -11,7 +11,17 @@
 
 #include <gtest/gtest.h>
 
+#include <commctrl.h>
+
 namespace {
+
+int texts_set = 0;
+
+LRESULT CALLBACK count_texts(HWND label, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR, DWORD_PTR)
+{
+    if (message == WM_SETTEXT) ++texts_set;
+    return DefSubclassProc(label, message, wparam, lparam);
+}
 
 class WalletCards : public testing::Test {
 protected:
@@ -63,6 +73,28 @@ TEST_F(WalletCards, AskForAConnectionWhenTheWalletIsGone)
     EXPECT_EQ(window.text(kHousePaymail), L"Connect Vaultry");
     EXPECT_EQ(window.text(kPaymentAddress), L"Connect Vaultry");
     EXPECT_EQ(window.text(kKeptNames), L"");
+}
+
+TEST_F(WalletCards, AreGivenNoTextThatTheyShowAlready)
+{
+    constexpr int kTexts[] = {kHousePaymail, kPaymentAddress, kKeptNames, kNamePreview};
+    bind();
+    keep("ann@example.org");
+    const OwnWindow window;
+    for (const int id : kTexts)
+        SetWindowSubclass(window.control(id), count_texts, 0, 0);
+    const auto refresh = [] {
+        texts_set = 0;
+        refresh_wallet_card();
+        refresh_name_preview();
+        return texts_set;
+    };
+    EXPECT_EQ(refresh(), 0);
+    keep("zoe@example.org");
+    EXPECT_EQ(refresh(), 1);
+    EXPECT_EQ(window.text(kKeptNames), L"Vaultry kept ann@example.org, zoe@example.org");
+    for (const int id : kTexts)
+        RemoveWindowSubclass(window.control(id), count_texts, 0);
 }
 
 TEST_F(WalletCards, APublishedNameWinsOverTheSavedOneInTheField)
