@@ -91,12 +91,26 @@ def start_program(folder: pathlib.Path = EXE.parent) -> subprocess.Popen:
     return subprocess.Popen(["wine", folder / EXE.name], cwd=folder)
 
 
+def open_program(folder: pathlib.Path) -> subprocess.Popen:
+    """The program, its window there. When Wine itself cannot start a program it ends with 1, as this one never does: then
+    it is started again."""
+    for _ in range(3):
+        process = start_program(folder)
+        if is_true("wait-window"):
+            return process
+        if process.poll() != 1:
+            break
+    state = "runs" if process.poll() is None else f"ended with {process.poll()}"
+    process.kill()
+    process.wait()
+    raise AssertionError(f"the program shows no window, and {state}")
+
+
 @contextlib.contextmanager
 def running_program(folder: pathlib.Path = EXE.parent):
     """The program with its window open; closed at the end, as a user closes it."""
-    process = start_program(folder)
+    process = open_program(folder)
     try:
-        drive("wait-window")
         yield process
         drive("close", check=False)
         process.wait(timeout=30)
