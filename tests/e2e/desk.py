@@ -67,13 +67,11 @@ NO = 3  # drive's exit status for what is not there, or did not come in time
 
 
 def run_drive(*words: object) -> subprocess.CompletedProcess:
-    """One command to the windows; see tools/drive.cpp. Seldom, when the machine is very busy, Wine cannot start a program;
-    a command that never ran is given again."""
-    for _ in range(3):
-        done = subprocess.run(["wine", TOOLS / "drive.exe", *map(str, words)], capture_output=True, check=False, timeout=180)
-        if done.returncode in (0, NO):
-            return done
-    raise AssertionError(f"drive {words}: exit status {done.returncode}\n{done.stderr.decode(errors='replace')}")
+    """One command to the windows; see tools/drive.cpp."""
+    done = subprocess.run(["wine", TOOLS / "drive.exe", *map(str, words)], capture_output=True, check=False, timeout=180)
+    if done.returncode not in (0, NO):
+        raise AssertionError(f"drive {words}: exit status {done.returncode}\n{done.stderr.decode(errors='replace')}")
+    return done
 
 
 def drive(*words: object, check: bool = True) -> str:
@@ -92,14 +90,10 @@ def start_program(folder: pathlib.Path = EXE.parent) -> subprocess.Popen:
 
 
 def open_program(folder: pathlib.Path) -> subprocess.Popen:
-    """The program, its window there. When Wine itself cannot start a program it ends with 1, as this one never does: then
-    it is started again."""
-    for _ in range(3):
-        process = start_program(folder)
-        if is_true("wait-window"):
-            return process
-        if process.poll() != 1:
-            break
+    """The program, its window there."""
+    process = start_program(folder)
+    if is_true("wait-window"):
+        return process
     state = "runs" if process.poll() is None else f"ended with {process.poll()}"
     process.kill()
     process.wait()

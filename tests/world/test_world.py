@@ -230,6 +230,12 @@ def test_the_desktop_is_up_before_the_command():
     assert "explorer.exe /desktop" in up("ps -eo args")
 
 
+def test_windows_programs_find_their_places_in_memory_free_every_time():
+    without_chance = "00040000"  # ADDR_NO_RANDOMIZE of <sys/personality.h>
+    seen = up("for program in $(pgrep -f '[.]exe'); do cat /proc/$program/personality; done").split()
+    assert len(seen) > 4 and set(seen) == {without_chance}
+
+
 def test_the_windows_user_has_a_name_outside_ascii():
     assert up("wine cmd /u /c 'echo %LOCALAPPDATA%' | iconv -f utf-16le -t utf-8 | tr -d '\\r'") == (
         "C:\\users\\Zoë 用户\\AppData\\Local")
