@@ -14,10 +14,10 @@ constexpr wchar_t kMask = 0x2022;  // a bullet
 // More than any password is long, spaces between its groups included.
 constexpr std::size_t kRoom = 256;
 
-LRESULT replace(HWND field, WPARAM from, LPARAM to, const wchar_t* text, bool can_undo)
+void replace(HWND field, WPARAM from, LPARAM to, const wchar_t* text, bool can_undo)
 {
     SendMessageW(field, EM_SETSEL, from, to);
-    return SendMessageW(field, EM_REPLACESEL, can_undo ? TRUE : FALSE, reinterpret_cast<LPARAM>(text));
+    SendMessageW(field, EM_REPLACESEL, can_undo ? TRUE : FALSE, reinterpret_cast<LPARAM>(text));
 }
 
 // A control that deletes text holds it in a block of its own meanwhile, and frees that as it stands: a single letter

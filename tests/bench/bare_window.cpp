@@ -1,10 +1,8 @@
 // The least that a program with a window can be: one window that paints itself. What the start and the memory of
 // Brasslet are measured against.
-#include <windows.h>
+#include "bench/floor_window.h"
 
 namespace {
-
-constexpr wchar_t kClass[] = L"BenchBareWindow";
 
 LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam)
 {
@@ -31,19 +29,6 @@ LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lpar
 
 int WINAPI WinMain(HINSTANCE instance, HINSTANCE, PSTR, int show)
 {
-    WNDCLASSEXW window_class{};
-    window_class.cbSize = sizeof window_class;
-    window_class.lpfnWndProc = procedure;
-    window_class.hInstance = instance;
-    window_class.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-    window_class.lpszClassName = kClass;
-    RegisterClassExW(&window_class);
-    const HWND window = CreateWindowExW(0, kClass, L"Bare", WS_OVERLAPPEDWINDOW, CW_USEDEFAULT, CW_USEDEFAULT, 760, 600,
-                                        nullptr, nullptr, instance, nullptr);
-    ShowWindow(window, show);
-    UpdateWindow(window);
-    MSG message{};
-    while (GetMessageW(&message, nullptr, 0, 0) > 0)
-        DispatchMessageW(&message);
+    run_window({L"BenchBareWindow", L"Bare", procedure, nullptr, WS_OVERLAPPEDWINDOW, 600}, instance, show);
     return 0;
 }

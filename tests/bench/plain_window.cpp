@@ -2,10 +2,10 @@
 // places, as Windows itself makes and draws them; libcurl set up; the keys of a phrase derived once. In the same order,
 // and nothing else: no file, no colour, no picture, nothing drawn by the program.
 #include "app/layout.h"
+#include "bench/floor_window.h"
 #include "net/curl_lifetime.h"
+#include "support/wallet_files.h"
 #include "wallet/wallet_keys.h"
-
-#include <windows.h>
 
 #include <commctrl.h>
 #include <objbase.h>
@@ -14,10 +14,7 @@
 
 namespace {
 
-constexpr wchar_t kClass[] = L"BenchPlainWindow";
 constexpr unsigned kDpi = 96;
-constexpr char kPhrase[] = "abandon abandon abandon abandon abandon abandon abandon abandon abandon abandon abandon "
-                           "about";
 
 struct Control {
     const wchar_t* window_class;
@@ -93,21 +90,9 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, PSTR, int show)
     const CurlLifetime curl;
     const INITCOMMONCONTROLSEX standard{sizeof standard, ICC_STANDARD_CLASSES};
     InitCommonControlsEx(&standard);
-    WNDCLASSEXW window_class{};
-    window_class.cbSize = sizeof window_class;
-    window_class.lpfnWndProc = procedure;
-    window_class.hInstance = instance;
-    window_class.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-    window_class.hbrBackground = GetSysColorBrush(COLOR_WINDOW);
-    window_class.lpszClassName = kClass;
-    RegisterClassExW(&window_class);
-    const HWND window = CreateWindowExW(0, kClass, L"Plain", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT,
-                                        CW_USEDEFAULT, 760, 640, nullptr, nullptr, instance, nullptr);
-    ShowWindow(window, show);
-    UpdateWindow(window);
-    MSG message{};
-    while (GetMessageW(&message, nullptr, 0, 0) > 0)
-        DispatchMessageW(&message);
+    run_window({L"BenchPlainWindow", L"Plain", procedure, GetSysColorBrush(COLOR_WINDOW),
+                WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, 640},
+               instance, show);
     CoUninitialize();
     return 0;
 }

@@ -3,6 +3,7 @@
 // connection for each, as the program does it too. bench_publishes PAIRS SITE USER ALIAS KEY ADDRESS; the application
 // password comes on standard input.
 #include "bench/pairs.h"
+#include "bench/require.h"
 #include "net/chain_service.h"
 #include "net/curl_lifetime.h"
 #include "paymail/discovery.h"
@@ -13,8 +14,8 @@
 #include <windows.h>
 #include <curl/curl.h>
 
+#include <exception>
 #include <iostream>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -23,11 +24,6 @@ namespace {
 constexpr int kPublishButton = 1006;
 constexpr int kStatusLine = 1008;
 constexpr int kPatience = 60'000;  // milliseconds
-
-void require(bool is_right, const char* what)
-{
-    if (!is_right) throw std::runtime_error(what);
-}
 
 std::size_t take(const char* bytes, std::size_t, std::size_t count, void* body)
 {

@@ -1,7 +1,8 @@
 // Times what the program asks of the wallet and of the payname registry, each against its floor: bench_queries PAIRS
-// ROWS. Ends with 1 when an answer is wrong: what is quick and wrong is not worth a figure.
+// ROWS. Ends with 1 when an answer is wrong.
 #include "app/wallet_card_texts.h"
 #include "bench/pairs.h"
+#include "bench/require.h"
 #include "paymail/payname_registry.h"
 #include "platform/file_lock.h"
 #include "platform/files.h"
@@ -13,7 +14,7 @@
 #include "wallet_bridge/wallet_identity.h"
 
 #include <cstdlib>
-#include <stdexcept>
+#include <exception>
 #include <string>
 
 namespace {
@@ -22,11 +23,6 @@ using nlohmann::json;
 
 constexpr std::uint32_t kAccounts[] = {1, 100, 5};
 constexpr char kNames[] = "payname/payname.json";
-
-void require(bool is_right, const char* what)
-{
-    if (!is_right) throw std::runtime_error(what);
-}
 
 // The stretching of the phrase and the five steps to each of the three keys, and nothing else.
 void derive_alone(const SecretText& phrase)

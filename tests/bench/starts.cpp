@@ -1,11 +1,12 @@
 // Times the start of two programs in turn: bench_starts PAIRS FLOOR-EXE FLOOR-CLASS OWN-EXE OWN-CLASS. For both alike:
 // from the creation of the process until its window is there, takes messages and is wholly painted.
 #include "bench/pairs.h"
+#include "bench/require.h"
 
 #include <windows.h>
 #include <shellapi.h>
 
-#include <stdexcept>
+#include <exception>
 #include <string>
 
 namespace {
@@ -16,11 +17,6 @@ struct Program {
     std::wstring path;
     std::wstring window_class;
 };
-
-void require(bool is_right, const char* what)
-{
-    if (!is_right) throw std::runtime_error(what);
-}
 
 class RunningProgram {
 public:
