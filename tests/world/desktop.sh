@@ -6,16 +6,17 @@ prepare_desktop() {
     export WINEPREFIX="$WORLD_DIR/desktop/prefix"
     export PATH="$scripts/bin:$PATH"
     export WINEDEBUG=-all WINEDLLOVERRIDES="winedbg.exe=d;winemenubuilder.exe=d;mscoree=d;mshtml=d"
-    mkdir -p "$WINEPREFIX" "$WORLD_DIR/desktop"/{template,changes,work,home,sockets/x11,sockets/wine}
+    mkdir -p "$WINEPREFIX" "$WORLD_DIR/desktop"/{template,changes,work,home,sockets/x11,sockets/wine,keymaps}
 
-    # Both keep their sockets in places that every run on the machine would share.
+    # Both keep their sockets, and the display the keymap that it makes, where every run on the machine would share them.
     mkdir -p /tmp/.X11-unix
     mkdir -p -m 0700 "/tmp/.wine-$(id -u)"
     mount --bind "$WORLD_DIR/desktop/sockets/x11" /tmp/.X11-unix
     mount --bind "$WORLD_DIR/desktop/sockets/wine" "/tmp/.wine-$(id -u)"
+    mount --bind "$WORLD_DIR/desktop/keymaps" /var/lib/xkb
 
     start display Xvfb "$DISPLAY" -nolock -nolisten tcp -screen 0 2400x2000x24
-    wait_for display test -S "/tmp/.X11-unix/X${DISPLAY#:}"
+    wait_for display xdpyinfo
 
     cached desktop "$(key_of "$(version_of wine64 fonts-lato fonts-sil-charis fonts-wine)" "$scripts"/desktop.*)" make_prefix
     mount --bind "$cached_folder" "$WORLD_DIR/desktop/template"

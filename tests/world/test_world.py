@@ -217,6 +217,24 @@ def test_what_lies_in_tmp_is_seen_and_what_is_left_there_goes(tmp_path):
     assert not left.exists()
 
 
+def test_displays_do_not_share_the_keymaps_that_they_make():
+    mark = pathlib.Path("/var/lib/xkb") / f"made-in-a-world-{uuid.uuid4()}"
+    up(f"touch {mark}")
+    assert not mark.exists()
+
+
+def test_a_world_whose_display_ends_does_not_come_up(tmp_path):
+    # Without a keymap it ends when its socket is there already.
+    (tmp_path / "nothing").write_text("")
+    as_root = [] if os.geteuid() == 0 else ["--map-root-user"]
+    world = subprocess.run(
+        ["unshare", "--mount", *as_root, "bash", "-euc",
+         f"mount --bind '{tmp_path}/nothing' /usr/bin/xkbcomp; exec '{WORLD}/up' -- true"],
+        capture_output=True, text=True, timeout=120, check=False)
+    assert world.returncode == 70
+    assert "The test world's display does not answer." in world.stderr
+
+
 def test_two_worlds_at_once_do_not_meet():
     first, _ = start_marked()
     assert up("echo 'corvane.example A 127.0.0.1' >$WORLD_ZONE; wine cmd /c 'exit 0'; "
