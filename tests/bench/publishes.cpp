@@ -100,7 +100,7 @@ std::wstring status(HWND line)
     return text;
 }
 
-// Both are watched in the same way, so that both have a processor that is awake.
+// The floor and the program are watched in the same way: a processor that is awake makes both quicker.
 template <typename Condition>
 void wait_until(Condition is_so)
 {

@@ -29,7 +29,7 @@ def test_a_newer_build_is_told_and_its_page_opened(user):
         desk.drive("wait-question")
         assert desk.drive("question").splitlines() == ["Version 0.002 is on the shelf.", "", "Open the page?"]
         assert desk.drive("text", desk.VERSION) == f"Update available, {PAGE}"
-        desk.screenshot(desk.PICTURES / "update-question.png")
+        desk.capture(desk.PICTURES / "update-question.png", desk.drive("question-rectangle"))
         desk.drive("answer", YES)
         assert desk.wait_until(lambda: opened_pages() == [PAGE])
     assert requests_for_the_page() == ['corvane.example "GET /brasslet HTTP/1.1" 200 "Brasslet/0.001"']

@@ -8,7 +8,7 @@ prepare_desktop() {
     export WINEDEBUG=-all WINEDLLOVERRIDES="winedbg.exe=d;winemenubuilder.exe=d;mscoree=d;mshtml=d"
     mkdir -p "$WINEPREFIX" "$WORLD_DIR/desktop"/{template,changes,work,home,sockets/x11,sockets/wine,keymaps}
 
-    # Both keep their sockets, and the display the keymap that it makes, where every run on the machine would share them.
+    # Display and Wine keep their sockets, and the display its keymap, where every run on the machine would share them.
     mkdir -p /tmp/.X11-unix
     mkdir -p -m 0700 "/tmp/.wine-$(id -u)"
     mount --bind "$WORLD_DIR/desktop/sockets/x11" /tmp/.X11-unix
