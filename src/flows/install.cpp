@@ -24,7 +24,7 @@ std::wstring install_sentence(const SiteSettings& settings, const std::function<
     const SiteAddress site = normalise_site(typed_site);
     if (!site.ok) return L"Add the site in settings.";
 
-    const SitePlugin plugin = plugin_on_site(site.base);
+    const SitePlugin plugin = plugin_on_site(site.base).plugin;
     if (plugin == SitePlugin::current) return L"Plugin is on the site.";
     if (!save_package()) return L"Could not write the plugin.";
     if (!show_package()) return L"The zip is saved, and the folder did not open.";

@@ -1,6 +1,6 @@
 #include "flows/publish.h"
 
-#include "flows/plugin_sentences.h"
+#include "flows/change_refusal.h"
 #include "flows/publish_reply.h"
 #include "paymail/payname_rules.h"
 #include "paymail/verification.h"
@@ -40,7 +40,7 @@ std::wstring publish_sentence(const SiteSettings& settings)
     if (wallet.public_key.size() != 66 || wallet.address.size() < 26)
         return L"This Vaultry has no payment address yet.";
 
-    if (plugin_on_site(site.base) != SitePlugin::current) return kInstallCurrentPlugin;
+    if (plugin_on_site(site.base).plugin != SitePlugin::current) return kInstallCurrentPlugin;
     const HttpReply reply = site_request("POST", site.base + "/wp-json/brasslet/v1/name",
                                          publish_body(settings, wallet), settings.user, settings.pass);
     std::wstring refusal = publish_refusal(reply);

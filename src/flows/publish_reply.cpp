@@ -1,9 +1,10 @@
 #include "flows/publish_reply.h"
 
-#include "flows/plugin_sentences.h"
+#include "flows/change_refusal.h"
+#include "paymail/payname_rules.h"
 #include "platform/text_conversion.h"
+#include "site/shown_text.h"
 #include "site/site_refusal.h"
-#include "text/ascii.h"
 #include "text/json.h"
 
 namespace {
@@ -30,19 +31,17 @@ std::string other_paymails(const HttpReply& reply, const std::string& alias, con
 
 std::wstring publish_refusal(const HttpReply& reply)
 {
-    std::wstring refusal = refusal_message(reply);
-    if (!refusal.empty()) return refusal;
-    if (reply.status == 404) return kInstallPluginFirst;
-    if (reply.is_success()) return {};
-    const std::string message = reply_message(reply.body);
-    if (!message.empty()) return widen(message);
+    std::wstring refusal = change_refusal(reply);
+    if (!refusal.empty() || reply.is_success()) return refusal;
+    std::wstring message = shown_text(reply_message(reply.body));
+    if (!message.empty()) return message;
     return reply.error.empty() ? L"The site did not take the name." : widen(reply.error);
 }
 
 std::string published_host(const HttpReply& reply, const std::string& typed_host)
 {
     const std::string host = text_member(parse_json(reply.body), "host");
-    return host.empty() ? typed_host : lower_ascii(host);
+    return payname_host(host.empty() ? typed_host : host);
 }
 
 std::wstring kept_sentence(const Verification& verification, const std::string& alias, const std::string& host,
@@ -51,6 +50,6 @@ std::wstring kept_sentence(const Verification& verification, const std::string& 
     if (!verification.is_kept)
         return verification.message.empty() ? L"Vaultry did not keep the name." : widen(verification.message);
     const std::wstring kept = L"Vaultry kept " + widen(alias + "@" + host) + L".";
-    const std::string others = other_paymails(reply, alias, host);
-    return others.empty() ? kept : kept + L" Still on the site: " + widen(others) + L".";
+    const std::wstring others = shown_text(other_paymails(reply, alias, host));
+    return others.empty() ? kept : kept + L" Still on the site: " + others + L".";
 }

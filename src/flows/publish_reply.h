@@ -9,7 +9,7 @@
 // The sentence for an answer that is no success; empty when the site took the name.
 std::wstring publish_refusal(const HttpReply& reply);
 
-// The host that the site calls its own, in lower case; `typed_host` when it names none. UTF-8.
+// The host that the site calls its own, or `typed_host` when it names none, in the ASCII form that wallets ask for.
 std::string published_host(const HttpReply& reply, const std::string& typed_host);
 
 // The last sentence of a publish: the verifier's, or that the name is kept and which others the site still has.

@@ -1,13 +1,12 @@
 #include "flows/remove.h"
 
-#include "flows/plugin_sentences.h"
+#include "flows/change_refusal.h"
 #include "paymail/payname_registry.h"
 #include "paymail/payname_rules.h"
 #include "platform/text_conversion.h"
 #include "platform/wallet_app.h"
 #include "site/plugin_status.h"
 #include "site/site_address.h"
-#include "site/site_refusal.h"
 #include "site/site_request.h"
 #include "text/json.h"
 
@@ -23,10 +22,18 @@ SecretText remove_body(const SiteSettings& settings)
 // its failure is not shown: all that matters is that the name is still there.
 std::wstring remove_refusal(const HttpReply& reply)
 {
-    std::wstring refusal = refusal_message(reply);
-    if (!refusal.empty()) return refusal;
-    if (reply.status == 404) return kInstallPluginFirst;
-    return reply.is_success() ? L"" : L"The site kept the name.";
+    std::wstring refusal = change_refusal(reply);
+    if (!refusal.empty() || reply.is_success()) return refusal;
+    return L"The site kept the name.";
+}
+
+// Publishing keeps a name at the host that the site calls its own, which may be another than the typed one: with
+// "www.", say. So it is forgotten at both.
+void forget(const std::string& alias, const std::string& typed_host, const std::string& own_host)
+{
+    const std::string host = payname_host(typed_host);
+    remove_payname(alias + "@" + host);
+    if (!own_host.empty() && own_host != host) remove_payname(alias + "@" + own_host);
 }
 
 }  // namespace
@@ -38,14 +45,14 @@ std::wstring remove_sentence(const SiteSettings& settings)
     const SiteAddress site = normalise_site(typed_site);
     if (!site.ok || settings.user.empty() || settings.pass.empty()) return L"Add the site login in settings.";
 
-    if (plugin_on_site(site.base) != SitePlugin::current) return kInstallCurrentPlugin;
+    const PluginStatus status = plugin_on_site(site.base);
+    if (status.plugin != SitePlugin::current) return kInstallCurrentPlugin;
     const HttpReply reply = site_request("DELETE", site.base + "/wp-json/brasslet/v1/name", remove_body(settings),
                                          settings.user, settings.pass);
     std::wstring refusal = remove_refusal(reply);
     if (!refusal.empty()) return refusal;
 
-    const std::string paymail = settings.alias + "@" + site.host;
-    remove_payname(paymail);
+    forget(settings.alias, site.host, status.host);
     notify_wallet_app();
-    return L"Removed " + widen(paymail) + L".";
+    return L"Removed " + widen(settings.alias + "@" + site.host) + L".";
 }

@@ -1,14 +1,19 @@
 #include "net/host_pin.h"
 
+#include "net/curl_options.h"
+
 #include "build_values.h"
 
-CurlList pin_hosts(CURL* handle, const std::string& url)
+CURLcode pin_hosts(CURL* handle, const std::string& url, CurlList& pins)
 {
-    if (handle == nullptr || url.find(kWalletServiceHost) == std::string::npos) return nullptr;
+    pins.reset();
+    if (url.find(kWalletServiceHost) == std::string::npos) return CURLE_OK;
     const std::string pin = std::string(kWalletServiceHost) + ":443:" + kWalletServiceAddress;
-    CurlList pins;
-    if (!append(pins, pin.c_str()) || !append(pins, ("www." + pin).c_str())) return nullptr;
-    curl_easy_setopt(handle, CURLOPT_RESOLVE, pins.get());
-    curl_easy_setopt(handle, CURLOPT_IPRESOLVE, static_cast<long>(CURL_IPRESOLVE_V4));
-    return pins;
+    if (!append(pins, pin.c_str()) || !append(pins, ("www." + pin).c_str())) return CURLE_OUT_OF_MEMORY;
+    CurlOptions options(handle);
+    options.set(CURLOPT_RESOLVE, pins.get());
+    options.set(CURLOPT_IPRESOLVE, static_cast<long>(CURL_IPRESOLVE_V4));
+    // A proxy, as the environment may name one, would be given the name and look it up itself.
+    options.set(CURLOPT_PROXY, "");
+    return options.code();
 }

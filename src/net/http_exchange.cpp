@@ -1,7 +1,9 @@
 #include "net/http_exchange.h"
 
+#include "net/curl_options.h"
 #include "net/curl_owners.h"
 #include "net/host_pin.h"
+#include "net/url_host.h"
 
 #include <exception>
 
@@ -19,26 +21,9 @@ std::size_t take_body(const char* bytes, std::size_t, std::size_t count, void* b
     return text.size() > kLargestBody ? 0 : count;
 }
 
-// Sets options until the first that libcurl refuses: a request never leaves with less protection than was asked for.
-class Options {
-public:
-    explicit Options(CURL* handle) : m_handle(handle) {}
-
-    template <typename Value>
-    void set(CURLoption option, Value value)
-    {
-        if (m_code == CURLE_OK) m_code = curl_easy_setopt(m_handle, option, value);
-    }
-    CURLcode code() const { return m_code; }
-
-private:
-    CURL* m_handle;
-    CURLcode m_code = CURLE_OK;
-};
-
 CURLcode describe(CURL* handle, const HttpRequest& request, const curl_slist* headers, HttpReply& reply)
 {
-    Options options(handle);
+    CurlOptions options(handle);
     options.set(CURLOPT_URL, request.url.c_str());
     options.set(CURLOPT_PROTOCOLS_STR, "https");
     options.set(CURLOPT_REDIR_PROTOCOLS_STR, "https");
@@ -54,6 +39,9 @@ CURLcode describe(CURL* handle, const HttpRequest& request, const curl_slist* he
     options.set(CURLOPT_USERAGENT, request.user_agent.c_str());
     options.set(CURLOPT_CONNECTTIMEOUT_MS, static_cast<long>(request.connect_timeout.count()));
     options.set(CURLOPT_TIMEOUT_MS, static_cast<long>(request.transfer_timeout.count()));
+    // Schannel would refuse every certificate whose revocation list it cannot fetch: behind a proxy or an antivirus
+    // that inspects TLS, and where the lists' servers are blocked, no site would ever answer, though browsers show it.
+    options.set(CURLOPT_SSL_OPTIONS, static_cast<long>(CURLSSLOPT_REVOKE_BEST_EFFORT));
     if (!request.check_certificate) {
         options.set(CURLOPT_SSL_VERIFYPEER, 0L);
         options.set(CURLOPT_SSL_VERIFYHOST, 0L);
@@ -68,9 +56,10 @@ void read_outcome(CURL* handle, HttpReply& reply)
     long status = 0;
     if (curl_easy_getinfo(handle, CURLINFO_RESPONSE_CODE, &status) == CURLE_OK)
         reply.status = static_cast<std::int32_t>(status);
+    // libcurl writes the credentials of the request into this URL when the redirect names no host of its own.
     const char* redirect_url = nullptr;
     if (curl_easy_getinfo(handle, CURLINFO_REDIRECT_URL, &redirect_url) == CURLE_OK && redirect_url != nullptr)
-        reply.redirect_url = redirect_url;
+        reply.redirect_url = without_user(redirect_url);
 }
 
 }  // namespace
@@ -89,7 +78,7 @@ HttpReply exchange(const HttpRequest& request)
     for (const SecretText& header : request.headers)
         if (!append(headers, header.text().c_str())) code = CURLE_OUT_OF_MEMORY;
     if (code == CURLE_OK) code = describe(handle.get(), request, headers.get(), reply);
-    if (code == CURLE_OK && request.pin_wallet_service) pins = pin_hosts(handle.get(), request.url);
+    if (code == CURLE_OK && request.pin_wallet_service) code = pin_hosts(handle.get(), request.url, pins);
     if (code == CURLE_OK) code = curl_easy_perform(handle.get());
     read_outcome(handle.get(), reply);
     if (code != CURLE_OK) reply.error = curl_easy_strerror(code);

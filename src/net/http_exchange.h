@@ -14,7 +14,7 @@ struct HttpReply {
     std::int32_t status = 0;   // of the last response received, also after a failure; 0 when there was none
     std::string body;          // as received, at most little more than kLargestBody bytes
     std::string error;         // empty on success; a reply that carries an error is never a success
-    std::string redirect_url;  // where a redirect that was not followed points to, absolute; empty otherwise
+    std::string redirect_url;  // where a redirect that was not followed points to, absolute, without user; else empty
 
     bool is_success() const { return error.empty() && status >= 200 && status <= 299; }
 };

@@ -1,5 +1,6 @@
 #include "paymail/payname_rules.h"
 
+#include "net/url_host.h"
 #include "text/ascii.h"
 
 #include <algorithm>
@@ -25,4 +26,9 @@ bool is_valid_host(std::string_view host)
     if (host.front() == '.' || host.back() == '.' || host.find("..") != std::string_view::npos) return false;
     return host.find('.') != std::string_view::npos &&
            std::all_of(host.begin(), host.end(), [](char c) { return is_one_of(c, "-."); });
+}
+
+std::string payname_host(const std::string& host)
+{
+    return ascii_host(host);
 }

@@ -11,8 +11,13 @@ enum class SitePlugin {
     current,
 };
 
+struct PluginStatus {
+    SitePlugin plugin = SitePlugin::none;
+    std::string host;  // that the site's names belong to, in its ASCII form; empty when the site does not say
+};
+
 // Asks the site at `base` (of a SiteAddress), without credentials. Blocks until the exchange ends; worker threads only.
-SitePlugin plugin_on_site(const std::string& base);
+PluginStatus plugin_on_site(const std::string& base);
 
 // What the reply of the status route says.
-SitePlugin plugin_in(const HttpReply& status_reply);
+PluginStatus plugin_in(const HttpReply& status_reply);

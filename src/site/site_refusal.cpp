@@ -1,6 +1,7 @@
 #include "site/site_refusal.h"
 
-#include "platform/text_conversion.h"
+#include "net/url_host.h"
+#include "site/shown_text.h"
 #include "text/json.h"
 
 namespace {
@@ -29,11 +30,20 @@ std::string reply_message(const std::string& body)
     return text_member(parse_json(body), "message");
 }
 
+std::wstring sent_on_message(const HttpReply& reply)
+{
+    if (reply.redirect_url.empty()) return {};
+    const std::wstring sent_on = L"The site sends on to " + shown_text(ascii_host(url_host(reply.redirect_url)));
+    if (!is_same_site(reply.redirect_url, reply.redirect_url))
+        return sent_on + L", away from https on port 443. Ask your host to keep it there.";
+    return sent_on + L". Type that site in settings.";
+}
+
 std::wstring refusal_message(const HttpReply& reply)
 {
     if (reply.status != 401 && reply.status != 403) return {};
     for (const Refusal& refusal : kRefusals)
         if (reply.body.find(refusal.code) != std::string::npos) return refusal.sentence;
-    const std::string message = reply_message(reply.body);
-    return message.empty() ? kWrongPassword : widen(message);
+    const std::wstring message = shown_text(reply_message(reply.body));
+    return message.empty() ? kWrongPassword : message;
 }

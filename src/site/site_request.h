@@ -13,10 +13,14 @@ inline constexpr char kSiteSilent[] = "The site did not answer.";
 // credentials travel twice: as Basic authentication and in a header of the plugin's own, because some hosts strip the
 // standard one before WordPress sees it. Blocks until the exchange ends; worker threads only.
 //
-// The reply's error is one of the two texts above, or empty: then there was an answer, of whatever status.
+// At most four redirects are followed, and none away from https. A request with a login follows only those that may
+// repeat it (301, 302, 307, 308) and stay on the same site (is_same_site): method, body and login are then sent anew.
+//
+// The reply's error is one of the two texts above, or empty: then there was an answer, of whatever status. It has a
+// redirect_url only when the site sends on to where the login does not go.
 HttpReply site_request(const std::string& method, const std::string& url, const SecretText& body,
                        const std::string& user, const SecretText& password);
 
-// What site_request sends.
+// What site_request sends to the first host.
 HttpRequest describe_site_request(const std::string& method, const std::string& url, const SecretText& body,
                                   const std::string& user, const SecretText& password);

@@ -3,8 +3,11 @@
 #include "net/chain_service.h"
 #include "net/libcurl_seams.h"
 #include "net/net_test.h"
+#include "net/untouched.h"
 
 #include "build_values.h"
+
+#include <cstdlib>
 
 namespace {
 
@@ -43,8 +46,11 @@ TEST_F(HostPin, PinsBothFormsOfTheHostForAnyUrlThatMentionsIt)
     const std::string pin = std::string(kWalletServiceHost) + ":443:" + kWalletServiceAddress;
     const CurlEasy handle(curl_easy_init());
     for (const char* url : {"https://wallet.example/", "https://other.test/wallet.example",
-                            "https://other.test/?q=wallet.example", "wallet.example"})
-        EXPECT_THAT(entries(pin_hosts(handle.get(), url)), testing::ElementsAre(pin, "www." + pin)) << url;
+                            "https://other.test/?q=wallet.example", "wallet.example"}) {
+        CurlList pins;
+        EXPECT_EQ(pin_hosts(handle.get(), url, pins), CURLE_OK) << url;
+        EXPECT_THAT(entries(pins), testing::ElementsAre(pin, "www." + pin)) << url;
+    }
 }
 
 TEST_F(HostPin, GoesOverIpv4OnlyWhereItPins)
@@ -58,7 +64,57 @@ TEST_F(HostPin, GoesOverIpv4OnlyWhereItPins)
 TEST_F(HostPin, PinsNothingForAnyOtherUrl)
 {
     const CurlEasy handle(curl_easy_init());
-    for (const char* url : {"", "wallet.exampl", "https://WALLET.EXAMPLE/", "https://brasslet.test/"})
-        EXPECT_EQ(pin_hosts(handle.get(), url), nullptr) << url;
-    EXPECT_EQ(pin_hosts(nullptr, "https://wallet.example/"), nullptr);
+    for (const char* url : {"", "wallet.exampl", "https://WALLET.EXAMPLE/", "https://brasslet.test/"}) {
+        CurlList pins;
+        EXPECT_EQ(pin_hosts(handle.get(), url, pins), CURLE_OK) << url;
+        EXPECT_EQ(pins, nullptr) << url;
+    }
+    EXPECT_TRUE(options_set().empty());
+}
+
+TEST_F(HostPin, HoldsWhateverProxyTheEnvironmentNames)
+{
+    const Untouched proxy("127.0.0.2", 3128);
+    service.answer("POST /x", {200, "", {}, Fault::none});
+    for (const char* variable : {"https_proxy", "HTTPS_PROXY", "all_proxy", "ALL_PROXY"}) {
+        setenv(variable, "http://127.0.0.2:3128", 1);
+        EXPECT_EQ(post("https://wallet.example/x"), "") << variable;
+        unsetenv(variable);
+    }
+    EXPECT_EQ(service.requests().size(), 4U);
+    EXPECT_TRUE(proxy.is_untouched());
+}
+
+TEST_F(HostPin, OtherRequestsGoThroughTheProxyOfTheEnvironment)
+{
+    const Untouched proxy("127.0.0.2", 3128);
+    setenv("https_proxy", "http://127.0.0.2:3128", 1);
+    HttpRequest request;
+    request.url = "https://brasslet.test/x";
+    request.transfer_timeout = std::chrono::milliseconds(300);
+    request.pin_wallet_service = true;
+    exchange(request);
+    EXPECT_FALSE(proxy.is_untouched());
+}
+
+TEST_F(HostPin, WhatCannotBePinnedIsNotSent)
+{
+    const Untouched elsewhere("127.0.0.9", 443);
+    for (const CURLoption option : {CURLOPT_RESOLVE, CURLOPT_IPRESOLVE, CURLOPT_PROXY}) {
+        refuse_option(option);
+        EXPECT_EQ(post("https://wallet.example/x"), curl_easy_strerror(CURLE_UNKNOWN_OPTION)) << option;
+    }
+    EXPECT_TRUE(service.requests().empty());
+    EXPECT_TRUE(elsewhere.is_untouched());
+}
+
+TEST_F(HostPin, NothingIsPinnedOrSentWithoutMemoryForThePins)
+{
+    const Untouched elsewhere("127.0.0.9", 443);
+    refuse_lists_with("wallet.example:443:");
+    EXPECT_EQ(post("https://wallet.example/x"), curl_easy_strerror(CURLE_OUT_OF_MEMORY));
+    refuse_lists_with("www.wallet.example:443:");
+    EXPECT_EQ(post("https://wallet.example/x"), curl_easy_strerror(CURLE_OUT_OF_MEMORY));
+    EXPECT_TRUE(service.requests().empty());
+    EXPECT_TRUE(elsewhere.is_untouched());
 }

@@ -12,14 +12,14 @@
 #include <cstdlib>
 #include <stdexcept>
 
-int listener_on(const std::string& address)
+int listener_on(const std::string& address, std::uint16_t port)
 {
     const int listener = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
     const int on = 1;
     setsockopt(listener, SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
     sockaddr_in where{};
     where.sin_family = AF_INET;
-    where.sin_port = htons(443);
+    where.sin_port = htons(port);
     inet_pton(AF_INET, address.c_str(), &where.sin_addr);
     if (bind(listener, reinterpret_cast<const sockaddr*>(&where), sizeof where) != 0 || listen(listener, 16) != 0)
         throw std::runtime_error("cannot listen on " + address);

@@ -3,6 +3,7 @@
 
 #include "net/certificate.h"
 
+#include <cstdint>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -31,10 +32,10 @@ inline Answer redirect_to(const std::string& url, int status = 302)
 
 // The names of every host that tests reach on 127.0.0.1.
 inline const std::vector<std::string> kTestNames = {"brasslet.test", "www.brasslet.test", "pay.brasslet.test",
-                                                    "localhost.example.org"};
+                                                    "localhost.example.org", "xn--bcher-kva.test"};
 
-// A socket that listens on port 443 of `address`. Owned by the caller.
-int listener_on(const std::string& address);
+// A socket that listens on `port` of `address`. Owned by the caller.
+int listener_on(const std::string& address, std::uint16_t port = 443);
 
 class HttpsServer {
 public:

@@ -3,11 +3,13 @@
 #include <atomic>
 #include <cstdarg>
 #include <optional>
+#include <string_view>
 
 namespace {
 
 bool g_refuse = false;
 std::optional<CURLoption> g_refused;
+std::optional<std::string> g_refused_entry;
 std::map<CURLoption, long> g_options;
 std::atomic<int> g_wiped = 0;
 
@@ -21,6 +23,11 @@ void refuse_handles()
 void refuse_option(CURLoption option)
 {
     g_refused = option;
+}
+
+void refuse_lists_with(const std::string& beginning)
+{
+    g_refused_entry = beginning;
 }
 
 const std::map<CURLoption, long>& options_set()
@@ -40,6 +47,8 @@ extern "C" CURL* __real_curl_easy_init();
 extern "C" CURL* __wrap_curl_easy_init();
 extern "C" CURLcode __real_curl_easy_setopt(CURL* handle, unsigned option, ...);
 extern "C" CURLcode __wrap_curl_easy_setopt(CURL* handle, unsigned option, ...);
+extern "C" curl_slist* __real_curl_slist_append(curl_slist* list, const char* text);
+extern "C" curl_slist* __wrap_curl_slist_append(curl_slist* list, const char* text);
 extern "C" void __real__Z11wiping_freePv(void* block);
 extern "C" void __wrap__Z11wiping_freePv(void* block);
 
@@ -64,6 +73,12 @@ extern "C" CURLcode __wrap_curl_easy_setopt(CURL* handle, unsigned option, ...)
     }
     va_end(values);
     return code;
+}
+
+extern "C" curl_slist* __wrap_curl_slist_append(curl_slist* list, const char* text)
+{
+    if (g_refused_entry && std::string_view(text).starts_with(*g_refused_entry)) return nullptr;
+    return __real_curl_slist_append(list, text);
 }
 
 extern "C" void __wrap__Z11wiping_freePv(void* block)

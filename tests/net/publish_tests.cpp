@@ -1,4 +1,5 @@
 #include "net/publishing.h"
+#include "text/json.h"
 
 namespace {
 
@@ -151,4 +152,58 @@ TEST_F(Publishing, ShowsTheVerifiersSentence)
     expect_sentence(L"The house paymail stays on Vaultry.");
     answer(kNamePath, R"({"host":"no host"})");
     expect_sentence(L"That name is not a paymail.");
+}
+
+TEST_F(Publishing, AUserWhoTypesWwwPublishesOnASiteAtTheApex)
+{
+    settings.site = "www.brasslet.test";
+    server.answer(kStatusPath, {redirect_to("https://brasslet.test/wp-json/brasslet/v1/status", 301),
+                                {200, kCurrentPlugin, {}, Fault::none}});
+    server.answer(kNamePath, {redirect_to("https://brasslet.test/wp-json/brasslet/v1/name", 301),
+                              {200, R"({"ok":true,"host":"brasslet.test","aliases":["alice"]})", {}, Fault::none}});
+    expect_sentence(kKept);
+    const auto requests = server.requests();
+    ASSERT_EQ(requests.size(), 7U);
+    expect_login_in(requests[3]);
+    EXPECT_EQ(requests[3].substr(requests[3].find("\r\n\r\n")), requests[2].substr(requests[2].find("\r\n\r\n")));
+}
+
+TEST_F(Publishing, ASiteThatSendsOnToAnotherOneIsNamed)
+{
+    server.answer(kNamePath, {302, R"({"message":"Moved."})", {"Location: https://other.test/name"}, Fault::none});
+    expect_sentence(L"The site sends on to other.test. Type that site in settings.");
+    server.answer(kNamePath, {301, "", {"Location: http://brasslet.test/name"}, Fault::none});
+    expect_sentence(
+        L"The site sends on to brasslet.test, away from https on port 443. Ask your host to keep it there.");
+}
+
+TEST_F(Publishing, ARedirectThatLeadsNowhereIsNoSuccess)
+{
+    server.answer(kNamePath, {302, "", {}, Fault::none});
+    expect_sentence(L"The site did not take the name.");
+    server.answer(kNamePath, redirect_to("https://ex ample/"));
+    expect_sentence(L"The site did not take the name.");
+}
+
+TEST_F(Publishing, ASiteOutsideAsciiIsKeptAndAskedForByItsAsciiName)
+{
+    answer(kNamePath, R"({"ok":true,"host":"B\u00fccher.test"})");
+    answer(kDiscoveryPath, discovery_document("xn--bcher-kva.test"));
+    answer("GET /id/alice@xn--bcher-kva.test", compact_json({{"pubkey", wallet.key}}));
+    answer("POST /pay/alice@xn--bcher-kva.test", R"({"address":")" + wallet.address + R"("})");
+    expect_sentence(L"Vaultry kept alice@xn--bcher-kva.test.");
+    EXPECT_THAT(stand_in().srv_queries, testing::ElementsAre("_bsvalias._tcp.xn--bcher-kva.test"));
+    EXPECT_THAT(kept_names(), HasSubstr(R"("alice@xn--bcher-kva.test")"));
+}
+
+TEST_F(Publishing, WhatTheSiteSaysIsOneLineWithoutMarksOfDirection)
+{
+    answer(kNamePath, R"({"message":"Full.\n\u202eDo\u0007 this."})", 500);
+    expect_sentence(L"Full. Do this.");
+    answer(kNamePath, R"({"message":"No\u200f\tway."})", 403);
+    expect_sentence(L"No way.");
+    answer(kNamePath, R"({"message":"\u202e\n"})", 500);
+    expect_sentence(L"The site did not take the name.");
+    answer(kNamePath, R"({"message":"\u202e\n"})", 401);
+    expect_sentence(L"WordPress refused that application password.");
 }

@@ -5,6 +5,8 @@
 #include "platform_host/stand_in.h"
 #include "support/test_folder.h"
 
+#include <clocale>
+
 namespace {
 
 using testing::HasSubstr;
@@ -152,6 +154,49 @@ TEST_F(Removing, WhatTheReplySaysPlaysNoPart)
 {
     answer(kNamePath, R"({"ok":false,"host":"other.example.org"})", 299);
     expect_sentence(kRemoved);
+}
+
+TEST_F(Removing, TheNameIsForgottenAtTheHostThatTheSiteCallsItsOwnToo)
+{
+    folder.write(kRegistry, R"({"names":[{"paymail":"alice@brasslet.test"},{"paymail":"bob@brasslet.test"},)"
+                            R"({"paymail":"alice@www.brasslet.test"},{"paymail":"alice@other.test"}]})");
+    settings.site = "www.brasslet.test";
+    answer(kStatusPath, R"({"ok":true,"login":"names","host":"Brasslet.TEST"})");
+    EXPECT_EQ(remove_sentence(settings), L"Removed alice@www.brasslet.test.");
+    EXPECT_THAT(folder.read(kRegistry), testing::Not(HasSubstr("alice@brasslet.test")));
+    EXPECT_THAT(folder.read(kRegistry), testing::Not(HasSubstr("alice@www.brasslet.test")));
+    EXPECT_THAT(folder.read(kRegistry), HasSubstr("bob@brasslet.test"));
+    EXPECT_THAT(folder.read(kRegistry), HasSubstr("alice@other.test"));
+}
+
+TEST_F(Removing, ANameOfASiteOutsideAsciiIsForgottenAsItWasKept)
+{
+    ASSERT_NE(std::setlocale(LC_CTYPE, "C.UTF-8"), nullptr);  // for libcurl, which on Windows takes UTF-8 anyway
+    folder.write(kRegistry, R"({"names":[{"paymail":"alice@xn--bcher-kva.test"}]})");
+    settings.site = "b\xC3\xBC"
+                    "cher.test";
+    expect_sentence(L"Removed alice@b\u00fc"
+                    L"cher.test.");
+}
+
+TEST_F(Removing, AUserWhoTypesWwwRemovesFromASiteAtTheApex)
+{
+    settings.site = "www.brasslet.test";
+    server.answer(kStatusPath, {redirect_to("https://brasslet.test/wp-json/brasslet/v1/status", 301),
+                                {200, R"({"login":"names","host":"brasslet.test"})", {}, Fault::none}});
+    server.answer(kNamePath, {redirect_to("https://brasslet.test/wp-json/brasslet/v1/name", 301),
+                              {200, R"({"ok":true,"aliases":[]})", {}, Fault::none}});
+    expect_sentence(L"Removed alice@www.brasslet.test.");
+    const auto requests = server.requests();
+    ASSERT_EQ(requests.size(), 4U);
+    expect_login_in(requests[3]);
+    EXPECT_THAT(requests[3], testing::EndsWith(R"("login_user":"admin"})"));
+}
+
+TEST_F(Removing, ASiteThatSendsOnToAnotherOneIsNamed)
+{
+    server.answer(kNamePath, redirect_to("https://other.test/name", 308));
+    expect_sentence(L"The site sends on to other.test. Type that site in settings.");
 }
 
 TEST_F(Removing, TheSentenceHasTheTypedHost)

@@ -10,10 +10,18 @@ SitePlugin plugin(std::int32_t status, const std::string& body, const std::strin
     reply.status = status;
     reply.body = body;
     reply.error = error;
-    return plugin_in(reply);
+    return plugin_in(reply).plugin;
 }
 
 constexpr char kCurrent[] = R"({"ok":true,"login":"names"})";
+
+std::string host(const std::string& body, std::int32_t status = 200)
+{
+    HttpReply reply;
+    reply.status = status;
+    reply.body = body;
+    return plugin_in(reply).host;
+}
 
 }  // namespace
 
@@ -41,4 +49,17 @@ TEST(PluginStatus, IsNoneForEveryOtherPage)
 TEST(PluginStatus, IsNoneWhenTheTransferFailed)
 {
     EXPECT_EQ(plugin(200, kCurrent, "The site did not answer."), SitePlugin::none);
+}
+
+TEST(PluginStatus, HasTheHostThatTheSiteCallsItsOwnInItsAsciiForm)
+{
+    EXPECT_EQ(host(R"({"ok":true,"login":"names","host":"WWW.Example.ORG"})"), "www.example.org");
+    EXPECT_EQ(host(R"({"ok":true,"host":"b\u00fccher.example"})"), "xn--bcher-kva.example");
+}
+
+TEST(PluginStatus, HasNoHostWhereTheReplyNamesNone)
+{
+    for (const char* body : {"", "<html>", R"({"ok":true})", R"({"host":7})", R"(["host"])"})
+        EXPECT_EQ(host(body), "") << body;
+    EXPECT_EQ(host(R"({"host":"example.org"})", 500), "");
 }

@@ -66,6 +66,14 @@ TEST(PublishedHost, IsTheSitesOwnInLowerCase)
     EXPECT_EQ(published_host(reply(200, R"({"host":"WWW.Example.ORG"})"), "typed.org"), "www.example.org");
 }
 
+TEST(PublishedHost, IsInItsAsciiForm)
+{
+    EXPECT_EQ(published_host(reply(200, R"({"host":"b\u00fccher.example"})"), "typed.org"), "xn--bcher-kva.example");
+    EXPECT_EQ(published_host(reply(200, ""), "b\xC3\xBC"
+                                             "cher.example"),
+              "xn--bcher-kva.example");
+}
+
 TEST(PublishedHost, IsTheTypedOneWhenTheReplyNamesNone)
 {
     for (const char* body :
@@ -81,6 +89,18 @@ TEST(KeptSentence, NamesThePaymailAndTheOtherNamesOfTheSite)
               L"Vaultry kept alice@example.org. Still on the site: bob@example.org, c.d@example.org.");
     EXPECT_EQ(kept(R"({"aliases":["alice","Alice"]})"),
               L"Vaultry kept alice@example.org. Still on the site: Alice@example.org.");
+}
+
+TEST(KeptSentence, ALongListIsCutWhereTheStatusLineEnds)
+{
+    std::string names = R"({"aliases":["x\u202ey")";
+    for (int i = 0; i < 1000; ++i)
+        names += ",\"bob\"";
+    const std::wstring sentence = kept(names + "]}");
+    EXPECT_TRUE(
+        sentence.starts_with(L"Vaultry kept alice@example.org. Still on the site: xy@example.org, bob@example"));
+    EXPECT_TRUE(sentence.ends_with(L"\u2026."));
+    EXPECT_EQ(sentence.size(), std::wstring(L"Vaultry kept alice@example.org. Still on the site: .").size() + 160);
 }
 
 TEST(KeptSentence, AddsNoListWithoutOtherNames)

@@ -1,9 +1,11 @@
 // Property: a reply to a publish is either a success or gives exactly one sentence, and what a success says reads the
-// same when it is written anew with nothing but its host and its names.
+// same when it is written anew with nothing but its host and its names. Whatever the site says has room in the status
+// line and turns nothing there.
 #include "flows/publish_reply.h"
 #include "fuzz/target.h"
 #include "platform/text_conversion.h"
 #include "site/plugin_status.h"
+#include "site/shown_text.h"
 #include "site/site_refusal.h"
 #include "text/ascii.h"
 #include "text/json.h"
@@ -53,6 +55,14 @@ void check_success(const HttpReply& reply)
             "a name that is not kept has its reason alone");
 }
 
+void check_shown(const std::wstring& text)
+{
+    require(text.size() <= kLongestShown, "a text of the site has room in the status line");
+    require(text.find_first_of(L"\r\n\t\x7f\x9b\x200f\x202e\x2066") == std::wstring::npos,
+            "it is one line that nobody turns");
+    require(text.empty() || (text.front() != L' ' && text.back() != L' '), "no blank stands at its ends");
+}
+
 void check(std::string_view bytes)
 {
     const std::string body(bytes);
@@ -60,14 +70,15 @@ void check(std::string_view bytes)
         const HttpReply reply = reply_of(status, body);
         const bool is_success = status >= 200 && status <= 299;
         require(publish_refusal(reply).empty() == is_success, "a success has no refusal, everything else has one");
-        require(is_success || plugin_in(reply) == SitePlugin::none, "only a success shows a plugin");
+        require(is_success || plugin_in(reply).plugin == SitePlugin::none, "only a success shows a plugin");
         if (is_success) check_success(reply);
     }
-    const std::string message = reply_message(body);
-    require(message.empty() || narrow(publish_refusal(reply_of(500, body))) == message, "the site's message is shown");
+    const std::wstring message = shown_text(reply_message(body));
+    require(message.empty() || publish_refusal(reply_of(500, body)) == message, "the site's message is shown");
+    check_shown(message);
 
-    const SitePlugin plugin = plugin_in(reply_of(200, body));
-    require(plugin_in(reply_of(200, body + R"({"ok":true,"login":"names"})")) == SitePlugin::current,
+    const SitePlugin plugin = plugin_in(reply_of(200, body)).plugin;
+    require(plugin_in(reply_of(200, body + R"({"ok":true,"login":"names"})")).plugin == SitePlugin::current,
             "the login mark counts wherever it stands");
     require(plugin != SitePlugin::none || body.find(R"("ok")") == std::string::npos, "an older plugin is seen");
 }
