@@ -56,8 +56,11 @@ class User:
 
 
 class Site:
-    def __init__(self, name, host, plugin):
-        self.host = host
+    def __init__(self, name, address, plugin, surname=""):
+        """The site at `address`, a host and perhaps a path. `surname` tells apart the users of a network's sites."""
+        self.address = address
+        self.host, slash, path = address.partition("/")
+        self.path = slash + path
         self.content = WORLD_DIR / "sites" / name / "content"
         self.http = requests.Session()
         self.http.verify = os.environ["WORLD_CA"]
@@ -67,15 +70,16 @@ class Site:
         self.hook("")
         (self.content / "mu-plugins" / "hook.php").write_text(HOOK)
         self.shell = subprocess.Popen(
-            [WORLD / "wp", host, SHELL], stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
-        self.admin = self.make_user("ada", "ada@people.test", "administrator", passwords=2)
-        self.editor = self.make_user("edgar", "edgar@people.test", "editor", passwords=1)
-        self.bare = self.make_user("barbara", "barbara@people.test", "administrator", passwords=0)
-        self.disguised = self.make_user("twin@people.test", "other@people.test", "editor", passwords=1)
-        self.make_user("twin", "twin@people.test", "administrator", passwords=0)
+            [WORLD / "wp", address, SHELL], stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
+        people = f"{surname}@people.test"
+        self.admin = self.make_user("ada" + surname, "ada" + people, "administrator", passwords=2)
+        self.editor = self.make_user("edgar" + surname, "edgar" + people, "editor", passwords=1)
+        self.bare = self.make_user("barbara" + surname, "barbara" + people, "administrator", passwords=0)
+        self.disguised = self.make_user("twin" + people, "other" + people, "editor", passwords=1)
+        self.make_user("twin" + surname, "twin" + people, "administrator", passwords=0)
 
     def install(self, plugin):
-        subprocess.run([WORLD / "install_plugin", self.host, plugin], check=True)
+        subprocess.run([WORLD / "install_plugin", self.address, plugin], check=True)
 
     def close(self):
         self.http.close()
@@ -135,7 +139,7 @@ class Site:
         return self.http.send(prepared, verify=self.http.verify, allow_redirects=False, timeout=30)
 
     def get(self, path, **options):
-        return self.request("GET", "/wp-json/brasslet/v1" + path, **options)
+        return self.request("GET", self.path + "/wp-json/brasslet/v1" + path, **options)
 
     def login_members(self):
         return {"login_user": self.admin.login, "login_pass": self.admin.password}
@@ -151,7 +155,7 @@ class Site:
         return body
 
     def send(self, method, body, **options):
-        return self.request(method, "/wp-json/brasslet/v1/name", json=body, **options)
+        return self.request(method, self.path + "/wp-json/brasslet/v1/name", json=body, **options)
 
     def publish(self, headers=None, **members):
         return self.send("POST", self.name_members(**members), headers=headers)

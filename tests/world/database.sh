@@ -1,4 +1,4 @@
-# MariaDB with a data folder of its own, reached through a socket and never over TCP. Both WordPress databases are
+# MariaDB with a data folder of its own, reached through a socket and never over TCP. The sites' databases are
 # installed once; every run works on a copy.
 
 prepare_database() {
@@ -23,7 +23,7 @@ make_database() {
 }
 
 # The data folder is thrown away after the run, so that nothing has to reach a disk.
-database_options=(--innodb-log-file-size=8M --innodb-buffer-pool-size=64M)
+database_options=(--innodb-log-file-size=8M --innodb-buffer-pool-size=64M --innodb-autoextend-increment=1)
 if [ "$(id -u)" = 0 ]; then database_options+=(--user=root); fi
 
 start_database() {

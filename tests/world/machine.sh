@@ -1,7 +1,8 @@
 # The machine of the world: the loopback interface, a place for its files, and the names it knows.
 
 # The sites' hosts; README.md says what each of them is. Nothing listens on the address of dead.brasslet.test.
-site_hosts="brasslet.test strip.brasslet.test redirect.brasslet.test newer.brasslet.test"
+site_hosts="brasslet.test strip.brasslet.test redirect.brasslet.test newer.brasslet.test net.brasslet.test \
+two.net.brasslet.test folders.brasslet.test below.brasslet.test handed.brasslet.test apart.brasslet.test"
 
 make_machine() {
     ip link set lo up

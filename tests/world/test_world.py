@@ -15,7 +15,9 @@ import pytest
 WORLD = pathlib.Path(__file__).parent
 RUN_FOLDER = WORLD.parents[1] / "build" / "world"
 BUNDLE = pathlib.Path("/etc/ssl/certs/ca-certificates.crt")
-HOSTS = ["brasslet.test", "strip.brasslet.test", "redirect.brasslet.test", "newer.brasslet.test"]
+HOSTS = ["brasslet.test", "strip.brasslet.test", "redirect.brasslet.test", "newer.brasslet.test", "net.brasslet.test",
+         "two.net.brasslet.test", "folders.brasslet.test", "apart.brasslet.test"]
+IN_FOLDERS = ["folders.brasslet.test/second", "below.brasslet.test/blog", "handed.brasslet.test/blog"]
 
 PROBE = """<?php
 /* Plugin Name: Probe */
@@ -76,17 +78,56 @@ def test_a_wrong_command_line_is_refused(arguments):
     assert subprocess.run([WORLD / "up", *arguments], capture_output=True, check=False).returncode == 2
 
 
-@pytest.mark.parametrize("host", HOSTS)
-def test_every_site_answers_over_https_under_its_own_address(host):
-    answer = json.loads(up(f"curl -sS --cacert $WORLD_CA https://{host}/wp-json/", "--no-desktop"))
-    assert answer["url"] == f"https://{host}"
+def test_every_site_answers_over_https_under_its_own_address():
+    answers = up("".join(f"curl -sS --cacert $WORLD_CA https://{address}/wp-json/; echo\n"
+                         for address in HOSTS + IN_FOLDERS), "--no-desktop").split("\n")
+    assert [json.loads(answer)["home"] for answer in answers] == [f"https://{address}" for address in HOSTS + IN_FOLDERS]
 
 
-@pytest.mark.parametrize("host", ["brasslet.test", "newer.brasslet.test"])
-def test_every_wordpress_has_its_permalinks_in_the_database(host):
-    assert up(f"""{WORLD}/wp {host} 'echo $wpdb->get_var(
-        "SELECT option_value FROM $wpdb->options WHERE option_name = \\"permalink_structure\\"");'""",
-              "--no-desktop") == "/%postname%/"
+def test_the_commands_reach_every_site_under_its_own_address():
+    homes = up("".join(f"{WORLD}/wp {address} 'echo home_url(), PHP_EOL;'\n" for address in HOSTS + IN_FOLDERS),
+               "--no-desktop").split("\n")
+    assert homes == [f"https://{address}" for address in HOSTS + IN_FOLDERS]
+
+
+def test_every_wordpress_has_its_permalinks_in_the_database():
+    # The structures of a network are those that WordPress gives its sites.
+    dated = "/%year%/%monthnum%/%day%/%postname%/"
+    wanted = {"brasslet.test": "/%postname%/", "newer.brasslet.test": "/%postname%/", "apart.brasslet.test": "/%postname%/",
+              "below.brasslet.test/blog": "/%postname%/", "net.brasslet.test": dated, "two.net.brasslet.test": dated,
+              "folders.brasslet.test": "/blog" + dated, "folders.brasslet.test/second": dated}
+    assert up("".join(f"""{WORLD}/wp {address} 'echo $wpdb->get_var(
+        "SELECT option_value FROM $wpdb->options WHERE option_name = \\"permalink_structure\\""), PHP_EOL;'\n"""
+                      for address in wanted), "--no-desktop").split("\n") == list(wanted.values())
+
+
+def test_a_network_has_two_sites_and_a_super_admin_and_the_other_sites_are_none():
+    tell = """echo json_encode([is_multisite(), is_multisite() ? is_subdomain_install() : null, is_multisite()
+        ? array_map(fn($site) => $site->domain . $site->path, get_sites()) : [], is_super_admin(1)]), PHP_EOL;"""
+    told = up("".join(f"{WORLD}/wp {host} '{tell}'\n" for host in (
+        "net.brasslet.test", "folders.brasslet.test", "below.brasslet.test/blog")), "--no-desktop").split("\n")
+    assert [json.loads(line) for line in told] == [
+        [True, True, ["net.brasslet.test/", "two.net.brasslet.test/"], True],
+        [True, False, ["folders.brasslet.test/", "folders.brasslet.test/second/"], True],
+        [False, None, [], True]]
+
+
+def test_a_wordpress_lies_below_the_root_of_its_host_in_two_ways():
+    pages = ["below.brasslet.test/blog/wp-login.php", "apart.brasslet.test/wp/wp-login.php",
+             "folders.brasslet.test/second/wp-login.php", "below.brasslet.test/wp-login.php",
+             "apart.brasslet.test/wp-login.php", "below.brasslet.test/"]
+    seen = up("".join(f"curl -sS -o /dev/null -w '%{{http_code}} ' https://{page}\n" for page in pages), "--no-desktop")
+    assert seen.split() == ["200", "200", "200", "404", "404", "403"]
+
+
+def test_only_one_host_hands_the_document_at_its_root_to_the_wordpress_in_its_folder(tmp_path):
+    (tmp_path / "probe.php").write_text(
+        "<?php\n/* Plugin Name: Probe */\nif (!defined('ABSPATH')) exit;\nheader('X-Probe: ' . $_SERVER['REQUEST_URI']);\n")
+    asked = up(f"""{WORLD}/install_plugin handed.brasslet.test/blog {tmp_path}/probe.php
+        for host in handed below; do
+            curl -sSI https://$host.brasslet.test/.well-known/bsvalias | tr -d '\\r' | grep '^X-Probe' || echo none
+        done""", "--no-desktop")
+    assert asked.split("\n") == ["X-Probe: /.well-known/bsvalias", "none"]
 
 
 def test_the_two_wordpress_stand_on_both_sides_of_the_change_of_password_hashes():
@@ -96,7 +137,8 @@ def test_the_two_wordpress_stand_on_both_sides_of_the_change_of_password_hashes(
     assert old < [6, 8] <= new
 
 
-@pytest.mark.parametrize("host", ["brasslet.test", "newer.brasslet.test"])
+@pytest.mark.parametrize("host", ["brasslet.test", "newer.brasslet.test", "two.net.brasslet.test",
+                                  "folders.brasslet.test/second", "below.brasslet.test/blog", "apart.brasslet.test"])
 def test_an_application_password_logs_the_owner_in_and_the_editor_is_no_administrator(host):
     roles = up(f"""for user in owner editor; do
         curl -sSg -u $user:$({WORLD}/app_password {host} $user) \\

@@ -24,33 +24,62 @@ http {
   include $WORLD_DIR/web/hosts/*.conf;
 }
 END
-    # Credentials travel in the Authorization header; some hosts lose it on the way to PHP, some rename the custom one.
-    local lost='fastcgi_param HTTP_AUTHORIZATION "" if_not_empty;'
-    local renamed='fastcgi_param HTTP_X_BRASSLET_AUTH "" if_not_empty;
-        fastcgi_param REDIRECT_HTTP_X_BRASSLET_AUTH $http_x_brasslet_auth if_not_empty;'
-    wordpress_host "brasslet.test pay.brasslet.test www.brasslet.test" stable ""
-    wordpress_host strip.brasslet.test stable "$lost"
-    wordpress_host redirect.brasslet.test stable "$lost $renamed"
-    wordpress_host newer.brasslet.test newer ""
+    wordpress_host "brasslet.test pay.brasslet.test www.brasslet.test" stable
+    wordpress_host strip.brasslet.test stable lost
+    wordpress_host redirect.brasslet.test stable renamed
+    wordpress_host newer.brasslet.test newer
+    wordpress_host "net.brasslet.test *.net.brasslet.test" domains
+    wordpress_host folders.brasslet.test folders
+    wordpress_host below.brasslet.test below
+    wordpress_host handed.brasslet.test below handed
+    wordpress_host apart.brasslet.test apart
     file_host corvane.example "$WORLD_DIR/makers_page"
     start web nginx -c "$WORLD_DIR/web/nginx.conf" -e "$WORLD_DIR/logs/web.log"
 }
 
-# wordpress_host "HOST..." SITE HEADERS: these hosts answer with the WordPress of SITE, which takes the first of them for
-# its own name; HEADERS are more lines for PHP.
+# wordpress_host "HOST..." SITE [HABIT]: these hosts answer with the WordPress of SITE, which takes the first of them for its own
+# name, or that of its network's site. A server's HABIT:
+#   lost      it loses the Authorization header on the way to PHP
+#   renamed   that too, and X-Brasslet-Auth arrives under another name
+#   handed    it hands the discovery document at its root to the WordPress in a folder
 wordpress_host() {
+    local root="$WORLD_DIR/sites/$2/core" front="" to_php=""
+    case $2 in
+        below)
+            root="$WORLD_DIR/sites/below/web"
+            front='location /blog/ { try_files $uri $uri/ /blog/index.php$is_args$args; }'
+            ;;
+        apart) root="$WORLD_DIR/sites/apart/web" ;;&
+        # As WordPress' own documentation has it: the files of a site in a folder are those of the network.
+        folders)
+            front='if (!-e $request_filename) {
+    rewrite /wp-admin$ $scheme://$host$request_uri/ permanent;
+    rewrite ^(/[^/]+)?(/wp-.*) $2 last;
+    rewrite ^(/[^/]+)?(/.*\.php) $2 last;
+  }' ;;&
+        *)
+            front+='
+  location / { try_files $uri $uri/ /index.php$is_args$args; }' ;;
+    esac
+    case ${3-} in
+        lost | renamed) to_php='fastcgi_param HTTP_AUTHORIZATION "" if_not_empty;' ;;&
+        renamed)
+            to_php+='
+    fastcgi_param HTTP_X_BRASSLET_AUTH "" if_not_empty;
+    fastcgi_param REDIRECT_HTTP_X_BRASSLET_AUTH $http_x_brasslet_auth if_not_empty;' ;;
+        handed) front+='
+  location = /.well-known/bsvalias { rewrite ^ /blog/index.php last; }' ;;
+    esac
     cat >"$WORLD_DIR/web/hosts/${1%% *}.conf" <<END
 server {
   listen 127.0.0.1:443 ssl;
   server_name $1;
-  root $WORLD_DIR/sites/$2/core;
+  root $root;
   index index.php;
-  location / {
-    try_files \$uri \$uri/ /index.php\$is_args\$args;
-  }
+  $front
   location ~ \.php\$ {
     include /etc/nginx/fastcgi.conf;
-    $3
+    $to_php
     fastcgi_pass unix:$php_socket;
   }
 }

@@ -1,11 +1,29 @@
-# Two WordPress sites: "stable" is Debian's installed package, "newer" that of a later Debian release. Both run from
-# their package's files, with a configuration and a content folder (plugins, themes, uploads) of the run's own.
+# The WordPress sites: "newer" is the package of a later Debian release, all others are Debian's installed one. They run
+# from their package's files, with a configuration, a content folder (plugins, themes, uploads) and a database of the
+# run's own. README.md says what each of them is.
 
 newer_wordpress=$(cat "$scripts/newer_wordpress")
 
+sites=(stable newer domains folders below apart)
+
 prepare_sites() {
-    prepare_site stable /usr/share/wordpress
-    prepare_site newer "$scripts/../../.deps/newer-wordpress/usr/share/wordpress"
+    local site
+    for site in "${sites[@]}"; do
+        prepare_site "$site" "$(package_of "$site")"
+    done
+    # In a folder of its host: with the site, and apart from it ("WordPress in its own directory").
+    mkdir "$WORLD_DIR/sites/below/web" "$WORLD_DIR/sites/apart/web"
+    ln -s ../core "$WORLD_DIR/sites/below/web/blog"
+    ln -s ../core "$WORLD_DIR/sites/apart/web/wp"
+    sed "s|/wp-blog-header.php|/wp&|" "$(package_of apart)/index.php" >"$WORLD_DIR/sites/apart/web/index.php"
+}
+
+# package_of SITE: the folder of the package whose files it runs from.
+package_of() {
+    case $1 in
+        newer) echo "$scripts/../../.deps/newer-wordpress/usr/share/wordpress" ;;
+        *) echo /usr/share/wordpress ;;
+    esac
 }
 
 prepare_site() {
@@ -26,8 +44,21 @@ prepare_site() {
 }
 
 install_sites() {
-    mariadb --no-defaults --socket="$database_socket" --user=root \
-        --execute 'CREATE DATABASE stable CHARACTER SET utf8mb4; CREATE DATABASE newer CHARACTER SET utf8mb4'
-    php "$scripts/wordpress/install.php" "$WORLD_DIR/sites/stable/core" brasslet.test
-    php "$scripts/wordpress/install.php" "$WORLD_DIR/sites/newer/core" newer.brasslet.test
+    install_site stable brasslet.test
+    install_site newer newer.brasslet.test
+    install_site domains net.brasslet.test
+    add_second_site domains net.brasslet.test two.net.brasslet.test /
+    install_site folders folders.brasslet.test
+    add_second_site folders folders.brasslet.test folders.brasslet.test /second/
+    install_site below below.brasslet.test
+    install_site apart apart.brasslet.test
+}
+
+install_site() {
+    mariadb --no-defaults --socket="$database_socket" --user=root --execute "CREATE DATABASE $1 CHARACTER SET utf8mb4"
+    php "$scripts/wordpress/install.php" "$WORLD_DIR/sites/$1/core" "$2" >>"$WORLD_DIR/logs/install.log" 2>&1
+}
+
+add_second_site() {
+    php "$scripts/wordpress/second_site.php" "$WORLD_DIR/sites/$1/core" "$2" "$3" "$4" >>"$WORLD_DIR/logs/install.log" 2>&1
 }

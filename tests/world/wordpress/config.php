@@ -1,11 +1,25 @@
 <?php
-// The configuration of every WordPress of the world (wp-config.php). The host that was asked decides the address, the
-// folder that WordPress lies in decides the database.
+// The configuration of every WordPress of the world (wp-config.php). The folder that WordPress lies in decides the
+// database and the kind of site; the host that was asked decides the address, which a network keeps in its database.
+$world_site = basename(dirname(ABSPATH));
 $world_host = $_SERVER['SERVER_NAME'];
-define('WP_HOME', "https://$world_host");
-define('WP_SITEURL', "https://$world_host");
 
-define('DB_NAME', basename(dirname(ABSPATH)));
+// Whether the sites of a network have hosts (true) or folders (false) of their own; null where there is no network.
+$world_network = ['domains' => true, 'folders' => false][$world_site] ?? null;
+
+if ($world_network === null || defined('WORLD_INSTALLING')) {
+    define('WP_HOME', "https://$world_host" . (['below' => '/blog'][$world_site] ?? ''));
+    define('WP_SITEURL', "https://$world_host" . (['below' => '/blog', 'apart' => '/wp'][$world_site] ?? ''));
+} else {
+    define('MULTISITE', true);
+    define('SUBDOMAIN_INSTALL', $world_network);
+    define('DOMAIN_CURRENT_SITE', ['domains' => 'net.brasslet.test', 'folders' => 'folders.brasslet.test'][$world_site]);
+    define('PATH_CURRENT_SITE', '/');
+    define('SITE_ID_CURRENT_SITE', 1);
+    define('BLOG_ID_CURRENT_SITE', 1);
+}
+
+define('DB_NAME', $world_site);
 define('DB_HOST', 'localhost:' . dirname(ABSPATH, 3) . '/database.sock');
 define('DB_USER', 'root');
 define('DB_PASSWORD', '');
