@@ -74,6 +74,7 @@ TEST(SameSite, HasNoOtherHostSchemePortOrUser)
                               "https://evil.example/example.org",
                               "https://example.org@evil.example/",
                               "http://example.org/",
+                              "http://example.org:443/",
                               "https://example.org:8443/",
                               "https://example.org:80/",
                               "https://user@example.org/",
