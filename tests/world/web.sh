@@ -33,6 +33,10 @@ END
     wordpress_host below.brasslet.test below
     wordpress_host handed.brasslet.test below handed
     wordpress_host apart.brasslet.test apart
+    wordpress_host proxied.brasslet.test stable proxied
+    wordpress_host unaware.brasslet.test stable unaware
+    wordpress_host "inward.brasslet.test silent.brasslet.test" stable resolved
+    wordpress_host oneworker.brasslet.test stable oneworker
     file_host corvane.example "$WORLD_DIR/makers_page"
     start web nginx -c "$WORLD_DIR/web/nginx.conf" -e "$WORLD_DIR/logs/web.log"
 }
@@ -42,8 +46,12 @@ END
 #   lost      it loses the Authorization header on the way to PHP
 #   renamed   that too, and X-Brasslet-Auth arrives under another name
 #   handed    it hands the discovery document at its root to the WordPress in a folder
+#   proxied   it speaks http behind a proxy that ends TLS and says so in X-Forwarded-Proto
+#   unaware   the same, with a proxy that says nothing
+#   resolved  WordPress takes the host that was asked for its own name
+#   oneworker has a single process for PHP
 wordpress_host() {
-    local root="$WORLD_DIR/sites/$2/core" front="" to_php=""
+    local root="$WORLD_DIR/sites/$2/core" front="" to_php="" listen="127.0.0.1:443 ssl" socket="$php_socket"
     case $2 in
         below)
             root="$WORLD_DIR/sites/below/web"
@@ -69,10 +77,15 @@ wordpress_host() {
     fastcgi_param REDIRECT_HTTP_X_BRASSLET_AUTH $http_x_brasslet_auth if_not_empty;' ;;
         handed) front+='
   location = /.well-known/bsvalias { rewrite ^ /blog/index.php last; }' ;;
+        proxied | unaware) listen=127.0.0.1:8080 ;;&
+        proxied) proxy_host "$1" 'proxy_set_header X-Forwarded-Proto $scheme;' ;;
+        unaware) proxy_host "$1" "" ;;
+        resolved) to_php='fastcgi_param SERVER_NAME $host;' ;;
+        oneworker) socket="$php_socket.one" ;;
     esac
     cat >"$WORLD_DIR/web/hosts/${1%% *}.conf" <<END
 server {
-  listen 127.0.0.1:443 ssl;
+  listen $listen;
   server_name $1;
   root $root;
   index index.php;
@@ -80,7 +93,22 @@ server {
   location ~ \.php\$ {
     include /etc/nginx/fastcgi.conf;
     $to_php
-    fastcgi_pass unix:$php_socket;
+    fastcgi_pass unix:$socket;
+  }
+}
+END
+}
+
+# proxy_host HOST HEADERS: ends TLS for HOST and asks for it at port 8080, with more lines about HEADERS.
+proxy_host() {
+    cat >"$WORLD_DIR/web/hosts/$1.proxy.conf" <<END
+server {
+  listen 127.0.0.1:443 ssl;
+  server_name $1;
+  location / {
+    proxy_pass http://127.0.0.1:8080;
+    proxy_set_header Host \$host;
+    $2
   }
 }
 END
