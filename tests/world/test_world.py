@@ -16,7 +16,8 @@ WORLD = pathlib.Path(__file__).parent
 RUN_FOLDER = WORLD.parents[1] / "build" / "world"
 BUNDLE = pathlib.Path("/etc/ssl/certs/ca-certificates.crt")
 HOSTS = ["brasslet.test", "strip.brasslet.test", "redirect.brasslet.test", "newer.brasslet.test", "net.brasslet.test",
-         "two.net.brasslet.test", "folders.brasslet.test", "apart.brasslet.test"]
+         "two.net.brasslet.test", "folders.brasslet.test", "apart.brasslet.test", "proxied.brasslet.test",
+         "unaware.brasslet.test", "oneworker.brasslet.test"]
 IN_FOLDERS = ["folders.brasslet.test/second", "below.brasslet.test/blog", "handed.brasslet.test/blog"]
 
 PROBE = """<?php
@@ -162,6 +163,29 @@ def test_php_sees_the_credentials_that_the_host_lets_through(host, seen, tmp_pat
     assert set(json.loads(answer)) == seen
 
 
+@pytest.mark.parametrize("host, seen", [
+    ("brasslet.test", "yes https"), ("proxied.brasslet.test", "yes http"), ("unaware.brasslet.test", "no http"),
+])
+def test_wordpress_knows_of_the_tls_that_a_proxy_ended_only_where_the_proxy_says_so(host, seen, tmp_path):
+    (tmp_path / "probe.php").write_text("""<?php
+        /* Plugin Name: Probe */
+        header('X-Probe: ' . (is_ssl() ? 'yes' : 'no') . ' ' . $_SERVER['REQUEST_SCHEME']);""")
+    assert up(f"""{WORLD}/install_plugin {host} {tmp_path}/probe.php
+        curl -sSI https://{host}/wp-json/ | tr -d '\r' | sed -n 's/^X-Probe: //p'""", "--no-desktop") == seen
+
+
+def test_a_site_with_one_process_cannot_ask_itself(tmp_path):
+    (tmp_path / "probe.php").write_text("""<?php
+        /* Plugin Name: Probe */
+        if ($_SERVER['REQUEST_URI'] === '/probe') {
+            $reply = wp_remote_get(home_url('/wp-json/'), ['timeout' => 2]);
+            exit(is_wp_error($reply) ? substr($reply->get_error_message(), 0, 13) : 'answered');
+        }""")
+    assert up(f"""{WORLD}/install_plugin brasslet.test {tmp_path}/probe.php
+        for host in brasslet.test oneworker.brasslet.test; do curl -sS https://$host/probe; echo; done""",
+              "--no-desktop") == "answered\ncURL error 28"
+
+
 def test_a_plugin_that_is_installed_again_counts_at_once(tmp_path):
     for name in ("first", "second"):
         text = f"<?php\n/* Plugin Name: Probe */\nif (!defined('ABSPATH')) exit;\nheader('X-Probe: {name}');\n"
@@ -230,6 +254,14 @@ def test_names_lead_to_the_machine_itself_and_one_leads_nowhere():
               "curl -s https://dead.brasslet.test/ || echo refused $?; "
               "curl -s --connect-timeout 5 http://192.0.2.10/ || echo no road $?",
               "--no-desktop") == "127.0.0.1\nrefused 7\nno road 7"
+
+
+def test_a_site_can_have_a_name_that_leads_its_own_server_elsewhere():
+    assert up("""for host in inward silent; do
+            curl -s --max-time 2 https://$host.brasslet.test/ || echo none $?
+            curl -sSH "Host: $host.brasslet.test" https://brasslet.test/wp-json/?_fields=home | cut -d, -f1
+        done""", "--no-desktop").split("\n") == [
+        "none 7", '{"home":"https:\\/\\/inward.brasslet.test"', "none 28", '{"home":"https:\\/\\/silent.brasslet.test"']
 
 
 @pytest.mark.parametrize(
