@@ -44,7 +44,7 @@ OTHER_SCRIPT_ANSWERED = "%1$s does not answer with the script that pays %2$s."
 POST_WITH_BODY = "Let the web server, and every plugin for security, hand over POST requests with their JSON body."
 UNASKED = "Your own server could not ask %1$s (%2$s). Wallets may still be able to."
 LOOK_YOURSELF = 'Open the link below in a browser: if it shows "bsvalias", wallets see that too.'
-REACH_ITSELF = "Ask your host to let the server reach its own address, and answer more than one request at once."
+REACH_ITSELF = "For this check, ask your host to let the server reach itself and answer more than one request at once."
 CLEAR_CACHES = "Clear the caches of your site and of its host, and let them keep nothing below /wp-json/brasslet/."
 
 KEY_OF_ALICE = "/wp-json/brasslet/v1/id/alice"

@@ -127,6 +127,29 @@ def test_a_site_that_got_a_domain_of_its_own_is_none_in_a_folder(second):
     assert notices(Admin(second, OWNER).plugins()) == []
 
 
+def test_the_main_site_of_a_network_in_a_folder_is_like_any_other(main):
+    admin = Admin(main, OWNER)
+    main.hook("""
+        add_filter( 'home_url', function ( $url, $path ) { return 'https://folders.brasslet.test/blog' . $path; }, 10, 2 );
+    """)
+    assert notices(admin.plugins()) == []
+    # As if the network lay in the folder of its second site.
+    assert main.php("""
+        $at = function ( $path ) {
+            $move = function ( $network ) use ( $path ) {
+                $network       = clone $network;
+                $network->path = $path;
+                return $network;
+            };
+            add_filter( 'get_network', $move );
+            $found = brasslet_has_folder_sites();
+            remove_filter( 'get_network', $move );
+            return $found;
+        };
+        return array( $at( '/' ), $at( '/second/' ) );
+    """) == [True, False]
+
+
 def test_an_address_without_https_is_changed_in_the_network_or_by_the_host(apart):
     apart.hook(WITHOUT_HTTPS)
     is_main = apart.php("return is_main_site();")
