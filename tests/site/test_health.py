@@ -13,7 +13,7 @@ import requests
 
 from names import ADDRESS, OTHER_ADDRESS, OTHER_PUBKEY, OTHER_SCRIPT, PUBKEY, SCRIPT, record, row
 from site_health import DOCUMENT, addresses, answer, look, own_document, run, shown, url
-from wordpress import WORLD
+from wordpress import WORLD, WORLD_DIR
 
 PERMALINKS_GOOD = "Permalinks lead wallets to your payment names"
 PERMALINKS_BAD = "Permalinks keep wallets from your payment names"
@@ -314,7 +314,10 @@ def test_only_a_refused_certificate_is_called_one(site):
 @pytest.fixture
 def without_curl(site, tmp_path):
     """Looks at the site with a PHP that lacks the extension, while this code runs before the plugin."""
-    (tmp_path / "without_curl.ini").write_text("disable_functions = curl_init, curl_exec")
+    # A PHP of another release reads its settings from the world's own folder only.
+    folder = WORLD_DIR / "etc/php" if (WORLD_DIR / "etc/php").exists() else tmp_path
+    settings = folder / "without_curl.ini"
+    settings.write_text("disable_functions = curl_init, curl_exec")
 
     def looked_at(code):
         site.hook(code)
@@ -322,7 +325,8 @@ def without_curl(site, tmp_path):
         environment = {**os.environ, "PHP_INI_SCAN_DIR": f":{tmp_path}"}
         return json.loads(subprocess.run(command, env=environment, capture_output=True, check=True).stdout)
 
-    return looked_at
+    yield looked_at
+    settings.unlink()
 
 
 # Where PHP has no curl, WordPress asks through streams, which know other words and no numbers.

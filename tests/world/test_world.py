@@ -74,14 +74,22 @@ def test_the_command_s_exit_status_is_returned():
     assert done.returncode == 37
 
 
+@pytest.mark.parametrize("name", ["WORLD_WORDPRESS", "WORLD_PHP", "WORLD_WEB"])
+def test_a_version_that_the_world_does_not_have_is_refused(name):
+    done = subprocess.run([WORLD / "up", "--no-desktop", "--", "true"], capture_output=True, text=True, check=False,
+                          env={**os.environ, name: "5.6"})
+    assert (done.returncode, done.stderr.split(":")[0]) == (2, name + " is one of")
+
+
 @pytest.mark.parametrize("arguments", [[], ["--"], ["true"], ["--no-desktop"], ["--desktop", "--", "true"]])
 def test_a_wrong_command_line_is_refused(arguments):
     assert subprocess.run([WORLD / "up", *arguments], capture_output=True, check=False).returncode == 2
 
 
-def test_every_site_answers_over_https_under_its_own_address():
+@pytest.mark.parametrize("web", ["nginx", "apache"])
+def test_every_site_answers_over_https_under_its_own_address(web):
     answers = up("".join(f"curl -sS --cacert $WORLD_CA https://{address}/wp-json/; echo\n"
-                         for address in HOSTS + IN_FOLDERS), "--no-desktop").split("\n")
+                         for address in HOSTS + IN_FOLDERS), "--no-desktop", env={**os.environ, "WORLD_WEB": web}).split("\n")
     assert [json.loads(answer)["home"] for answer in answers] == [f"https://{address}" for address in HOSTS + IN_FOLDERS]
 
 
@@ -113,21 +121,24 @@ def test_a_network_has_two_sites_and_a_super_admin_and_the_other_sites_are_none(
         [False, None, [], True]]
 
 
-def test_a_wordpress_lies_below_the_root_of_its_host_in_two_ways():
+@pytest.mark.parametrize("web", ["nginx", "apache"])
+def test_a_wordpress_lies_below_the_root_of_its_host_in_two_ways(web):
     pages = ["below.brasslet.test/blog/wp-login.php", "apart.brasslet.test/wp/wp-login.php",
-             "folders.brasslet.test/second/wp-login.php", "below.brasslet.test/wp-login.php",
-             "apart.brasslet.test/wp-login.php", "below.brasslet.test/"]
-    seen = up("".join(f"curl -sS -o /dev/null -w '%{{http_code}} ' https://{page}\n" for page in pages), "--no-desktop")
-    assert seen.split() == ["200", "200", "200", "404", "404", "403"]
+             "folders.brasslet.test/second/wp-login.php", "below.brasslet.test/wp-admin/install.php",
+             "apart.brasslet.test/wp-admin/install.php", "below.brasslet.test/no-page"]
+    seen = up("".join(f"curl -sS -o /dev/null -w '%{{http_code}} ' https://{page}\n" for page in pages), "--no-desktop",
+              env={**os.environ, "WORLD_WEB": web})
+    assert seen.split() == ["200", "200", "200", "404", "404", "404"]
 
 
-def test_only_one_host_hands_the_document_at_its_root_to_the_wordpress_in_its_folder(tmp_path):
+@pytest.mark.parametrize("web", ["nginx", "apache"])
+def test_only_one_host_hands_the_document_at_its_root_to_the_wordpress_in_its_folder(web, tmp_path):
     (tmp_path / "probe.php").write_text(
         "<?php\n/* Plugin Name: Probe */\nif (!defined('ABSPATH')) exit;\nheader('X-Probe: ' . $_SERVER['REQUEST_URI']);\n")
     asked = up(f"""{WORLD}/install_plugin handed.brasslet.test/blog {tmp_path}/probe.php
         for host in handed below; do
             curl -sSI https://$host.brasslet.test/.well-known/bsvalias | tr -d '\\r' | grep '^X-Probe' || echo none
-        done""", "--no-desktop")
+        done""", "--no-desktop", env={**os.environ, "WORLD_WEB": web})
     assert asked.split("\n") == ["X-Probe: /.well-known/bsvalias", "none"]
 
 
@@ -148,18 +159,19 @@ def test_an_application_password_logs_the_owner_in_and_the_editor_is_no_administ
     assert roles == ['{"roles":["administrator"]}', '{"roles":["editor"]}']
 
 
-@pytest.mark.parametrize("host, seen", [
-    ("brasslet.test", {"HTTP_AUTHORIZATION", "PHP_AUTH_USER", "HTTP_X_BRASSLET_AUTH"}),
-    ("strip.brasslet.test", {"HTTP_X_BRASSLET_AUTH"}),
-    ("redirect.brasslet.test", {"REDIRECT_HTTP_X_BRASSLET_AUTH"}),
-    ("newer.brasslet.test", {"HTTP_AUTHORIZATION", "PHP_AUTH_USER", "HTTP_X_BRASSLET_AUTH"}),
-])
-def test_php_sees_the_credentials_that_the_host_lets_through(host, seen, tmp_path):
+@pytest.mark.parametrize("web, host, seen", [
+    (web, host, seen) for web in ("nginx", "apache") for host, seen in (
+        ("brasslet.test", {"HTTP_AUTHORIZATION", "PHP_AUTH_USER", "HTTP_X_BRASSLET_AUTH"}),
+        ("strip.brasslet.test", {"HTTP_X_BRASSLET_AUTH"}),
+        ("redirect.brasslet.test", {"REDIRECT_HTTP_X_BRASSLET_AUTH"}),
+        ("newer.brasslet.test", {"HTTP_AUTHORIZATION", "PHP_AUTH_USER", "HTTP_X_BRASSLET_AUTH"}),
+    )])
+def test_php_sees_the_credentials_that_the_host_lets_through(web, host, seen, tmp_path):
     (tmp_path / "probe.php").write_text(PROBE)
     answer = up(f"""{WORLD}/install_plugin {host} {tmp_path}/probe.php
         secret=$({WORLD}/app_password {host} owner)
         curl -sS -u owner:$secret -H "X-Brasslet-Auth: Basic $(echo -n owner:$secret | base64 -w0)" \\
-            https://{host}/wp-json/probe/v1/headers""", "--no-desktop")
+            https://{host}/wp-json/probe/v1/headers""", "--no-desktop", env={**os.environ, "WORLD_WEB": web})
     assert set(json.loads(answer)) == seen
 
 
