@@ -8,7 +8,10 @@ from admin_pages import Admin, notices
 from conftest import fresh
 from names import record
 from site_health import DOCUMENT, look, shown
-from test_health import LOOK_YOURSELF, NAMES_GOOD, NAMES_UNKNOWN, REACH_ITSELF, RIGHT_ANSWERS, UNASKED
+from test_health import (ADDRESSES, LOOK_YOURSELF, NAMES_BAD, NAMES_GOOD, NAMES_UNKNOWN, REACH_ITSELF, RIGHT_ANSWERS,
+                         UNASKED)
+from test_health import NO_HTTPS as DOCUMENT_WITHOUT_HTTPS
+from test_notice import IN_THE_FILE, NO_HTTPS
 
 
 @pytest.fixture
@@ -29,6 +32,23 @@ def test_behind_a_proxy_that_ends_tls_all_is_good(site, host, own_use):
     admin = Admin(site, site.admin, f"https://{host}")
     assert shown(admin.look()) == ("good", NAMES_GOOD, RIGHT_ANSWERS % f"alice@{host}, bob@{host}")
     assert notices(admin.plugins()) == []
+
+
+# WordPress takes the scheme of the request for its own address where it knows that scheme; so the document does.
+@pytest.mark.parametrize("host,has_https", [("proxied.brasslet.test", True), ("unaware.brasslet.test", False)])
+def test_an_address_stored_without_https_is_told_where_wallets_are_sent_to_it(site, host, has_https):
+    site.hook("""
+        add_filter( 'option_home', function ( $url ) { return set_url_scheme( $url, 'http' ); }, 99 );
+    """)
+    admin = Admin(site, site.admin, f"https://{host}")
+    told = notices(admin.plugins())
+    result = admin.look()
+    if has_https:
+        assert (told, result["status"]) == ([], "good")
+    else:
+        assert [text for _, (text, _) in told] == [f"{NO_HTTPS} {IN_THE_FILE}"]
+        finding = DOCUMENT_WITHOUT_HTTPS % f"https://{host}{DOCUMENT}"
+        assert shown(result) == ("critical", NAMES_BAD, f"{finding} {ADDRESSES}")
 
 
 def could_not_ask(result, host, said):
