@@ -65,7 +65,7 @@ class Browser:
         field.send_keys(text)
 
     def wait_for_text(self, text: str) -> None:
-        WebDriverWait(self._driver, SECONDS).until(lambda driver: text in driver.find_element(By.TAG_NAME, "body").text)
+        WebDriverWait(self._driver, SECONDS).until(lambda _: self.shows(text))
 
     def open(self, url: str) -> None:
         self._driver.get(url)
@@ -102,6 +102,24 @@ class Browser:
         self.wait_for_text("This plugin is already installed.")
         self._click("a.update-from-upload-overwrite")
         self.wait_for_text("Plugin updated successfully.")
+
+    def activate_plugin_again(self, site: str, plugin: str) -> None:
+        self.open(f"{site}/wp-admin/plugins.php")
+        self._click(f"#deactivate-{plugin}")
+        self.wait_for_text("Plugin deactivated.")
+        self._click(f"#activate-{plugin}")
+        self.wait_for_text("Plugin activated.")
+
+    def follow_link(self, text: str) -> None:
+        WebDriverWait(self._driver, SECONDS).until(until.element_to_be_clickable((By.LINK_TEXT, text))).click()
+
+    def choose_pretty_permalinks(self) -> None:
+        self._click("input[name='selection'][value='/%postname%/']")
+        self._click("#submit")
+        self.wait_for_text("Permalink structure updated.")
+
+    def shows(self, text: str) -> bool:
+        return text in self._driver.find_element(By.TAG_NAME, "body").text
 
     def open_site_health(self, site: str, *tests: str) -> None:
         """Tools, Site Health, once these tests have results, with what they say unfolded."""

@@ -9,7 +9,10 @@ DOCUMENT = "/.well-known/bsvalias"
 RUN = """
     $asked  = array();
     $answer = function ( $reply, $args, $url ) use ( &$asked, $v ) {
-        $asked[] = array( $url, $args['timeout'], $args['redirection'], $args['sslverify'] );
+        $asked[] = array(
+            $url, $args['timeout'], $args['redirection'], $args['sslverify'],
+            $args['method'], $args['headers'], json_decode( $args['body'] ?? 'null' ),
+        );
         return $v['failure'] ? new WP_Error( 'http_request_failed', $v['failure'] ) : $reply;
     };
     $structure = function () use ( $v ) { return $v['structure']; };
@@ -30,9 +33,13 @@ def run(site, test, structure="/%postname%/", failure="", scheme="https"):
     return ran["result"], ran["asked"]
 
 
-def look(site, path="/wp-json/brasslet/v1/health"):
-    """The answer to Site Health's own request."""
-    reply = site.request("GET", path, headers=site.login_headers())
+def addresses(asked):
+    return [address for address, *_ in asked]
+
+
+def look(site, path="/wp-json/brasslet/v1/health", host=None):
+    """The answer to Site Health's own request, under another host of the site if one is named."""
+    reply = site.request("GET", path, headers={**site.login_headers(), "Host": host or site.host})
     assert reply.status_code == 200, reply.text
     return reply.json()
 

@@ -1,17 +1,25 @@
 """What Tools, Site Health tells the owner of the site, and that it asks the site as a wallet would."""
 
+import http.server
 import json
+import os
+import ssl
+import subprocess
+import threading
+from datetime import datetime, timezone
 
 import pytest
 import requests
 
-from names import OTHER_PUBKEY, PUBKEY, record, row
-from site_health import DOCUMENT, answer, look, own_document, run, shown, url
+from names import ADDRESS, OTHER_ADDRESS, OTHER_PUBKEY, OTHER_SCRIPT, PUBKEY, SCRIPT, record, row
+from site_health import DOCUMENT, addresses, answer, look, own_document, run, shown, url
+from wordpress import WORLD, WORLD_DIR
 
 PERMALINKS_GOOD = "Permalinks lead wallets to your payment names"
 PERMALINKS_BAD = "Permalinks keep wallets from your payment names"
 NAMES_GOOD = "Wallets can read your payment names"
 NAMES_BAD = "Wallets cannot read your payment names"
+NAMES_UNKNOWN = "Your server cannot check whether wallets can read your payment names"
 
 PERMALINKS_LEAD = "Wallets ask below /wp-json/, and your permalink structure hands that to WordPress."
 CHOOSE_PERMALINKS = ('Under Settings, Permalinks, choose a structure other than "Plain" and without "index.php", '
@@ -30,9 +38,17 @@ ADDRESSES = 'Under Settings, General, let both addresses of the site begin with 
 ELSEWHERE = "%s sends wallets somewhere else than to this site."
 REMOVE_THE_OTHER = "Remove the file, or the other plugin, that answers there in place of Brasslet."
 OTHER_KEY = "%1$s does not answer with the key of %2$s."
+OTHER_ADDRESS_ANSWERED = "%1$s does not answer with the address of %2$s."
+NOBODY_ELSE = "Let no cache and no other plugin answer below /wp-json/brasslet/ in place of Brasslet."
+OTHER_SCRIPT_ANSWERED = "%1$s does not answer with the script that pays %2$s."
+POST_WITH_BODY = "Let the web server, and every plugin for security, hand over POST requests with their JSON body."
+UNASKED = "Your own server could not ask %1$s (%2$s). Wallets may still be able to."
+LOOK_YOURSELF = 'Open the link below in a browser: if it shows "bsvalias", wallets see that too.'
+REACH_ITSELF = "For this check, ask your host to let the server reach itself and answer more than one request at once."
 CLEAR_CACHES = "Clear the caches of your site and of its host, and let them keep nothing below /wp-json/brasslet/."
 
 KEY_OF_ALICE = "/wp-json/brasslet/v1/id/alice"
+PAY_ALICE = "/wp-json/brasslet/v1/address/alice"
 
 
 def test_a_site_with_names_is_told_whose_keys_wallets_can_read(site):
@@ -49,24 +65,40 @@ def test_the_first_three_names_stand_for_all_of_them(site):
     names = [row(alias) for alias in ("alice", "bob", "carol", "dave")]
     site.set_record({"rows": [row("a b"), row("x" * 65), *names]})
     _, asked = run(site, "discovery")
-    wanted = [DOCUMENT] + ["/wp-json/brasslet/v1/id/" + alias for alias in ("alice", "bob", "carol")]
-    assert [address for address, *_ in asked] == [url(site, path) for path in wanted]
+    wanted = [DOCUMENT] + [f"/wp-json/brasslet/v1/{what}/{alias}" for alias in ("alice", "bob", "carol")
+                           for what in ("id", "address")]
+    assert addresses(asked) == [url(site, path) for path in wanted]
     assert shown(look(site))[2] == RIGHT_ANSWERS % ", ".join(f"{n}@{site.host}" for n in ("alice", "bob", "carol"))
 
 
-def test_it_asks_with_a_short_limit_follows_no_redirect_and_checks_the_certificate(site):
+def test_it_follows_no_redirect_checks_the_certificate_and_is_through_in_half_a_minute(site):
+    site.set_record(record("alice", "bob", "carol", "dave"))
+    _, asked = run(site, "discovery")
+    assert [options[1:3] for _, *options in asked] == [[0, True]] * 7
+    assert sum(seconds for _, seconds, *_ in asked) < 30
+
+
+def test_it_asks_where_to_pay_as_a_wallet_does(site):
     site.set_record(record("alice"))
     _, asked = run(site, "discovery")
-    assert [options for _, *options in asked] == [[5, 0, True]] * 2
+    assert [method for *_, method, _, _ in asked] == ["GET", "GET", "POST"]
+    *_, headers, body = asked[2]
+    assert headers == {"Content-Type": "application/json"}
+    assert list(body) == ["senderName", "senderHandle", "dt", "amount", "purpose", "signature"]
+    assert body["senderHandle"] == f"alice@{site.host}"
+    age = datetime.now(timezone.utc) - datetime.strptime(body["dt"], "%Y-%m-%dT%H:%M:%S.%fZ").replace(tzinfo=timezone.utc)
+    assert abs(age.total_seconds()) < 60
 
 
 def test_the_first_wrong_answer_ends_it(site):
     site.set_record(record("alice", "bob"))
-    answer(site, KEY_OF_ALICE, "{}")
-    _, asked = run(site, "discovery")
-    assert [address for address, *_ in asked] == [url(site, DOCUMENT), url(site, KEY_OF_ALICE)]
+    wanted = [url(site, path) for path in (DOCUMENT, KEY_OF_ALICE, PAY_ALICE)]
+    for count, path in enumerate((DOCUMENT, KEY_OF_ALICE, PAY_ALICE), 1):
+        answer(site, path, "{}")
+        _, asked = run(site, "discovery")
+        assert addresses(asked) == wanted[:count]
     _, asked = run(site, "discovery", failure="gone")
-    assert len(asked) == 1
+    assert addresses(asked) == wanted[:1]
 
 
 def test_without_a_name_a_fault_is_worth_a_word_and_with_one_it_is_critical(site):
@@ -131,7 +163,7 @@ def test_a_look_from_a_page_without_https_is_the_same(site):
     site.set_record(record("alice"))
     result, asked = run(site, "discovery", scheme="http")
     assert shown(result) == ("good", NAMES_GOOD, RIGHT_ANSWERS % f"alice@{site.host}")
-    assert [address for address, *_ in asked] == [url(site, DOCUMENT), url(site, KEY_OF_ALICE)]
+    assert addresses(asked) == [url(site, path) for path in (DOCUMENT, KEY_OF_ALICE, PAY_ALICE)]
 
 
 @pytest.mark.parametrize("body", [
@@ -161,22 +193,158 @@ def test_a_key_that_is_not_answered_is_told(site):
     assert shown(look(site)) == ("critical", NAMES_BAD, finding + " " + LET_IT_THROUGH)
 
 
-# Nothing listens on the first; the second answers with the certificate of another host.
-@pytest.mark.parametrize("host,said", [("dead.brasslet.test", "cURL error 7"), ("127.0.0.1", "cURL error 60")])
-def test_a_site_that_wallets_cannot_reach_is_told_why(site, host, said):
-    site.hook(f"""
+@pytest.mark.parametrize("address", [OTHER_ADDRESS, None, [ADDRESS], ADDRESS.lower()])
+def test_an_address_that_is_not_the_stored_one_is_told(site, address):
+    site.set_record(record("alice"))
+    answer(site, PAY_ALICE, json.dumps({"address": address, "output": SCRIPT}))
+    finding = OTHER_ADDRESS_ANSWERED.replace("%1$s", url(site, PAY_ALICE)).replace("%2$s", f"alice@{site.host}")
+    assert shown(look(site)) == ("critical", NAMES_BAD, finding + " " + NOBODY_ELSE)
+
+
+@pytest.mark.parametrize("script", [OTHER_SCRIPT, None, SCRIPT.upper(), ""])
+def test_a_script_that_does_not_pay_the_address_is_told(site, script):
+    site.set_record(record("alice"))
+    answer(site, PAY_ALICE, json.dumps({"address": ADDRESS, "output": script}))
+    finding = OTHER_SCRIPT_ANSWERED.replace("%1$s", url(site, PAY_ALICE)).replace("%2$s", f"alice@{site.host}")
+    assert shown(look(site)) == ("critical", NAMES_BAD, finding + " " + POST_WITH_BODY)
+
+
+def test_a_server_that_loses_the_body_of_a_request_is_told(site):
+    site.set_record(record("alice"))
+    site.hook("$_SERVER['CONTENT_TYPE'] = 'text/plain';")
+    assert shown(look(site))[2].endswith(POST_WITH_BODY)
+
+
+def test_an_address_that_has_no_script_is_right_without_one(site):
+    site.set_record({"rows": [row("alice", address=ADDRESS[:-1] + "J")]})
+    assert shown(look(site)) == ("good", NAMES_GOOD, RIGHT_ANSWERS % f"alice@{site.host}")
+
+
+def test_a_payment_that_is_refused_is_told(site):
+    site.set_record(record("alice"))
+    answer(site, PAY_ALICE, "{}", 405)
+    finding = OTHER_STATUS.replace("%1$s", url(site, PAY_ALICE)).replace("%2$d", "405")
+    assert shown(look(site)) == ("critical", NAMES_BAD, finding + " " + LET_IT_THROUGH)
+
+
+def test_a_site_that_asks_everybody_for_a_password_is_critical_once_it_has_names(site):
+    site.hook("""
+        if ( ! isset( $_SERVER['HTTP_X_BRASSLET_AUTH'] ) ) {
+            header( 'WWW-Authenticate: Basic realm="staging"' );
+            http_response_code( 401 );
+            exit( 'No.' );
+        }
+    """)
+    wanted = OTHER_STATUS.replace("%1$s", url(site, DOCUMENT)).replace("%2$d", "401") + " " + LET_IT_THROUGH
+    assert shown(look(site)) == ("recommended", NAMES_BAD, wanted)
+    site.set_record(record("alice"))
+    assert shown(look(site)) == ("critical", NAMES_BAD, wanted)
+
+
+def living_at(host):
+    return f"""
         define( 'WP_ACCESSIBLE_HOSTS', '{host}' );
         add_filter( 'home_url', function ( $url, $path ) {{ return 'https://{host}' . $path; }}, 10, 2 );
-    """)
-    status, label, text = shown(look(site))
+    """
+
+
+@pytest.fixture(scope="module")
+def self_signed(tmp_path_factory):
+    """127.0.0.8 answers with a certificate that nobody trusts."""
+    folder = tmp_path_factory.mktemp("self_signed")
+    names = ["-keyout", folder / "key.pem", "-out", folder / "certificate.pem"]
+    subprocess.run(["openssl", "req", "-x509", "-newkey", "ec", "-pkeyopt", "ec_paramgen_curve:P-256", "-noenc",
+                    "-subj", "/CN=127.0.0.8", *names], check=True, capture_output=True)
+    context = ssl.SSLContext(ssl.PROTOCOL_TLS_SERVER)
+    context.load_cert_chain(folder / "certificate.pem", folder / "key.pem")
+    server = http.server.ThreadingHTTPServer(("127.0.0.8", 443), http.server.BaseHTTPRequestHandler)
+    server.socket = context.wrap_socket(server.socket, server_side=True)
+    threading.Thread(target=server.serve_forever, daemon=True).start()
+    yield
+    server.shutdown()
+    server.server_close()
+
+
+# The first has the certificate of another host, the second one that nobody trusts.
+@pytest.mark.parametrize("host", ["127.0.0.1", "127.0.0.8"])
+def test_a_certificate_that_browsers_refuse_is_critical_once_there_are_names(site, host, self_signed):
+    site.hook(living_at(host))
     before, after = UNREACHABLE.replace("%1$s", f"https://{host}{DOCUMENT}").split("%2$s")
-    assert (status, label) == ("recommended", NAMES_BAD)
-    assert text.startswith(before + said) and text.endswith(after + " " + ASK_YOUR_HOST)
+    for status in ("recommended", "critical"):
+        found, label, text = shown(look(site))
+        assert (found, label) == (status, NAMES_BAD)
+        assert text.startswith(before + "cURL error 60") and text.endswith(after + " " + ASK_YOUR_HOST)
+        site.set_record(record("alice"))
+
+
+# Nothing listens at the first, nobody knows the second, and from the third nothing comes back.
+@pytest.mark.parametrize("host,said", [
+    ("dead.brasslet.test", "cURL error 7"), ("nowhere.invalid", "cURL error 6"), ("203.0.113.9", "cURL error 28"),
+])
+def test_a_server_that_cannot_ask_itself_is_no_fault_of_the_names(site, host, said):
+    site.set_record(record("alice"))
+    site.hook(living_at(host))
+    result = look(site)
+    status, label, text = shown(result)
+    before, after = UNASKED.replace("%1$s", f"https://{host}{DOCUMENT}").split("%2$s")
+    assert (status, label) == ("recommended", NAMES_UNKNOWN)
+    assert text.startswith(before + said) and text.endswith(f"{after} {LOOK_YOURSELF} {REACH_ITSELF}")
+    assert result["actions"] == f'<p><a href="https://{host}{DOCUMENT}">Open what wallets ask for first</a></p>'
+
+
+CERTIFICATES = [
+    "cURL error 51: SSL: certificate subject name (x) does not match target host name 'y'",
+    "cURL error 60: SSL certificate problem: certificate has expired",
+]
+OTHER_FAILURES = [
+    "cURL error 2: Failed initialization", "cURL error 5: Could not resolve proxy: x", "cURL error 6: Could not resolve",
+    "cURL error 7: Failed to connect", "cURL error 28: Connection timed out", "cURL error 35: wrong version number",
+    "cURL error 52: Empty reply", "cURL error 56: Recv failure", "cURL error 510: x", "cURL error 600: x",
+    "cURL error 77: error setting certificate verify locations", "cURL error 16: certificate verify failed",
+    "User has blocked requests through HTTP.", "fsocket timed out", "x cURL error 60: y", "gone",
+]
+
+
+def test_only_a_refused_certificate_is_called_one(site):
+    site.set_record(record("alice"))
+    told = {said: run(site, "discovery", failure=said)[0]["status"] for said in CERTIFICATES + OTHER_FAILURES}
+    assert told == {said: "critical" for said in CERTIFICATES} | {said: "recommended" for said in OTHER_FAILURES}
+
+
+@pytest.fixture
+def without_curl(site, tmp_path):
+    """Looks at the site with a PHP that lacks the extension, while this code runs before the plugin."""
+    # A PHP of another release reads its settings from the world's own folder only.
+    folder = WORLD_DIR / "etc/php" if (WORLD_DIR / "etc/php").exists() else tmp_path
+    settings = folder / "without_curl.ini"
+    settings.write_text("disable_functions = curl_init, curl_exec")
+
+    def looked_at(code):
+        site.hook(code)
+        command = [WORLD / "wp", site.host, "echo json_encode( brasslet_health_discovery() );"]
+        environment = {**os.environ, "PHP_INI_SCAN_DIR": f":{tmp_path}"}
+        return json.loads(subprocess.run(command, env=environment, capture_output=True, check=True).stdout)
+
+    yield looked_at
+    settings.unlink()
+
+
+# Where PHP has no curl, WordPress asks through streams, which know other words and no numbers.
+@pytest.mark.parametrize("host,status", [
+    ("127.0.0.1", "critical"), ("127.0.0.8", "critical"),
+    ("dead.brasslet.test", "recommended"), ("nowhere.invalid", "recommended"),
+])
+def test_without_curl_a_refused_certificate_is_known_too(site, host, status, without_curl, self_signed):
+    site.set_record(record("alice"))
+    found = without_curl(living_at(host))
+    assert (found["status"], "cURL" in found["description"]) == (status, False)
+    assert (ASK_YOUR_HOST in shown(found)[2]) == (status == "critical")
 
 
 def test_what_the_network_says_is_no_markup(site):
-    result, _ = run(site, "discovery", failure="<b>'\"&</b>")
-    assert "(&lt;b&gt;&#039;&quot;&amp;&lt;/b&gt;)" in result["description"]
+    for said in ("<b>'\"&</b>", "cURL error 60: <b>'\"&</b>"):
+        result, _ = run(site, "discovery", failure=said)
+        assert "&lt;b&gt;&#039;&quot;&amp;&lt;/b&gt;)" in result["description"]
 
 
 @pytest.mark.parametrize("home", ["https://{host}/blog", "https://{host}/blog/"])

@@ -5,8 +5,9 @@ prepare_database() {
     database_folder="$WORLD_DIR/database"
     database_socket="$WORLD_DIR/database.sock"
     local key
-    key=$(key_of "$(version_of mariadb-server wordpress) $newer_wordpress" \
-        "$scripts/database.sh" "$scripts/wordpress.sh" "$scripts"/wordpress/*.php)
+    key=$(key_of "$(version_of mariadb-server) ${WORLD_WORDPRESS-} $(php --version)" \
+        "$scripts/database.sh" "$scripts/wordpress.sh" "$scripts"/wordpress/*.php \
+        "$WORLD_DIR"/sites/*/core/wp-includes/version.php)
     cached database "$key" make_database
     cp -a "$cached_folder" "$database_folder"
 }

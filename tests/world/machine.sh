@@ -2,12 +2,15 @@
 
 # The sites' hosts; README.md says what each of them is. Nothing listens on the address of dead.brasslet.test.
 site_hosts="brasslet.test strip.brasslet.test redirect.brasslet.test newer.brasslet.test net.brasslet.test \
-two.net.brasslet.test folders.brasslet.test below.brasslet.test handed.brasslet.test apart.brasslet.test"
+two.net.brasslet.test folders.brasslet.test below.brasslet.test handed.brasslet.test apart.brasslet.test \
+proxied.brasslet.test unaware.brasslet.test oneworker.brasslet.test"
 
 make_machine() {
     ip link set lo up
     # With loopback addresses alone, programs that ask for what the machine can reach get no name resolved.
     ip address add 198.51.100.1/32 dev lo
+    # What is sent to this address comes to the machine itself, which drops it: nothing comes back, not even a refusal.
+    ip route add 203.0.113.9/32 dev lo
     mount -t tmpfs -o mode=0700 world "$WORLD_DIR"
     mkdir "$WORLD_DIR/etc" "$WORLD_DIR/logs" "$WORLD_DIR/tmp" "$WORLD_DIR/tmp/"{changes,work}
     keep_tmp_private
@@ -15,7 +18,8 @@ make_machine() {
     cat >"$WORLD_DIR/etc/hosts" <<END
 127.0.0.1 localhost $(uname -n)
 127.0.0.1 $site_hosts pay.brasslet.test www.brasslet.test corvane.example
-127.0.0.9 dead.brasslet.test
+127.0.0.9 dead.brasslet.test inward.brasslet.test
+203.0.113.9 silent.brasslet.test
 END
     replace_file /etc/hosts "$WORLD_DIR/etc/hosts"
 

@@ -1,7 +1,9 @@
 # site_folder HOST[/PATH]: the folder, in the world, of the WordPress that answers to this host.
 site_folder() {
     case ${1%%/*} in
-        brasslet.test | strip.brasslet.test | redirect.brasslet.test) echo "$WORLD_DIR/sites/stable" ;;
+        brasslet.test | strip.brasslet.test | redirect.brasslet.test) ;&
+        proxied.brasslet.test | unaware.brasslet.test | oneworker.brasslet.test) ;&
+        inward.brasslet.test | silent.brasslet.test) echo "$WORLD_DIR/sites/stable" ;;
         newer.brasslet.test) echo "$WORLD_DIR/sites/newer" ;;
         net.brasslet.test | *.net.brasslet.test) echo "$WORLD_DIR/sites/domains" ;;
         folders.brasslet.test) echo "$WORLD_DIR/sites/folders" ;;

@@ -16,7 +16,8 @@ WORLD = pathlib.Path(__file__).parent
 RUN_FOLDER = WORLD.parents[1] / "build" / "world"
 BUNDLE = pathlib.Path("/etc/ssl/certs/ca-certificates.crt")
 HOSTS = ["brasslet.test", "strip.brasslet.test", "redirect.brasslet.test", "newer.brasslet.test", "net.brasslet.test",
-         "two.net.brasslet.test", "folders.brasslet.test", "apart.brasslet.test"]
+         "two.net.brasslet.test", "folders.brasslet.test", "apart.brasslet.test", "proxied.brasslet.test",
+         "unaware.brasslet.test", "oneworker.brasslet.test"]
 IN_FOLDERS = ["folders.brasslet.test/second", "below.brasslet.test/blog", "handed.brasslet.test/blog"]
 
 PROBE = """<?php
@@ -73,14 +74,22 @@ def test_the_command_s_exit_status_is_returned():
     assert done.returncode == 37
 
 
+@pytest.mark.parametrize("name", ["WORLD_WORDPRESS", "WORLD_PHP", "WORLD_WEB"])
+def test_a_version_that_the_world_does_not_have_is_refused(name):
+    done = subprocess.run([WORLD / "up", "--no-desktop", "--", "true"], capture_output=True, text=True, check=False,
+                          env={**os.environ, name: "5.6"})
+    assert (done.returncode, done.stderr.split(":")[0]) == (2, name + " is one of")
+
+
 @pytest.mark.parametrize("arguments", [[], ["--"], ["true"], ["--no-desktop"], ["--desktop", "--", "true"]])
 def test_a_wrong_command_line_is_refused(arguments):
     assert subprocess.run([WORLD / "up", *arguments], capture_output=True, check=False).returncode == 2
 
 
-def test_every_site_answers_over_https_under_its_own_address():
+@pytest.mark.parametrize("web", ["nginx", "apache"])
+def test_every_site_answers_over_https_under_its_own_address(web):
     answers = up("".join(f"curl -sS --cacert $WORLD_CA https://{address}/wp-json/; echo\n"
-                         for address in HOSTS + IN_FOLDERS), "--no-desktop").split("\n")
+                         for address in HOSTS + IN_FOLDERS), "--no-desktop", env={**os.environ, "WORLD_WEB": web}).split("\n")
     assert [json.loads(answer)["home"] for answer in answers] == [f"https://{address}" for address in HOSTS + IN_FOLDERS]
 
 
@@ -112,21 +121,24 @@ def test_a_network_has_two_sites_and_a_super_admin_and_the_other_sites_are_none(
         [False, None, [], True]]
 
 
-def test_a_wordpress_lies_below_the_root_of_its_host_in_two_ways():
+@pytest.mark.parametrize("web", ["nginx", "apache"])
+def test_a_wordpress_lies_below_the_root_of_its_host_in_two_ways(web):
     pages = ["below.brasslet.test/blog/wp-login.php", "apart.brasslet.test/wp/wp-login.php",
-             "folders.brasslet.test/second/wp-login.php", "below.brasslet.test/wp-login.php",
-             "apart.brasslet.test/wp-login.php", "below.brasslet.test/"]
-    seen = up("".join(f"curl -sS -o /dev/null -w '%{{http_code}} ' https://{page}\n" for page in pages), "--no-desktop")
-    assert seen.split() == ["200", "200", "200", "404", "404", "403"]
+             "folders.brasslet.test/second/wp-login.php", "below.brasslet.test/wp-admin/install.php",
+             "apart.brasslet.test/wp-admin/install.php", "below.brasslet.test/no-page"]
+    seen = up("".join(f"curl -sS -o /dev/null -w '%{{http_code}} ' https://{page}\n" for page in pages), "--no-desktop",
+              env={**os.environ, "WORLD_WEB": web})
+    assert seen.split() == ["200", "200", "200", "404", "404", "404"]
 
 
-def test_only_one_host_hands_the_document_at_its_root_to_the_wordpress_in_its_folder(tmp_path):
+@pytest.mark.parametrize("web", ["nginx", "apache"])
+def test_only_one_host_hands_the_document_at_its_root_to_the_wordpress_in_its_folder(web, tmp_path):
     (tmp_path / "probe.php").write_text(
         "<?php\n/* Plugin Name: Probe */\nif (!defined('ABSPATH')) exit;\nheader('X-Probe: ' . $_SERVER['REQUEST_URI']);\n")
     asked = up(f"""{WORLD}/install_plugin handed.brasslet.test/blog {tmp_path}/probe.php
         for host in handed below; do
             curl -sSI https://$host.brasslet.test/.well-known/bsvalias | tr -d '\\r' | grep '^X-Probe' || echo none
-        done""", "--no-desktop")
+        done""", "--no-desktop", env={**os.environ, "WORLD_WEB": web})
     assert asked.split("\n") == ["X-Probe: /.well-known/bsvalias", "none"]
 
 
@@ -147,19 +159,43 @@ def test_an_application_password_logs_the_owner_in_and_the_editor_is_no_administ
     assert roles == ['{"roles":["administrator"]}', '{"roles":["editor"]}']
 
 
-@pytest.mark.parametrize("host, seen", [
-    ("brasslet.test", {"HTTP_AUTHORIZATION", "PHP_AUTH_USER", "HTTP_X_BRASSLET_AUTH"}),
-    ("strip.brasslet.test", {"HTTP_X_BRASSLET_AUTH"}),
-    ("redirect.brasslet.test", {"REDIRECT_HTTP_X_BRASSLET_AUTH"}),
-    ("newer.brasslet.test", {"HTTP_AUTHORIZATION", "PHP_AUTH_USER", "HTTP_X_BRASSLET_AUTH"}),
-])
-def test_php_sees_the_credentials_that_the_host_lets_through(host, seen, tmp_path):
+@pytest.mark.parametrize("web, host, seen", [
+    (web, host, seen) for web in ("nginx", "apache") for host, seen in (
+        ("brasslet.test", {"HTTP_AUTHORIZATION", "PHP_AUTH_USER", "HTTP_X_BRASSLET_AUTH"}),
+        ("strip.brasslet.test", {"HTTP_X_BRASSLET_AUTH"}),
+        ("redirect.brasslet.test", {"REDIRECT_HTTP_X_BRASSLET_AUTH"}),
+        ("newer.brasslet.test", {"HTTP_AUTHORIZATION", "PHP_AUTH_USER", "HTTP_X_BRASSLET_AUTH"}),
+    )])
+def test_php_sees_the_credentials_that_the_host_lets_through(web, host, seen, tmp_path):
     (tmp_path / "probe.php").write_text(PROBE)
     answer = up(f"""{WORLD}/install_plugin {host} {tmp_path}/probe.php
         secret=$({WORLD}/app_password {host} owner)
         curl -sS -u owner:$secret -H "X-Brasslet-Auth: Basic $(echo -n owner:$secret | base64 -w0)" \\
-            https://{host}/wp-json/probe/v1/headers""", "--no-desktop")
+            https://{host}/wp-json/probe/v1/headers""", "--no-desktop", env={**os.environ, "WORLD_WEB": web})
     assert set(json.loads(answer)) == seen
+
+
+@pytest.mark.parametrize("host, seen", [
+    ("brasslet.test", "yes https"), ("proxied.brasslet.test", "yes http"), ("unaware.brasslet.test", "no http"),
+])
+def test_wordpress_knows_of_the_tls_that_a_proxy_ended_only_where_the_proxy_says_so(host, seen, tmp_path):
+    (tmp_path / "probe.php").write_text("""<?php
+        /* Plugin Name: Probe */
+        header('X-Probe: ' . (is_ssl() ? 'yes' : 'no') . ' ' . $_SERVER['REQUEST_SCHEME']);""")
+    assert up(f"""{WORLD}/install_plugin {host} {tmp_path}/probe.php
+        curl -sSI https://{host}/wp-json/ | tr -d '\r' | sed -n 's/^X-Probe: //p'""", "--no-desktop") == seen
+
+
+def test_a_site_with_one_process_cannot_ask_itself(tmp_path):
+    (tmp_path / "probe.php").write_text("""<?php
+        /* Plugin Name: Probe */
+        if ($_SERVER['REQUEST_URI'] === '/probe') {
+            $reply = wp_remote_get(home_url('/wp-json/'), ['timeout' => 2]);
+            exit(is_wp_error($reply) ? substr($reply->get_error_message(), 0, 13) : 'answered');
+        }""")
+    assert up(f"""{WORLD}/install_plugin brasslet.test {tmp_path}/probe.php
+        for host in brasslet.test oneworker.brasslet.test; do curl -sS https://$host/probe; echo; done""",
+              "--no-desktop") == "answered\ncURL error 28"
 
 
 def test_a_plugin_that_is_installed_again_counts_at_once(tmp_path):
@@ -230,6 +266,14 @@ def test_names_lead_to_the_machine_itself_and_one_leads_nowhere():
               "curl -s https://dead.brasslet.test/ || echo refused $?; "
               "curl -s --connect-timeout 5 http://192.0.2.10/ || echo no road $?",
               "--no-desktop") == "127.0.0.1\nrefused 7\nno road 7"
+
+
+def test_a_site_can_have_a_name_that_leads_its_own_server_elsewhere():
+    assert up("""for host in inward silent; do
+            curl -s --max-time 2 https://$host.brasslet.test/ || echo none $?
+            curl -sSH "Host: $host.brasslet.test" https://brasslet.test/wp-json/?_fields=home | cut -d, -f1
+        done""", "--no-desktop").split("\n") == [
+        "none 7", '{"home":"https:\\/\\/inward.brasslet.test"', "none 28", '{"home":"https:\\/\\/silent.brasslet.test"']
 
 
 @pytest.mark.parametrize(

@@ -1,101 +1,49 @@
-# nginx on port 443, HTTP/1.1, with a host for every site.
+# The web server on port 443, HTTP/1.1, with a host for every site: nginx, or Apache with WORLD_WEB=apache. The part of
+# its name says how it writes a host down.
+
+. "$scripts/web_${WORLD_WEB:-nginx}.sh"
 
 start_web() {
     mkdir "$WORLD_DIR/web" "$WORLD_DIR/web/hosts" "$WORLD_DIR/makers_page"
-    cat >"$WORLD_DIR/web/nginx.conf" <<END
-# One process that keeps the user it was started as.
-daemon off;
-master_process off;
-pid $WORLD_DIR/web/nginx.pid;
-error_log $WORLD_DIR/logs/web.log;
-events {}
-http {
-  include /etc/nginx/mime.types;
-  log_format world '\$host "\$request" \$status "\$http_user_agent"';
-  access_log $WORLD_DIR/logs/access.log world;
-  client_body_temp_path $WORLD_DIR/web/body;
-  fastcgi_temp_path $WORLD_DIR/web/fastcgi;
-  proxy_temp_path $WORLD_DIR/web/proxy;
-  uwsgi_temp_path $WORLD_DIR/web/uwsgi;
-  scgi_temp_path $WORLD_DIR/web/scgi;
-  client_max_body_size 64m;
-  ssl_certificate $WORLD_DIR/authority/site.pem;
-  ssl_certificate_key $WORLD_DIR/authority/site.key;
-  include $WORLD_DIR/web/hosts/*.conf;
-}
-END
+    configure_web
+    # Credentials travel in the Authorization header; some hosts lose it on the way to PHP, some rename the custom one.
     wordpress_host "brasslet.test pay.brasslet.test www.brasslet.test" stable
     wordpress_host strip.brasslet.test stable lost
     wordpress_host redirect.brasslet.test stable renamed
-    wordpress_host newer.brasslet.test newer
+    [ -n "${WORLD_WORDPRESS-}" ] || wordpress_host newer.brasslet.test newer
     wordpress_host "net.brasslet.test *.net.brasslet.test" domains
     wordpress_host folders.brasslet.test folders
     wordpress_host below.brasslet.test below
     wordpress_host handed.brasslet.test below handed
     wordpress_host apart.brasslet.test apart
+    wordpress_host proxied.brasslet.test stable proxied
+    wordpress_host unaware.brasslet.test stable unaware
+    wordpress_host "inward.brasslet.test silent.brasslet.test" stable resolved
+    wordpress_host oneworker.brasslet.test stable oneworker
     file_host corvane.example "$WORLD_DIR/makers_page"
-    start web nginx -c "$WORLD_DIR/web/nginx.conf" -e "$WORLD_DIR/logs/web.log"
+    start web "${web_server[@]}"
 }
 
-# wordpress_host "HOST..." SITE [HABIT]: these hosts answer with the WordPress of SITE, which takes the first of them for its own
-# name, or that of its network's site. A server's HABIT:
+# Each part has two functions:
+#
+# wordpress_host "HOST..." SITE [HABIT]: these hosts answer with the WordPress of SITE, which takes the first of them for
+# its own name, or that of its network's site. A server's HABIT:
 #   lost      it loses the Authorization header on the way to PHP
 #   renamed   that too, and X-Brasslet-Auth arrives under another name
 #   handed    it hands the discovery document at its root to the WordPress in a folder
-wordpress_host() {
-    local root="$WORLD_DIR/sites/$2/core" front="" to_php=""
-    case $2 in
-        below)
-            root="$WORLD_DIR/sites/below/web"
-            front='location /blog/ { try_files $uri $uri/ /blog/index.php$is_args$args; }'
-            ;;
-        apart) root="$WORLD_DIR/sites/apart/web" ;;&
-        # As WordPress' own documentation has it: the files of a site in a folder are those of the network.
-        folders)
-            front='if (!-e $request_filename) {
-    rewrite /wp-admin$ $scheme://$host$request_uri/ permanent;
-    rewrite ^(/[^/]+)?(/wp-.*) $2 last;
-    rewrite ^(/[^/]+)?(/.*\.php) $2 last;
-  }' ;;&
-        *)
-            front+='
-  location / { try_files $uri $uri/ /index.php$is_args$args; }' ;;
-    esac
-    case ${3-} in
-        lost | renamed) to_php='fastcgi_param HTTP_AUTHORIZATION "" if_not_empty;' ;;&
-        renamed)
-            to_php+='
-    fastcgi_param HTTP_X_BRASSLET_AUTH "" if_not_empty;
-    fastcgi_param REDIRECT_HTTP_X_BRASSLET_AUTH $http_x_brasslet_auth if_not_empty;' ;;
-        handed) front+='
-  location = /.well-known/bsvalias { rewrite ^ /blog/index.php last; }' ;;
-    esac
-    cat >"$WORLD_DIR/web/hosts/${1%% *}.conf" <<END
-server {
-  listen 127.0.0.1:443 ssl;
-  server_name $1;
-  root $root;
-  index index.php;
-  $front
-  location ~ \.php\$ {
-    include /etc/nginx/fastcgi.conf;
-    $to_php
-    fastcgi_pass unix:$php_socket;
-  }
-}
-END
-}
-
+#   proxied   it speaks http behind a proxy that ends TLS and says so in X-Forwarded-Proto
+#   unaware   the same, with a proxy that says nothing
+#   resolved  WordPress takes the host that was asked for its own name
+#   oneworker has a single process for PHP
+#
 # file_host HOST FOLDER: HOST answers with the files of FOLDER, which are pages whatever their names.
-file_host() {
-    cat >"$WORLD_DIR/web/hosts/$1.conf" <<END
-server {
-  listen 127.0.0.1:443 ssl;
-  server_name $1;
-  root $2;
-  default_type text/html;
-}
-END
+
+# root_of SITE: the folder that the server looks for files in.
+root_of() {
+    case $1 in
+        below | apart) echo "$WORLD_DIR/sites/$1/web" ;;
+        *) echo "$WORLD_DIR/sites/$1/core" ;;
+    esac
 }
 
 wait_for_web() {

@@ -1,10 +1,9 @@
 # The WordPress sites: "newer" is the package of a later Debian release, all others are Debian's installed one. They run
 # from their package's files, with a configuration, a content folder (plugins, themes, uploads) and a database of the
-# run's own. README.md says what each of them is.
+# run's own. README.md says what each of them is. With WORLD_WORDPRESS all are that version, and there is no "newer".
 
-newer_wordpress=$(cat "$scripts/newer_wordpress")
-
-sites=(stable newer domains folders below apart)
+sites=(stable domains folders below apart)
+[ -n "${WORLD_WORDPRESS-}" ] || sites+=(newer)
 
 prepare_sites() {
     local site
@@ -20,16 +19,20 @@ prepare_sites() {
 
 # package_of SITE: the folder of the package whose files it runs from.
 package_of() {
-    case $1 in
-        newer) echo "$scripts/../../.deps/newer-wordpress/usr/share/wordpress" ;;
-        *) echo /usr/share/wordpress ;;
+    local version=${WORLD_WORDPRESS:-6.1}
+    if [ "$1" = newer ]; then version=6.8; fi
+    case $version in
+        5.7) echo "$releases/bullseye/usr/share/wordpress" ;;
+        6.1) echo /usr/share/wordpress ;;
+        6.8) echo "$project/.deps/newer-wordpress/usr/share/wordpress" ;;
+        newest) echo "$releases/testing/usr/share/wordpress" ;;
     esac
 }
 
 prepare_site() {
     local site="$WORLD_DIR/sites/$1" package=$2
     if [ ! -f "$package/wp-load.php" ]; then
-        echo "There is no WordPress in $package; run scripts/bootstrap." >&2
+        echo "There is no WordPress in $package; run scripts/bootstrap or tests/world/fetch_release." >&2
         exit 69
     fi
     mkdir -p "$site/core" "$site/content/plugins" "$site/content/uploads" "$site/content/themes"
@@ -45,7 +48,7 @@ prepare_site() {
 
 install_sites() {
     install_site stable brasslet.test
-    install_site newer newer.brasslet.test
+    [ -n "${WORLD_WORDPRESS-}" ] || install_site newer newer.brasslet.test
     install_site domains net.brasslet.test
     add_second_site domains net.brasslet.test two.net.brasslet.test /
     install_site folders folders.brasslet.test

@@ -1,16 +1,24 @@
 <?php
 // The configuration of every WordPress of the world (wp-config.php). The folder that WordPress lies in decides the
-// database and the kind of site; the host that was asked decides the address, which a network keeps in its database.
+// database and the kind of site; the host that was asked decides the address, which "newer" and the networks keep in
+// their database.
 $world_site = basename(dirname(ABSPATH));
 $world_host = $_SERVER['SERVER_NAME'];
 
 // Whether the sites of a network have hosts (true) or folders (false) of their own; null where there is no network.
 $world_network = ['domains' => true, 'folders' => false][$world_site] ?? null;
 
-if ($world_network === null || defined('WORLD_INSTALLING')) {
+// What a proxy that ended TLS says about the request; one that says nothing leaves wp-admin in a circle of redirects
+// unless it may do without.
+if (($_SERVER['HTTP_X_FORWARDED_PROTO'] ?? '') === 'https') {
+    $_SERVER['HTTPS'] = 'on';
+}
+define('FORCE_SSL_ADMIN', $world_host !== 'unaware.brasslet.test');
+
+if (($world_network === null && $world_site !== 'newer') || defined('WORLD_INSTALLING')) {
     define('WP_HOME', "https://$world_host" . (['below' => '/blog'][$world_site] ?? ''));
     define('WP_SITEURL', "https://$world_host" . (['below' => '/blog', 'apart' => '/wp'][$world_site] ?? ''));
-} else {
+} elseif ($world_network !== null) {
     define('MULTISITE', true);
     define('SUBDOMAIN_INSTALL', $world_network);
     define('DOMAIN_CURRENT_SITE', ['domains' => 'net.brasslet.test', 'folders' => 'folders.brasslet.test'][$world_site]);
