@@ -3,7 +3,8 @@
 # The sites' hosts; README.md says what each of them is. Nothing listens on the address of dead.brasslet.test.
 site_hosts="brasslet.test strip.brasslet.test redirect.brasslet.test newer.brasslet.test net.brasslet.test \
 two.net.brasslet.test folders.brasslet.test below.brasslet.test handed.brasslet.test apart.brasslet.test \
-proxied.brasslet.test unaware.brasslet.test oneworker.brasslet.test"
+proxied.brasslet.test unaware.brasslet.test oneworker.brasslet.test xn--bcher-kva.example www.newer.brasslet.test \
+moved.brasslet.test"
 
 make_machine() {
     ip link set lo up

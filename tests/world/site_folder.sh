@@ -2,7 +2,7 @@
 site_folder() {
     case ${1%%/*} in
         brasslet.test | strip.brasslet.test | redirect.brasslet.test) ;&
-        proxied.brasslet.test | unaware.brasslet.test | oneworker.brasslet.test) ;&
+        proxied.brasslet.test | unaware.brasslet.test | oneworker.brasslet.test | xn--bcher-kva.example) ;&
         inward.brasslet.test | silent.brasslet.test) echo "$WORLD_DIR/sites/stable" ;;
         newer.brasslet.test) echo "$WORLD_DIR/sites/newer" ;;
         net.brasslet.test | *.net.brasslet.test) echo "$WORLD_DIR/sites/domains" ;;

@@ -17,7 +17,7 @@ RUN_FOLDER = WORLD.parents[1] / "build" / "world"
 BUNDLE = pathlib.Path("/etc/ssl/certs/ca-certificates.crt")
 HOSTS = ["brasslet.test", "strip.brasslet.test", "redirect.brasslet.test", "newer.brasslet.test", "net.brasslet.test",
          "two.net.brasslet.test", "folders.brasslet.test", "apart.brasslet.test", "proxied.brasslet.test",
-         "unaware.brasslet.test", "oneworker.brasslet.test"]
+         "unaware.brasslet.test", "oneworker.brasslet.test", "xn--bcher-kva.example"]
 IN_FOLDERS = ["folders.brasslet.test/second", "below.brasslet.test/blog", "handed.brasslet.test/blog"]
 
 PROBE = """<?php
@@ -184,6 +184,14 @@ def test_wordpress_knows_of_the_tls_that_a_proxy_ended_only_where_the_proxy_says
         header('X-Probe: ' . (is_ssl() ? 'yes' : 'no') . ' ' . $_SERVER['REQUEST_SCHEME']);""")
     assert up(f"""{WORLD}/install_plugin {host} {tmp_path}/probe.php
         curl -sSI https://{host}/wp-json/ | tr -d '\r' | sed -n 's/^X-Probe: //p'""", "--no-desktop") == seen
+
+
+@pytest.mark.parametrize("web", ["nginx", "apache"])
+def test_two_hosts_send_every_request_on(web):
+    ask = "curl -sS -o /dev/null -w '%{http_code} %{redirect_url}\\n' "
+    seen = up(f"{ask} https://www.newer.brasslet.test/a/b?c=d\n{ask} -d x=y https://moved.brasslet.test/", "--no-desktop",
+              env={**os.environ, "WORLD_WEB": web})
+    assert seen.split("\n") == ["301 https://newer.brasslet.test/a/b?c=d", "301 https://brasslet.test/"]
 
 
 def test_a_site_with_one_process_cannot_ask_itself(tmp_path):

@@ -20,11 +20,14 @@ start_web() {
     wordpress_host unaware.brasslet.test stable unaware
     wordpress_host "inward.brasslet.test silent.brasslet.test" stable resolved
     wordpress_host oneworker.brasslet.test stable oneworker
+    wordpress_host xn--bcher-kva.example stable
+    redirect_host www.newer.brasslet.test newer.brasslet.test
+    redirect_host moved.brasslet.test brasslet.test
     file_host corvane.example "$WORLD_DIR/makers_page"
     start web "${web_server[@]}"
 }
 
-# Each part has two functions:
+# Each part has three functions:
 #
 # wordpress_host "HOST..." SITE [HABIT]: these hosts answer with the WordPress of SITE, which takes the first of them for
 # its own name, or that of its network's site. A server's HABIT:
@@ -35,6 +38,8 @@ start_web() {
 #   unaware   the same, with a proxy that says nothing
 #   resolved  WordPress takes the host that was asked for its own name
 #   oneworker has a single process for PHP
+#
+# redirect_host HOST OTHER: HOST sends every request on to the same path of OTHER, for good (301).
 #
 # file_host HOST FOLDER: HOST answers with the files of FOLDER, which are pages whatever their names.
 

@@ -107,6 +107,16 @@ proxy_host() {
 END
 }
 
+redirect_host() {
+    cat >"$WORLD_DIR/web/hosts/$1.conf" <<END
+<VirtualHost 127.0.0.1:443>
+  ServerName $1
+  RewriteEngine On
+  RewriteRule ^ https://$2%{REQUEST_URI} [R=301,L]
+</VirtualHost>
+END
+}
+
 file_host() {
     cat >"$WORLD_DIR/web/hosts/$1.conf" <<END
 <VirtualHost 127.0.0.1:443>

@@ -85,6 +85,16 @@ server {
 END
 }
 
+redirect_host() {
+    cat >"$WORLD_DIR/web/hosts/$1.conf" <<END
+server {
+  listen 127.0.0.1:443 ssl;
+  server_name $1;
+  return 301 https://$2\$request_uri;
+}
+END
+}
+
 file_host() {
     cat >"$WORLD_DIR/web/hosts/$1.conf" <<END
 server {
