@@ -46,7 +46,6 @@ wordpress_host() {
             lost+=$'\n  RequestHeader unset X-Brasslet-Auth' ;;
         handed) handed='RewriteRule ^/\.well-known/bsvalias$ /blog/index.php [L]' ;;
     esac
-    front="RewriteRule . ${base}index.php [L]"
     case $2 in
         folders) front='RewriteRule ^([_0-9a-zA-Z-]+/)?wp-admin$ $1wp-admin/ [R=301,L]
     RewriteCond %{REQUEST_FILENAME} -f [OR]
@@ -57,7 +56,7 @@ wordpress_host() {
     RewriteRule . index.php [L]' ;;
         *) front="RewriteCond %{REQUEST_FILENAME} !-f
     RewriteCond %{REQUEST_FILENAME} !-d
-    $front" ;;
+    RewriteRule . ${base}index.php [L]" ;;
     esac
     local names=($1)
     cat >"$WORLD_DIR/web/hosts/${1%% *}.conf" <<END
