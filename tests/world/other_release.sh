@@ -16,9 +16,10 @@ open_release() {
     rm -rf "$apt"
     mkdir -p "$apt/state/lists/partial" "$apt/cache/archives/partial"
     echo "deb [signed-by=/usr/share/keyrings/debian-archive-keyring.gpg] $mirror $suite main" >"$apt/sources.list"
+    touch "$apt/status"
     cat >"$apt/apt.conf" <<END
 Dir::State "$apt/state";
-Dir::State::status "/dev/null";
+Dir::State::status "$apt/status";
 Dir::Cache "$apt/cache";
 Dir::Etc::sourcelist "$apt/sources.list";
 Dir::Etc::sourceparts "/dev/null";

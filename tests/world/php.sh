@@ -17,7 +17,7 @@ prepare_php() {
     local number fpm loader libraries
     fpm=$(echo "$release"/usr/sbin/php-fpm[0-9]*)
     number=${fpm##*-fpm}
-    loader=$(find "$release" -name 'ld-linux*.so.*' -path '*/lib/*-linux-gnu/*')
+    loader=$(compgen -G "$release/lib/*-linux-gnu/ld-linux*.so.*" || compgen -G "$release/usr/lib/*-linux-gnu/ld-linux*.so.*")
     libraries=${loader%/*}:$release/usr/lib/$(basename "${loader%/*}")
     load_extensions "$release" "$number"
     local run=(env "PHP_INI_SCAN_DIR=$WORLD_DIR/etc/php" "OPENSSL_CONF=$release/etc/ssl/openssl.cnf"

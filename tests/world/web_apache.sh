@@ -53,7 +53,6 @@ wordpress_host() {
         resolved) name=Off ;;
         oneworker) socket="$php_socket.one" ;;
     esac
-    front="RewriteRule . ${base}index.php [L]"
     case $2 in
         folders) front='RewriteRule ^([_0-9a-zA-Z-]+/)?wp-admin$ $1wp-admin/ [R=301,L]
     RewriteCond %{REQUEST_FILENAME} -f [OR]
@@ -64,7 +63,7 @@ wordpress_host() {
     RewriteRule . index.php [L]' ;;
         *) front="RewriteCond %{REQUEST_FILENAME} !-f
     RewriteCond %{REQUEST_FILENAME} !-d
-    $front" ;;
+    RewriteRule . ${base}index.php [L]" ;;
     esac
     local names=($1)
     cat >"$WORLD_DIR/web/hosts/${1%% *}.conf" <<END
