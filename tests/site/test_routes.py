@@ -11,8 +11,8 @@ def test_wordpress_lists_exactly_these_routes(site):
     assert {route: [endpoint["methods"] for endpoint in about["endpoints"]] for route, about in listed.items()} == {
         "/brasslet/v1/status": [["GET"]],
         "/brasslet/v1/name": [["POST"], ["DELETE"]],
-        r"/brasslet/v1/id/(?P<alias>[A-Za-z0-9._+\-]+)": [["GET"]],
-        r"/brasslet/v1/address/(?P<alias>[A-Za-z0-9._+\-]+)": [["GET", "POST"]],
+        r"/brasslet/v1/id/(?P<alias>[A-Za-z0-9._+\-%]+)": [["GET"]],
+        r"/brasslet/v1/address/(?P<alias>[A-Za-z0-9._+\-%]+)": [["GET", "POST"]],
         "/brasslet/v1/health": [["GET"]],
     }
 
