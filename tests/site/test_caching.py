@@ -39,6 +39,24 @@ def test_a_refused_login_is_not_stored(site):
         assert reply.headers["Cache-Control"] == "no-store"
 
 
+@pytest.mark.parametrize("path,status", [
+    ("/wp-json/brasslet/v1/id/alice", 200), ("/wp-json/brasslet/v1/id/carol", 404), ("/wp-json/brasslet/v1/name", 404),
+])
+def test_an_answer_in_an_envelope_is_not_stored_either(site, path, status):
+    site.set_record(record("alice"))
+    for headers in (None, site.login_headers()):
+        reply = site.request("GET", path + "?_envelope", headers=headers)
+        assert (reply.status_code, reply.json()["status"]) == (200, status)
+        assert reply.headers["Cache-Control"] == "no-store"
+        assert reply.json()["headers"]["Cache-Control"] == "no-store"
+
+
+def test_what_wordpress_answers_before_it_asks_the_plugin_is_not_stored_either(site):
+    reply = site.get("/status?_jsonp=a-b")
+    assert (reply.status_code, reply.json()["code"]) == (400, "rest_callback_invalid")
+    assert reply.headers["Cache-Control"] == "no-store"
+
+
 @pytest.mark.parametrize("path", [
     "/wp-json/", "/wp-json/wp/v2/types", "/wp-json/wp/v2/none", "/wp-json/other/brasslet/v1",
     "/wp-json/brassletx/v1/id/alice",

@@ -93,7 +93,36 @@ def test_an_unknown_name_in_a_post_is_no_paymail(site):
     assert (reply.status_code, reply.text) == (404, NO_PAYMAIL)
 
 
-@pytest.mark.parametrize("tail", ["", "a@b", "a%20b", "%3Cb%3E", "a/b", "%C3%A4", "a%0A", "'"])
+@pytest.mark.parametrize("given", ["a%2Bb", "a%2bb", "A%2BB", "%61%2B%62", "a+b"])
+def test_a_name_is_found_in_every_spelling_of_its_path(site, given):
+    site.set_record({"rows": [row("a b"), row("a+b", OTHER_PUBKEY, OTHER_ADDRESS), row("a%2bb")]})
+    assert site.get("/id/" + given).text == key_body(site, "a+b", OTHER_PUBKEY)
+    for method in ("GET", "POST"):
+        reply = site.request(method, "/wp-json/brasslet/v1/address/" + given)
+        assert (reply.status_code, reply.text) == (200, address_body(OTHER_ADDRESS))
+
+
+@pytest.mark.parametrize("nonsense", [
+    "%zz", "a%", "a%2", "%2500", "%25zz", "a%20", "%20a", "a%0A", "%C3%A4", "%FF%FE", "%3Cb%3E", "a%252Bb",
+    "a%2540b", "%" * 200,
+])
+def test_nonsense_in_a_path_is_no_paymail(site, nonsense):
+    site.set_record(record("a", "a+b", "b"))
+    for route in ("/id/", "/address/"):
+        reply = site.get(route + nonsense)
+        assert (reply.status_code, reply.text) == (404, NO_PAYMAIL)
+
+
+@pytest.mark.parametrize("nonsense", ["%00", "a%00", "%zz", "%FF", "a%0A"])
+def test_nonsense_that_a_web_server_lets_through_is_no_paymail(site, nonsense):
+    site.set_record(record("a"))
+    for route in ("id", "address"):
+        path = f"/brasslet/v1/{route}/{nonsense}".replace("%", "%25")
+        reply = site.request("GET", "/?rest_route=" + path)
+        assert (reply.status_code, reply.text) == (404, NO_PAYMAIL)
+
+
+@pytest.mark.parametrize("tail", ["", "a@b", "a/b", "'"])
 def test_what_cannot_be_an_alias_is_no_route(site, tail):
     site.set_record(record("a", "b"))
     for route in ("/id/", "/address/"):

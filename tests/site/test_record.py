@@ -220,7 +220,7 @@ def test_writing_takes_the_rows_in_their_order_and_skips_one_without_an_alias(si
             'x'   => array( 'alias' => '', 'pubkey' => 'k' ),
             'y'   => array( 'pubkey' => 'k' ),
             'abe' => array( 'house' => 'h', 'address' => 'a', 'pubkey' => 'k', 'alias' => 'abe', 'more' => 'm' ),
-        ) );
+        ), null );
     """)
     assert site.record() == {"rows": [row("zoe", "", "", ""), row("abe", "k", "a", "h")]}
     assert list(site.record()["rows"][1]) == ["alias", "pubkey", "address", "house"]

@@ -47,6 +47,7 @@ define('FS_METHOD', 'direct');
 define('WP_HTTP_BLOCK_EXTERNAL', true);
 define('DISABLE_WP_CRON', true);
 define('AUTOMATIC_UPDATER_DISABLED', true);
+define('WP_CACHE', is_file(ABSPATH . 'wp-content/advanced-cache.php'));
 define('WP_DEBUG', true);
 define('WP_DEBUG_DISPLAY', false);
 
