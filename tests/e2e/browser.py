@@ -7,6 +7,7 @@ import subprocess
 import tempfile
 
 from selenium import webdriver
+from selenium.common.exceptions import StaleElementReferenceException
 from selenium.webdriver.chrome.service import Service
 from selenium.webdriver.common.by import By
 from selenium.webdriver.support import expected_conditions as until
@@ -65,7 +66,9 @@ class Browser:
         field.send_keys(text)
 
     def wait_for_text(self, text: str) -> None:
-        WebDriverWait(self._driver, SECONDS).until(lambda _: self.shows(text))
+        # While a page gives way to the next one, what was found in it is gone.
+        gone = [StaleElementReferenceException]
+        WebDriverWait(self._driver, SECONDS, ignored_exceptions=gone).until(lambda _: self.shows(text))
 
     def open(self, url: str) -> None:
         self._driver.get(url)
@@ -111,6 +114,9 @@ class Browser:
         self.wait_for_text("Plugin activated.")
 
     def follow_link(self, text: str) -> None:
+        # WordPress moves its notices while a page loads.
+        WebDriverWait(self._driver, SECONDS).until(
+            lambda driver: driver.execute_script("return document.readyState") == "complete")
         WebDriverWait(self._driver, SECONDS).until(until.element_to_be_clickable((By.LINK_TEXT, text))).click()
 
     def choose_pretty_permalinks(self) -> None:
