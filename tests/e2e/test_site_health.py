@@ -16,7 +16,7 @@ NOT_CHECKED = "Your server cannot check whether wallets can read your payment na
 LOOK_YOURSELF = 'Open the link below in a browser: if it shows "bsvalias", wallets see that too.'
 
 PUBLISH = """
-    brasslet_put_rows( array( array(
+    brasslet_change( fn() => array( array(
         'alias'   => 'alice',
         'pubkey'  => '0279be667ef9dcbbac55a06295ce870b07029bfcdb2dce28d959f2815b16f81798',
         'address' => '1BgGZ9tcN4rm9KBzDn7KprQz87SZ26SAMH',
