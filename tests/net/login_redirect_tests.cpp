@@ -159,12 +159,18 @@ TEST_F(LoginRedirect, TheLoginStandsInNoReply)
 
 TEST_F(LoginRedirect, SeeOtherOnTheSameSiteIsAnAnswerOfItsOwn)
 {
-    server.answer(std::string("POST ") + kPath, redirect_to("/x", 303));
-    const HttpReply reply = send("POST", "brasslet.test");
-    EXPECT_EQ(reply.status, 303);
-    EXPECT_EQ(reply.error, "");
-    EXPECT_EQ(sent_on_message(reply), L"");
-    EXPECT_EQ(server.requests().size(), 1U);
+    for (const std::string method : {"POST", "DELETE"})
+        for (const std::string host : {"brasslet.test", "www.brasslet.test"})
+            for (const std::string& location :
+                 {std::string(kPath), std::string("/x"), std::string("https://brasslet.test/x"),
+                  std::string("https://www.brasslet.test/x")}) {
+                server.answer(method + " " + kPath, redirect_to(location, 303));
+                const HttpReply reply = send(method, host);
+                EXPECT_EQ(reply.status, 303);
+                EXPECT_EQ(reply.error, "");
+                EXPECT_EQ(sent_on_message(reply), L"");
+                EXPECT_THAT(new_requests(), ElementsAre(whole_request(method, host, kPath))) << location;
+            }
 }
 
 TEST_F(LoginRedirect, OneWwwMoreThanTheTypedHostIsTheMost)
