@@ -4,13 +4,25 @@
 class WP_Object_Cache {
 	private $redis;
 	private $copies     = array();
-	private $global     = array();
 	private $not_stored = array( 'counts' => true, 'plugins' => true );
 
 	public function __construct() {
-		$this->redis = new Redis();
-		$this->redis->connect( getenv( 'WORLD_DIR' ) . '/redis.sock' );
-		$this->redis->setOption( Redis::OPT_SERIALIZER, Redis::SERIALIZER_PHP );
+		$this->redis = stream_socket_client( 'unix://' . getenv( 'WORLD_DIR' ) . '/redis.sock' );
+	}
+
+	// Redis' own protocol (RESP), so that every PHP can speak it.
+	private function ask( ...$words ) {
+		$request = '*' . count( $words ) . "\r\n";
+		foreach ( $words as $word ) {
+			$request .= '$' . strlen( $word ) . "\r\n$word\r\n";
+		}
+		fwrite( $this->redis, $request );
+		$reply = rtrim( fgets( $this->redis ) );
+		if ( '$' !== $reply[0] ) {
+			return $reply;
+		}
+		$length = (int) substr( $reply, 1 );
+		return $length < 0 ? null : substr( stream_get_contents( $this->redis, $length + 2 ), 0, -2 );
 	}
 
 	public function key( $key, $group ) {
@@ -24,13 +36,13 @@ class WP_Object_Cache {
 			$value = $this->copies[ $id ];
 			return is_object( $value ) ? clone $value : $value;
 		}
-		$stored = isset( $this->not_stored[ $group ] ) ? false : $this->redis->get( $id );
-		if ( ! is_array( $stored ) ) {
+		$stored = isset( $this->not_stored[ $group ] ) ? null : $this->ask( 'GET', $id );
+		if ( null === $stored ) {
 			$found = false;
 			return false;
 		}
-		$this->copies[ $id ] = $stored[0];
-		return $stored[0];
+		$this->copies[ $id ] = unserialize( $stored );
+		return $this->copies[ $id ];
 	}
 
 	public function set( $key, $value, $group, $seconds ) {
@@ -39,20 +51,19 @@ class WP_Object_Cache {
 		if ( isset( $this->not_stored[ $group ] ) ) {
 			return true;
 		}
-		return $seconds > 0
-			? $this->redis->setex( $id, $seconds, array( $value ) )
-			: $this->redis->set( $id, array( $value ) );
+		$limit = $seconds > 0 ? array( 'EX', (string) $seconds ) : array();
+		return '+OK' === $this->ask( 'SET', $id, serialize( $value ), ...$limit );
 	}
 
 	public function delete( $key, $group ) {
 		$id = $this->key( $key, $group );
 		unset( $this->copies[ $id ] );
-		return $this->redis->del( $id ) > 0;
+		return ':1' === $this->ask( 'DEL', $id );
 	}
 
 	public function flush() {
 		$this->copies = array();
-		return $this->redis->flushDB();
+		return '+OK' === $this->ask( 'FLUSHDB' );
 	}
 
 	public function do_not_store( $groups ) {

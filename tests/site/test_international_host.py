@@ -1,6 +1,5 @@
 """A site whose name is not ASCII: names, keys and URLs carry the form of its host that wallets compare."""
 
-import json
 import subprocess
 
 import pytest
@@ -67,8 +66,8 @@ def test_a_php_without_its_extension_for_such_text_encodes_what_is_in_lower_case
         function home_url() { return 'https://b\u00fccher.example/Blog/'; }
         function wp_parse_url( $url, $part ) { return parse_url( $url, $part ); }
         function untrailingslashit( $text ) { return rtrim( $text, '/' ); }
-        foreach ( array( 'library/Requests.php', 'src/Autoload.php', 'Exception.php', 'IDNAEncoder.php' ) as $file ) {
-            if ( is_file( ABSPATH . "wp-includes/Requests/$file" ) && 'library/Requests.php' !== $file ) {
+        foreach ( array( 'src/Autoload.php', 'Exception.php', 'IDNAEncoder.php' ) as $file ) {
+            if ( is_file( ABSPATH . "wp-includes/Requests/$file" ) ) {
                 require_once ABSPATH . "wp-includes/Requests/$file";
             }
         }
@@ -76,8 +75,8 @@ def test_a_php_without_its_extension_for_such_text_encodes_what_is_in_lower_case
             WpOrg\\Requests\\Autoload::register();
         }
         require $argv[2];
-        echo json_encode( array( function_exists( 'mb_strtolower' ), brasslet_host(), brasslet_root() ) );
+        echo function_exists( 'mb_strtolower' ) ? 'extended' : 'bare', ' ', brasslet_host(), ' ', brasslet_root();
     """
     command = ["php", "-n", "-r", script, site.php("return ABSPATH;"), plugin_file]
     done = subprocess.run(command, capture_output=True, text=True, check=True)
-    assert json.loads(done.stdout) == [False, "xn--bcher-kva.example", "https://xn--bcher-kva.example/Blog"]
+    assert done.stdout == "bare xn--bcher-kva.example https://xn--bcher-kva.example/Blog"

@@ -103,8 +103,7 @@ def test_a_name_is_found_in_every_spelling_of_its_path(site, given):
 
 
 @pytest.mark.parametrize("nonsense", [
-    "%zz", "a%", "a%2", "%2500", "%25zz", "a%20", "%20a", "a%0A", "%C3%A4", "%FF%FE", "%3Cb%3E", "a%252Bb",
-    "a%2540b", "%" * 200,
+    "%2500", "%25zz", "a%20", "%20a", "%C3%A4", "%FF%FE", "%3Cb%3E", "a%252Bb", "a%2540b", "%25" * 200,
 ])
 def test_nonsense_in_a_path_is_no_paymail(site, nonsense):
     site.set_record(record("a", "a+b", "b"))
@@ -113,8 +112,8 @@ def test_nonsense_in_a_path_is_no_paymail(site, nonsense):
         assert (reply.status_code, reply.text) == (404, NO_PAYMAIL)
 
 
-@pytest.mark.parametrize("nonsense", ["%00", "a%00", "%zz", "%FF", "a%0A"])
-def test_nonsense_that_a_web_server_lets_through_is_no_paymail(site, nonsense):
+@pytest.mark.parametrize("nonsense", ["%00", "a%00", "%zz", "%", "a%", "a%2", "%FF", "a%0A", "%" * 200])
+def test_nonsense_that_web_servers_refuse_is_no_paymail_either(site, nonsense):
     site.set_record(record("a"))
     for route in ("id", "address"):
         path = f"/brasslet/v1/{route}/{nonsense}".replace("%", "%25")

@@ -97,14 +97,6 @@ def test_the_header_has_its_fields_in_order(plugin_file):
     assert comment.startswith("<?php\n/**\n")
 
 
-def test_wordpress_reads_that_its_directory_is_not_asked_for_updates(site):
-    found = site.php("""
-        require_once ABSPATH . 'wp-admin/includes/plugin.php';
-        return get_plugin_data( WP_PLUGIN_DIR . '/brasslet/brasslet.php', false, false );
-    """)
-    assert (found["Name"], found["Version"], found["UpdateURI"]) == ("Brasslet", "0.001", "false")
-
-
 def test_every_value_of_the_build_is_filled_in(plugin_file):
     text = plugin_file.read_text()
     assert "BRASSLET_HOUSE_DOMAIN" not in text

@@ -66,6 +66,12 @@ def test_a_user_of_the_database_who_may_not_update_changes_nothing(site, limited
     assert site.php(LOCK) is None
 
 
+def test_a_site_that_shows_the_errors_of_its_database_still_answers_json(site, limited):
+    limited("REVOKE UPDATE ON ALL_TABLES FROM limited@localhost")
+    site.hook(AS_LIMITED_USER + "$wpdb->show_errors();")
+    assert_nothing_is_taken(site)
+
+
 def test_a_read_only_database_changes_nothing_until_it_may_be_written_again(site, limited):
     limited("SET GLOBAL read_only = 1")
     try:

@@ -1,5 +1,6 @@
 """WordPress never offers a stranger's plugin of the same name as an update of this one."""
 
+import json
 import re
 
 import pytest
@@ -64,6 +65,10 @@ def neighbour(site):
     site.php("delete_site_transient( 'update_plugins' );")
 
 
+def knows_update_uri(site):
+    return site.php("return version_compare( $GLOBALS['wp_version'], '5.8', '>=' );")
+
+
 def plugins_page(site):
     """The page Plugins, as the administrator sees it."""
     login = {"log": site.admin.login, "pwd": site.admin.account_password, "testcookie": "1"}
@@ -102,7 +107,8 @@ def test_what_the_directory_answers_is_not_shown_either(neighbour):
     neighbour.hook(DIRECTORY)
     assert offered(plugins_page(neighbour)) == ["Other"]
     asked = neighbour.php("return file_get_contents( getenv( 'WORLD_DIR' ) . '/asked' );")
-    assert '"UpdateURI":"false"' in asked
+    assert OWN in json.loads(asked)["plugins"]
+    assert ('"UpdateURI":"false"' in asked) == knows_update_uri(neighbour)
 
 
 def test_nothing_is_installed_over_this_file_on_its_own(neighbour):
@@ -110,6 +116,15 @@ def test_nothing_is_installed_over_this_file_on_its_own(neighbour):
     neighbour.php(PLANT, True)
     listed = neighbour.php("return array_keys( get_site_transient( 'update_plugins' )->response );")
     assert listed == [OTHER]
+
+
+def test_the_file_says_where_its_updates_are_not(site):
+    found = site.php("""
+        require_once ABSPATH . 'wp-admin/includes/plugin.php';
+        return get_plugin_data( WP_PLUGIN_DIR . '/brasslet/brasslet.php', false, false );
+    """)
+    assert (found["Name"], found["Version"]) == ("Brasslet", "0.001")
+    assert found.get("UpdateURI") == ("false" if knows_update_uri(site) else None)
 
 
 @pytest.mark.parametrize("offers", ["false", "null", "new stdClass()", "(object) array( 'response' => null )", "array( 5 )"])
