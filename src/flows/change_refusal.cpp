@@ -4,9 +4,9 @@
 
 std::wstring change_refusal(const HttpReply& reply)
 {
-    const std::wstring sent_on = sent_on_message(reply);
+    std::wstring sent_on = sent_on_message(reply);
     if (!sent_on.empty()) return sent_on;
-    const std::wstring refusal = refusal_message(reply);
+    std::wstring refusal = refusal_message(reply);
     if (!refusal.empty()) return refusal;
     return reply.status == 404 ? L"Install the plugin first." : L"";
 }
