@@ -9,8 +9,8 @@ from executable import EXE, ROOT, RT_MANIFEST, RT_RCDATA, TWIN, opened, resource
 
 WINDOWS_OWN = {
     "advapi32.dll", "bcrypt.dll", "comctl32.dll", "crypt32.dll", "dwmapi.dll", "gdi32.dll", "kernel32.dll",
-    "msimg32.dll", "msvcrt.dll", "ole32.dll", "secur32.dll", "shcore.dll", "shell32.dll", "user32.dll", "uxtheme.dll",
-    "ws2_32.dll",
+    "msimg32.dll", "msvcrt.dll", "normaliz.dll", "ole32.dll", "secur32.dll", "shcore.dll", "shell32.dll", "user32.dll",
+    "uxtheme.dll", "ws2_32.dll",
 }
 
 
