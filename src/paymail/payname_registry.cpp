@@ -4,6 +4,7 @@
 #include "paymail/payname_rules.h"
 #include "platform/files.h"
 #include "text/ascii.h"
+#include "text/exact_json.h"
 #include "text/json.h"
 #include "wallet_bridge/data_directory.h"
 #include "wallet_bridge/wallet_identity.h"
@@ -23,12 +24,11 @@ std::string registry_path()
 // The older forms are written back with more around them: rows that could then not be read again are none.
 json rewritable(json rows)
 {
-    return parse_json(pretty_json({{"names", rows}})).is_discarded() ? json::array() : rows;
+    return parse_exact_json(pretty_exact_json({{"names", rows}})).is_discarded() ? json::array() : rows;
 }
 
-json rows_of(const std::string& text)
+json rows_of(json document)
 {
-    json document = parse_json(text);
     if (document.is_object()) {
         if (const auto names = document.find("names"); names != document.end() && names->is_array())
             return std::move(*names);
@@ -42,7 +42,7 @@ std::optional<json> readable_paynames()
 {
     const std::optional<std::string> text = read_file(registry_path());
     if (!text) return file_status(registry_path()) == FileStatus::missing ? std::optional(json::array()) : std::nullopt;
-    return rows_of(*text);
+    return rows_of(parse_exact_json(*text));
 }
 
 bool is_row_of(const json& row, const std::string& lower_case_paymail)
@@ -75,13 +75,13 @@ bool is_shown(const std::string& paymail)
 
 json load_paynames()
 {
-    return rows_of(read_file(registry_path()).value_or(std::string()));
+    return rows_of(parse_exact_json(read_file(registry_path()).value_or("")));
 }
 
 bool save_paynames(const json& rows)
 {
     const std::string path = registry_path();
-    const std::string text = pretty_json({{"names", rows}});
+    const std::string text = pretty_exact_json({{"names", rows}});
     if (read_file(path) == text) return true;
     return create_folders(parent_folder(path)) && rewrite_in_place(path, text);
 }
@@ -120,7 +120,8 @@ void remove_payname(const std::string& paymail)
 std::string names_of_wallet(const std::string& key, const std::string& address)
 {
     if (key.size() != 66 || address.size() < 26) return {};
-    const json rows = load_paynames();
+    // Nothing of these rows is written again.
+    const json rows = rows_of(parse_json(read_file(registry_path()).value_or("")));
     std::string names;
     for (const json& row : rows) {
         if (!is(member_text(row, "pubkey"), key) || !is(member_text(row, "address"), address)) continue;

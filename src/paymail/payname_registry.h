@@ -13,7 +13,7 @@ struct PaynameRecord {
     std::string address;  // Base58Check
 };
 
-nlohmann::json load_paynames();                   // array of rows, possibly empty; never fails
+nlohmann::json load_paynames();                   // array of rows, possibly empty, as of parse_exact_json; never fails
 bool save_paynames(const nlohmann::json& rows);   // false when the file cannot be written
 bool keep_payname(const PaynameRecord& record);   // adds it, or updates its row in place
 void remove_payname(const std::string& paymail);  // deletes the file when the last row goes

@@ -3,6 +3,7 @@
 #include "build_values.h"
 #include "platform/files.h"
 #include "text/ascii.h"
+#include "text/exact_json.h"
 #include "text/json.h"
 #include "wallet_bridge/data_directory.h"
 
@@ -29,7 +30,7 @@ std::string registry_path()
 
 json object_of(const std::string& text)
 {
-    json document = parse_json(text);
+    json document = parse_exact_json(text);
     return document.is_object() ? document : json::object();
 }
 
@@ -47,7 +48,7 @@ bool save(const Registry& registry)
     if (!registry.on_disk && file_status(path) != FileStatus::missing) return false;
     if (registry.on_disk.value_or(json::object()) == registry.document) return true;
     create_folders(data_directory());
-    return rewrite_in_place(path, pretty_json(registry.document));
+    return rewrite_in_place(path, pretty_exact_json(registry.document));
 }
 
 Registry load()

@@ -1,6 +1,7 @@
 #include "wallet_bridge/wallet_registry.h"
 
 #include "platform/files.h"
+#include "text/exact_json.h"
 #include "text/json.h"
 #include "wallet_bridge/data_directory.h"
 #include "wallet_bridge/registry_lock.h"
@@ -18,7 +19,7 @@ std::string registry_path()
 
 json read_registry()
 {
-    json registry = parse_json(read_file(registry_path()).value_or(""));
+    json registry = parse_exact_json(read_file(registry_path()).value_or(""));
     if (!registry.is_object()) registry = json::object();
     json& wallets = registry["wallets"];
     if (!wallets.is_array()) wallets = json::array();
@@ -33,7 +34,7 @@ bool is_registry_within_reach()
 bool write_registry(const json& registry)
 {
     const std::string path = registry_path();
-    const std::string text = pretty_json(registry);
+    const std::string text = pretty_exact_json(registry);
     if (read_file(path) == text) return true;
 
     create_folders(data_directory());

@@ -12,7 +12,8 @@ struct WalletEntry {
     std::string name;  // to show; the id when the registry gives none
 };
 
-// An object whose "wallets" is an array, whatever stands in the file: a missing, unreadable or malformed file reads as
+// As parse_exact_json gives it, an object whose "wallets" is an array, whatever stands in the file: a missing,
+// unreadable or malformed file reads as
 // {"wallets": []}. The caller holds the lock.
 nlohmann::json read_registry();
 

@@ -244,3 +244,32 @@ TEST(HouseRegistry, AFileThatCannotBeWrittenIsReported)
     EXPECT_EQ(register_house_label("ann", "02ab", ""), "could not write paymail registry");
     EXPECT_EQ(set_house_avatar("02ab", "p_0"), "could not write paymail registry");
 }
+
+TEST(HouseRegistry, DigitsOfOtherMembersStayAsTheyStand)
+{
+    const TestFolder folder;
+    folder.write(kFile, R"({"names":{"ann":{"pubkey":"02ab","since":123456789012345678901234567890}},)"
+                        R"("scale":0.10,"power":1E+2,"minus":-0})");
+    set_house_ord_address("02AB", "1ord");
+    EXPECT_EQ(folder.read(kFile), R"({
+  "minus": -0,
+  "names": {
+    "ann": {
+      "ordAddress": "1ord",
+      "pubkey": "02ab",
+      "since": 123456789012345678901234567890
+    }
+  },
+  "power": 1E+2,
+  "scale": 0.10
+})");
+}
+
+TEST(HouseRegistry, AValueThatOnlyReadsTheSameIsNotWrittenAgain)
+{
+    const TestFolder folder;
+    const std::string text = R"({"names":{"ann":{"ordAddress":"1ord","pubkey":"02ab"}},"scale":1.50})";
+    folder.write(kFile, text);
+    set_house_ord_address("02ab", "1ord");
+    EXPECT_EQ(folder.read(kFile), text);
+}

@@ -160,3 +160,28 @@ TEST(PaynameRegistry, NothingIsTheNameOfATextThatIsNoKeyOrNoAddress)
     EXPECT_EQ(names_of_wallet("short", address), "");
     EXPECT_EQ(names_of_wallet(key, "short"), "");
 }
+
+TEST(PaynameRegistry, DigitsOfOtherMembersStayAsTheyStand)
+{
+    const TestFolder folder;
+    folder.write(kFile, R"([{"paymail":"a@x.org","since":123456789012345678901234567890,"share":0.10},)"
+                        R"({"paymail":"b@x.org","power":1E+2,"minus":-0}])");
+    ASSERT_TRUE(keep_payname({"b@x.org", "key", "address"}));
+    constexpr char kFirst[] = R"(    {
+      "paymail": "a@x.org",
+      "share": 0.10,
+      "since": 123456789012345678901234567890
+    })";
+    EXPECT_EQ(folder.read(kFile), std::string("{\n  \"names\": [\n") + kFirst + R"(,
+    {
+      "address": "address",
+      "minus": -0,
+      "paymail": "b@x.org",
+      "power": 1E+2,
+      "pubkey": "key"
+    }
+  ]
+})");
+    remove_payname("b@x.org");
+    EXPECT_EQ(folder.read(kFile), std::string("{\n  \"names\": [\n") + kFirst + "\n  ]\n}");
+}

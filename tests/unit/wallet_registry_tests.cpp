@@ -159,3 +159,23 @@ TEST(WalletRegistry, AWriterKilledAtAnyMomentLeavesTheOldOrTheNewRegistry)
     EXPECT_GT(registries_with_a, 0);
     EXPECT_LT(registries_with_a, 200);
 }
+
+TEST(WalletRegistry, DigitsOfOtherMembersStayAsTheyStand)
+{
+    const TestFolder folder;
+    folder.write("wallets.json", R"({"wallets":[{"id":"1","name":"old","order":123456789012345678901234567890}],)"
+                                 R"("scale":0.10,"power":1E+2,"minus":-0})");
+    set_registry_name_from_paymail("1", "ann");
+    EXPECT_EQ(folder.read("wallets.json"), R"({
+  "minus": -0,
+  "power": 1E+2,
+  "scale": 0.10,
+  "wallets": [
+    {
+      "id": "1",
+      "name": "ann",
+      "order": 123456789012345678901234567890
+    }
+  ]
+})");
+}

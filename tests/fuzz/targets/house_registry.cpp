@@ -6,6 +6,7 @@
 #include "fuzz/data_folder.h"
 #include "fuzz/target.h"
 #include "text/ascii.h"
+#include "text/exact_json.h"
 #include "text/json.h"
 
 #include <algorithm>
@@ -23,7 +24,7 @@ json document()
 {
     const FilesOnDisk files = files_on_disk();
     const auto file = files.find(kFile);
-    json registry = file == files.end() ? json() : parse_json(file->second);
+    json registry = file == files.end() ? json() : parse_exact_json(file->second);
     return registry.is_object() ? registry : json::object();
 }
 
