@@ -33,7 +33,7 @@ bool is_blank(wchar_t c)
                      {0x3000, 0x3000}});
 }
 
-// Control characters (Cc) and those format characters (Cf) that no script needs to be read.
+// Control characters (Cc) and format characters (Cf): a text can be read without them, if not always as well joined.
 bool is_unseen(wchar_t c)
 {
     return is_in(c, {{0x0000, 0x001F},
