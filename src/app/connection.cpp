@@ -6,6 +6,7 @@
 #include "app/wallet_card.h"
 #include "app/workers.h"
 #include "platform/text_conversion.h"
+#include "wallet_bridge/binding.h"
 #include "wallet_bridge/connect.h"
 #include "wallet_bridge/wallet_identity.h"
 
@@ -35,12 +36,17 @@ void on_connect_result(const std::string* result)
     refresh_wallet_card();
     fill_name_field();
     refresh_name_preview();
-    set_status(L"Connected.");
+    set_status(wallet_binding().is_recorded ? L"Connected."
+                                            : L"Connected. The file that remembers the wallet could not be written: "
+                                              L"connect again at the next start.");
 }
 
 void on_unbind_pressed()
 {
     disconnect_wallet();
     refresh_wallet_card();
-    set_status(L"Unbound. Connect again to pick a wallet in Vaultry.");
+    set_status(
+        wallet_binding().is_recorded
+            ? L"Unbound. Connect again to pick a wallet in Vaultry."
+            : L"Unbound. The file that remembers the wallet could not be deleted: the next start may use it again.");
 }

@@ -8,8 +8,9 @@
 #include <string>
 #include <string_view>
 
-// `FileContent` offers size() -> optional size_t, write_at(offset, bytes) in one call, cut_at(size) and flush(), the
-// last three true when they worked. False: a step failed; when the disk was full the old text stands as it was.
+// `FileContent` offers size() -> optional size_t, write_at(offset, bytes) in one call and cut_at(size), the last two
+// true when they worked. False: a step failed; when the disk was full the old text stands as it was. Flushing is the
+// caller's.
 template <typename FileContent>
 bool carry_out_rewrite(FileContent& file, std::string_view text)
 {
@@ -25,5 +26,5 @@ bool carry_out_rewrite(FileContent& file, std::string_view text)
     // Covers the old text whole: what follows the new one is blanks until the cut, not the old one's tail.
     std::string padded(std::max(text.size(), *old_size), ' ');
     text.copy(padded.data(), text.size());
-    return file.write_at(0, padded) && file.cut_at(text.size()) && file.flush();
+    return file.write_at(0, padded) && file.cut_at(text.size());
 }

@@ -52,5 +52,7 @@ std::optional<Wallet> read_wallet(SecretText text, const Wallet* known = nullptr
 
 // The document of `wallet` to put in the place of its source: the members known here set from the wallet, all others
 // and all array elements of the source kept as they were, down to the digits of a number. Keys sorted, indent 2. Empty
-// when it cannot be made.
+// when it cannot be made, and when the source is of a format version above 2 or gives a member that is known here
+// another type than the format does: then a newer wallet application means something else by it, and it is not ours to
+// rewrite.
 SecretText wallet_text(const Wallet& wallet);

@@ -3,11 +3,33 @@
 #include "wallet/wallet_document.h"
 #include "wallet/wallet_items.h"
 
+#include <algorithm>
+#include <initializer_list>
+
 namespace {
 
 using nlohmann::json;
 
-constexpr int kFormatVersion = 2;
+constexpr std::uint64_t kFormatVersion = 2;
+
+// What is there of the members known here has the type that the format gives it.
+bool is_understood(const json& document)
+{
+    const auto is_each = [&document](bool (json::*has_type)() const noexcept, std::initializer_list<const char*> keys) {
+        return std::ranges::all_of(keys, [&document, has_type](const char* key) {
+            const auto member = document.find(key);
+            return member == document.end() || ((*member).*has_type)();
+        });
+    };
+    const auto version = document.find("version");
+    const bool is_newer = version != document.end() &&
+                          !(version->is_number_unsigned() && version->get<std::uint64_t>() <= kFormatVersion);
+    const auto shown = document.find("show");
+    const bool is_count = shown == document.end() || shown->is_number() || shown->is_binary();  // see text/exact_json.h
+    return !is_newer && is_count && is_each(&json::is_boolean, {"backup"}) &&
+           is_each(&json::is_array, {"recv", "ord_owned", "contacts"}) &&
+           is_each(&json::is_string, {"mnemonic", "identity", "address", "paymail", "ord_avatar", "priv", "pub"});
+}
 
 void set_or_drop(json& document, const char* key, const std::string& text)
 {
@@ -41,7 +63,7 @@ void set_single_key_members(json& document, const Wallet& wallet)
 std::string document_text(const Wallet& wallet)
 {
     json document = wallet.source.empty() ? json::object() : parse_exact_json(wallet.source.text());
-    if (!document.is_object()) return {};
+    if (!document.is_object() || !is_understood(document)) return {};
     if (wallet.has_phrase) {
         set_phrase_members(document, wallet);
     } else {

@@ -38,10 +38,13 @@ std::string recorded_wallet_id()
     return text_member(parse_json(read_file(bind_record_path()).value_or("")), "wallet_id");
 }
 
-void write_bind_record(const WalletBinding& binding)
+// Remembers the binding, and whether the record says the same.
+void record(WalletBinding binding)
 {
-    const json record = {{"app", binding.app}, {"instance", binding.instance}, {"wallet_id", binding.wallet_id}};
-    write_file(bind_record_path(), pretty_json(record));
+    const json text = {{"app", binding.app}, {"instance", binding.instance}, {"wallet_id", binding.wallet_id}};
+    binding.is_recorded =
+        write_file(bind_record_path(), pretty_json(text)) || recorded_wallet_id() == binding.wallet_id;
+    remember(std::move(binding));
 }
 
 // With two wallets or more only the user can choose, and does so in the wallet application.
@@ -67,7 +70,7 @@ void bind_at_startup(const std::string& instance, const std::string& app)
     binding.wallet_id = recorded_wallet_id();
     if (binding.wallet_id.empty()) binding.wallet_id = id_of_the_only_wallet();
     remember(binding);
-    if (!binding.wallet_id.empty()) write_bind_record(binding);
+    if (!binding.wallet_id.empty()) record(std::move(binding));
 }
 
 WalletBinding wallet_binding()
@@ -79,7 +82,7 @@ WalletBinding wallet_binding()
 std::string bound_wallet_id()
 {
     const WalletBinding binding = wallet_binding();
-    if (!binding.is_initialised) return binding.wallet_id;
+    if (!binding.is_initialised || !binding.is_recorded) return binding.wallet_id;
     const std::string recorded = recorded_wallet_id();
     return recorded.empty() ? binding.wallet_id : recorded;
 }
@@ -89,17 +92,17 @@ void bind_wallet(const std::string& wallet_id)
     WalletBinding binding = wallet_binding();
     if (!binding.is_initialised || wallet_id.empty()) return;
     binding.wallet_id = wallet_id;
-    remember(binding);
-    write_bind_record(binding);
+    record(std::move(binding));
 }
 
 void unbind_wallet()
 {
     WalletBinding binding = wallet_binding();
     if (!binding.is_initialised) return;
-    remove_file(bind_record_path());
+    const std::string path = bind_record_path();
+    binding.is_recorded = remove_file(path) || file_status(path) == FileStatus::missing;
     binding.wallet_id.clear();
-    remember(binding);
+    remember(std::move(binding));
 }
 
 std::string bind_key(std::string_view instance)

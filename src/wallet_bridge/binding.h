@@ -7,8 +7,9 @@
 struct WalletBinding {
     bool is_initialised = false;  // bind_at_startup has run
     std::string app;
-    std::string instance;   // the executable's folder
-    std::string wallet_id;  // empty: not bound
+    std::string instance;     // the executable's folder
+    std::string wallet_id;    // empty: not bound
+    bool is_recorded = true;  // the bind record says the same; otherwise it could not be written or deleted
 };
 
 // Once, at the start: migrates the older single-file layout, then takes the wallet of the bind record, or else the one
@@ -18,14 +19,16 @@ void bind_at_startup(const std::string& instance, const std::string& app);
 // A copy; any thread.
 WalletBinding wallet_binding();
 
-// The wallet of the bind record when that can be read and names one, else the one in memory. Empty: not bound.
+// The wallet of the bind record when that can be read and names one, else the one in memory. Where the record could not
+// be changed it is an older wallet's, and the one in memory holds. Empty: not bound.
 std::string bound_wallet_id();
 
-// Binds `wallet_id` and writes the bind record. Nothing happens before bind_at_startup or for an empty id.
+// Binds `wallet_id` and writes the bind record; see WalletBinding::is_recorded for one that cannot be written. Nothing
+// happens before bind_at_startup or for an empty id.
 void bind_wallet(const std::string& wallet_id);
 
-// Deletes the bind record and forgets the id: the next start binds again when there is but one wallet. Nothing happens
-// before bind_at_startup.
+// Deletes the bind record and forgets the id: the next start binds again when there is but one wallet, or when the
+// record could not be deleted (WalletBinding::is_recorded). Nothing happens before bind_at_startup.
 void unbind_wallet();
 
 // File name of the bind record, without its ending: small letters and digits, everything else "_", the last 96 of them.

@@ -9,7 +9,6 @@
 
 #include <limits>
 #include <mutex>
-#include <optional>
 
 namespace {
 
@@ -36,28 +35,31 @@ json object_of(const std::string& text)
 
 // The registry while an operation works on it.
 struct Registry {
-    std::optional<json> on_disk;  // as the file has it; nothing when it cannot be read
+    ReadStatus status = ReadStatus::unreadable;
+    json on_disk;  // as the file has it, when it was read
     json document;
 };
 
-// What the file says already is not written again. False when the file cannot be written, and when it is there but
-// could not be read: that would lose what it holds.
+// False when the file cannot be written, and when it is there but could not be read: writing would lose what it holds.
+// What the file says already is not written again.
 bool save(const Registry& registry)
 {
-    const std::string path = registry_path();
-    if (!registry.on_disk && file_status(path) != FileStatus::missing) return false;
-    if (registry.on_disk.value_or(json::object()) == registry.document) return true;
+    if (registry.status == ReadStatus::unreadable) return false;
+    if (registry.on_disk == registry.document) return true;
     create_folders(data_directory());
-    return rewrite_in_place(path, pretty_exact_json(registry.document));
+    return rewrite_in_place(registry_path(), pretty_exact_json(registry.document));
 }
 
 Registry load()
 {
-    Registry registry{std::nullopt, json::object()};
-    if (const auto text = read_file(registry_path())) {
-        registry.on_disk = registry.document = object_of(*text);
-    } else if (const auto older = read_file(kOlderPath)) {
-        registry.document = object_of(*older);
+    FileReading file = read_whole_file(registry_path());
+    Registry registry{file.status, json::object(), json::object()};
+    if (file.status == ReadStatus::read) {
+        registry.on_disk = registry.document = object_of(file.bytes);
+    } else if (file.status == ReadStatus::missing) {
+        const FileReading older = read_whole_file(kOlderPath);
+        if (older.status == ReadStatus::unreadable) registry.status = ReadStatus::unreadable;
+        registry.document = object_of(older.bytes);
         if (save(registry)) registry.on_disk = registry.document;
     }
     return registry;
@@ -117,7 +119,7 @@ std::string house_label_of(const std::string& public_key)
     return {};
 }
 
-std::string register_house_label(std::string_view name, const std::string& public_key, const std::string& address)
+std::string register_house_label(std::string_view name, const std::string& public_key, const HouseAddresses& addresses)
 {
     const std::string label = house_label(name);
     if (label.empty()) return "need a paymail name (letters, numbers, _ - .)";
@@ -126,6 +128,7 @@ std::string register_house_label(std::string_view name, const std::string& publi
 
     const std::scoped_lock lock(registry_mutex());
     Registry registry = load();
+    if (registry.status == ReadStatus::unreadable) return kHouseRegistryUnreadable;
     json& names = object_member(registry.document, "names");
     const auto held = names.find(label);
     if (held != names.end() && !is_held_by(*held, key)) return label + "@" + kHouseDomain + " is already taken";
@@ -137,7 +140,8 @@ std::string register_house_label(std::string_view name, const std::string& publi
 
     json& row = object_member(names, label.c_str());
     row["pubkey"] = key;
-    if (!address.empty()) row["address"] = address;
+    if (!addresses.payment.empty()) row["address"] = addresses.payment;
+    if (!addresses.ordinals.empty()) row["ordAddress"] = addresses.ordinals;
     registry.document["self"] = label;
     return save(registry) ? "" : kHouseRegistryUnwritable;
 }

@@ -7,6 +7,13 @@
 #include <string_view>
 
 inline constexpr char kHouseRegistryUnwritable[] = "could not write paymail registry";
+inline constexpr char kHouseRegistryUnreadable[] = "could not read paymail registry";
+
+// Base58Check, or empty.
+struct HouseAddresses {
+    std::string payment;
+    std::string ordinals;
+};
 
 // A name as stored elsewhere, perhaps a whole paymail: leading "@", "$" and blanks, trailing blanks and line ends, and
 // everything from the first "@" on are dropped.
@@ -21,8 +28,9 @@ std::string house_label_of(const std::string& public_key);
 
 // Takes the label of `name` for the identity, or renews what it holds, and calls it this PC's own. Empty on success,
 // else the message: a label that another key holds is refused and stays untouched, and so is a further label beyond the
-// identity's quota. An empty `address` leaves the address of the row as it is.
-std::string register_house_label(std::string_view name, const std::string& public_key, const std::string& address);
+// identity's quota. While the registry is there but cannot be read nobody knows whose the label is, and nothing is
+// taken. An empty address leaves that of the row as it is.
+std::string register_house_label(std::string_view name, const std::string& public_key, const HouseAddresses& addresses);
 
 // Records the wallet's picture for the identity and its labels; an empty one removes the record. Empty on success, else
 // the message.

@@ -15,6 +15,7 @@ namespace {
 struct WalletState {
     std::recursive_mutex mutex;
     std::optional<Wallet> wallet;
+    std::string path;  // where it was read
     std::set<std::string> spent_outpoints;
 };
 
@@ -67,6 +68,7 @@ bool load_wallet(const std::string& wallet_id)
     auto text = read_file(path);
     if (!text) return false;
     state.wallet = read_wallet(SecretText(std::move(*text)), before ? &*before : nullptr);
+    state.path = path;
     if (!state.wallet) return false;
 
     const WalletKeys& keys = state.wallet->keys;
@@ -78,22 +80,18 @@ bool load_wallet(const std::string& wallet_id)
 
 bool save_wallet()
 {
-    Wallet* const wallet = loaded_wallet();
-    if (wallet == nullptr) return false;
-    SecretText text = wallet_text(*wallet);
+    WalletState& state = wallet_state();
+    if (!state.wallet) return false;
+    SecretText text = wallet_text(*state.wallet);
     if (text.empty()) return false;
-    const std::string path = wallet_path();
-    create_folders(parent_folder(path));
-    auto bytes = read_file(path);
-    const bool is_there = bytes || file_status(path) != FileStatus::missing;
-    const SecretText current(std::move(bytes).value_or(""));
-    if (current.text() == text.text()) return true;
-    // Writing now would undo what the wallet application has just saved, or is about to: then the file is empty, or
-    // cannot be read. The next load sees both.
-    if (is_there && current.text() != wallet->source.text()) return false;
-    if (!rewrite_in_place(path, text.text())) return false;
-    wallet->source = std::move(text);
-    return true;
+    if (read_file(state.path) == text.text()) return true;
+
+    // What the wallet application has saved, sealed or deleted since the load is not undone: the next load sees it.
+    const bool is_written = rewrite_existing(state.path, text.text(), [&state](std::string_view current) {
+        return current == state.wallet->source.text() && file_status(state.path + ".seal") == FileStatus::missing;
+    });
+    if (is_written) state.wallet->source = std::move(text);
+    return is_written;
 }
 
 void forget_wallet()

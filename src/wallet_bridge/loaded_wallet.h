@@ -24,8 +24,10 @@ bool load_wallet();
 // The same for a caller who has asked for bound_wallet_id() already.
 bool load_wallet(const std::string& wallet_id);
 
-// Rewrites the file from the loaded wallet, in place; what this program does not know in it stays. False when no wallet
-// is loaded, the file cannot be written, or another program has changed it since it was loaded or has it to itself.
+// Rewrites the file that the loaded wallet was read from, in place; what this program does not know in it stays.
+// Nothing is written, and false returned, when no wallet is loaded, when its document is not one that this program may
+// rewrite (wallet_text), when the file cannot be written, when another program has it to itself, has changed or deleted
+// it since it was loaded, or when a seal file lies beside it.
 bool save_wallet();
 
 // Wipes the loaded wallet's secrets and empties it.

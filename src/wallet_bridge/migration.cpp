@@ -1,26 +1,140 @@
 #include "wallet_bridge/migration.h"
 
 #include "platform/files.h"
+#include "text/ascii.h"
 #include "text/clock.h"
+#include "text/json.h"
+#include "wallet_bridge/damaged_file.h"
 #include "wallet_bridge/data_directory.h"
 #include "wallet_bridge/registry_lock.h"
 #include "wallet_bridge/wallet_registry.h"
 
+#include <algorithm>
+
+namespace {
+
+using nlohmann::json;
+
+constexpr std::size_t kLongestId = 20;  // digits of a 64-bit number
+
+bool is_there(const std::string& path)
+{
+    return file_status(path) == FileStatus::exists;
+}
+
+// True when the file is at `to`, or there was none to move. What cannot be renamed (it is held, or lies on another
+// volume) is copied: under another name first, so that a copy that was cut short never passes for the file.
+bool move_file(const std::string& from, const std::string& to)
+{
+    if (!is_there(from) || rename_file(from, to)) return true;
+    const std::string part = to + ".part";
+    if (!copy_file(from, part)) return false;
+    if (!replace_file(part, to)) {
+        remove_file(part);
+        return false;
+    }
+    remove_file(from);
+    return true;
+}
+
+// The older wallet on its way to the folder of its new id, and the mark that tells the next start of it.
+class Move {
+public:
+    explicit Move(std::string id = {}) : m_id(std::move(id)) {}
+
+    const std::string& id() const { return m_id; }
+    static std::string old_file() { return data_directory() + "/corvane_vaultry.json"; }
+    static std::string mark_file() { return old_file() + ".moving"; }
+    std::string folder() const { return data_directory() + "/wallets/" + m_id; }
+    std::string new_file() const { return folder() + "/wallet.json"; }
+
+    bool mark() const
+    {
+        if (write_file(mark_file(), m_id)) return true;
+        unmark();
+        return false;
+    }
+    // A mark that cannot be deleted is emptied: it must not bring back a wallet that the user deletes later.
+    static void unmark()
+    {
+        if (is_there(mark_file()) && !remove_file(mark_file())) write_file(mark_file(), "");
+    }
+
+    // The seal goes first: without one, a wallet that the user has locked would pass for an open one.
+    bool go() const
+    {
+        create_folders(folder());
+        if (!move_file(old_file() + ".seal", new_file() + ".seal")) return false;
+        if (move_file(old_file(), new_file())) return true;
+        move_file(new_file() + ".seal", old_file() + ".seal");
+        return false;
+    }
+    bool go_back() const
+    {
+        return move_file(new_file(), old_file()) && move_file(new_file() + ".seal", old_file() + ".seal");
+    }
+
+private:
+    std::string m_id;
+};
+
+// The move that a mark shows. Without an id when there is none: one that was cut short while it was written, or that
+// somebody else wrote, names no folder.
+Move marked_move(const FileReading& mark)
+{
+    const bool is_id = mark.bytes.size() <= kLongestId && std::ranges::all_of(mark.bytes, is_ascii_digit);
+    return Move(is_id ? mark.bytes : std::string());
+}
+
+bool has_entry(const json& registry, const std::string& id)
+{
+    return std::ranges::any_of(registry["wallets"],
+                               [&id](const json& entry) { return text_member(entry, "id") == id; });
+}
+
+void add_entry(json& registry, const std::string& id)
+{
+    json& wallets = registry["wallets"];
+    if (wallets.empty() || text_member(registry, "active").empty()) registry["active"] = id;
+    wallets.push_back({{"id", id}, {"name", "Wallet 1"}});
+}
+
+// The entry is made even when the file stays where it is; then the mark stays too, and the next start moves the file.
+void carry_out(const Move& move, json& registry)
+{
+    const bool is_moved = move.go();
+    if (!has_entry(registry, move.id())) add_entry(registry, move.id());
+    const bool is_listed = write_registry(registry);
+    if (is_listed ? is_moved : move.go_back()) Move::unmark();
+}
+
+bool is_at_its_end(const Move& move, const json& registry)
+{
+    const bool has_arrived = is_there(move.new_file());
+    return has_arrived ? has_entry(registry, move.id()) : !is_there(Move::old_file());
+}
+
+}  // namespace
+
 void migrate_single_wallet()
 {
     const RegistryLock lock;
-    const std::string old_file = data_directory() + "/corvane_vaultry.json";
-    if (file_status(old_file) != FileStatus::exists || !is_registry_within_reach()) return;
-    nlohmann::json registry = read_registry();
-    if (!registry["wallets"].empty()) return;
+    const FileReading mark = read_whole_file(Move::mark_file());
+    if (mark.status == ReadStatus::unreadable) return;
+    if (mark.status == ReadStatus::missing && !is_there(Move::old_file())) return;
 
-    const std::string id = std::to_string(milliseconds_since_epoch());
-    const std::string folder = data_directory() + "/wallets/" + id;
-    const std::string new_file = folder + "/wallet.json";
-    create_folders(folder);
-    if (!rename_file(old_file, new_file) && copy_file(old_file, new_file)) remove_file(old_file);
-
-    registry["wallets"].push_back({{"id", id}, {"name", "Wallet 1"}});
-    registry["active"] = id;
-    write_registry(registry);
+    RegistryReading registry = look_into_registry();
+    if (registry.status == RegistryStatus::unreadable) return;
+    Move move = marked_move(mark);
+    if (move.id().empty()) {
+        Move::unmark();
+        if (!is_there(Move::old_file()) || !registry.document["wallets"].empty()) return;
+        move = Move(std::to_string(milliseconds_since_epoch()));
+        if (!move.mark()) return;
+    } else if (is_at_its_end(move, registry.document)) {
+        Move::unmark();
+        return;
+    }
+    if (registry.status == RegistryStatus::damaged && !keep_damaged_file(registry_path())) return;
+    carry_out(move, registry.document);
 }

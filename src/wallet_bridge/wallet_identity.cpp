@@ -17,7 +17,8 @@ std::optional<std::string> unless_empty(const std::string& text)
 }
 
 // The loaded wallet's house paymail, its label registered for it; empty when it has none. A refused label is not the
-// wallet's: another identity holds it, and it is neither shown nor sent nor saved.
+// wallet's: another identity holds it, or may hold it as far as anybody can tell. It is neither shown nor sent nor
+// saved. One that could not be written down is the wallet's all the same.
 std::string ensured_house_paymail(Wallet& wallet, const std::string& wallet_id)
 {
     const std::string& key = wallet.keys.identity_key;
@@ -27,7 +28,8 @@ std::string ensured_house_paymail(Wallet& wallet, const std::string& wallet_id)
     if (is_from_registry) wallet.paymail = house_label_of(key);
     if (wallet.paymail.empty()) return {};
 
-    const std::string refusal = register_house_label(wallet.paymail, key, wallet.keys.address);
+    const HouseAddresses addresses{wallet.keys.address, wallet.keys.ordinals_address};
+    const std::string refusal = register_house_label(wallet.paymail, key, addresses);
     if (!refusal.empty() && refusal != kHouseRegistryUnwritable) {
         wallet.paymail.clear();
         return {};

@@ -6,8 +6,6 @@
 #include "wallet_bridge/data_directory.h"
 #include "wallet_bridge/registry_lock.h"
 
-namespace {
-
 using nlohmann::json;
 
 std::string registry_path()
@@ -15,20 +13,29 @@ std::string registry_path()
     return data_directory() + "/wallets.json";
 }
 
-}  // namespace
-
-json read_registry()
+RegistryReading look_into_registry()
 {
-    json registry = parse_exact_json(read_file(registry_path()).value_or(""));
-    if (!registry.is_object()) registry = json::object();
-    json& wallets = registry["wallets"];
+    RegistryReading registry{RegistryStatus::missing, {{"wallets", json::array()}}};
+    const FileReading file = read_whole_file(registry_path());
+    if (file.status == ReadStatus::missing) return registry;
+    registry.status = RegistryStatus::unreadable;
+    if (file.status == ReadStatus::unreadable) return registry;
+    registry.status = RegistryStatus::sound;
+    if (file.bytes.empty()) return registry;
+
+    json document = parse_exact_json(file.bytes);
+    const bool is_sound = document.is_object() && document.value("wallets", json::array()).is_array();
+    if (!is_sound) registry.status = RegistryStatus::damaged;
+    if (!document.is_object()) return registry;
+    json& wallets = document["wallets"];
     if (!wallets.is_array()) wallets = json::array();
+    registry.document = std::move(document);
     return registry;
 }
 
-bool is_registry_within_reach()
+json read_registry()
 {
-    return file_status(registry_path()) == FileStatus::missing || read_file(registry_path()).has_value();
+    return look_into_registry().document;
 }
 
 bool write_registry(const json& registry)

@@ -12,13 +12,22 @@ struct WalletEntry {
     std::string name;  // to show; the id when the registry gives none
 };
 
-// As parse_exact_json gives it, an object whose "wallets" is an array, whatever stands in the file: a missing,
-// unreadable or malformed file reads as
-// {"wallets": []}. The caller holds the lock.
-nlohmann::json read_registry();
+std::string registry_path();
 
-// False when the file is there but cannot be opened at this moment: it reads as empty, but must not be taken for it.
-bool is_registry_within_reach();
+// Damaged: not a JSON object, or one whose "wallets" is no array. Its text is worth keeping, for a person to look at.
+enum class RegistryStatus { sound, missing, unreadable, damaged };
+
+struct RegistryReading {
+    RegistryStatus status = RegistryStatus::unreadable;
+    nlohmann::json document;  // {"wallets": []} unless sound
+};
+
+// What one attempt to read the file found, the document as parse_exact_json gives it. A file without a single byte is
+// sound: nothing is lost with it. The caller holds the lock.
+RegistryReading look_into_registry();
+
+// The document alone, for who only reads: an object whose "wallets" is an array, whatever stands in the file.
+nlohmann::json read_registry();
 
 // True when the file holds the document; it is replaced as a whole, so that a reader sees the old or the new registry,
 // never a part. The caller holds the lock.

@@ -1,12 +1,14 @@
 // What the wallet bridge and the settings do when the disk refuses.
+#include "build_values.h"
 #include "platform_host/native_path.h"
 #include "platform_host/stand_in.h"
 #include "settings/settings_store.h"
-#include "support/test_folder.h"
+#include "support/wallet_files.h"
 #include "text/json.h"
 #include "wallet_bridge/binding.h"
 #include "wallet_bridge/house_registry.h"
 #include "wallet_bridge/migration.h"
+#include "wallet_bridge/wallet_identity.h"
 #include "wallet_bridge/wallet_registry.h"
 
 #include <gtest/gtest.h>
@@ -72,7 +74,7 @@ TEST(BridgeFaults, ARegistryThatCannotBeReadNowIsNotTakenForAnEmptyOne)
     folder.write("corvane_vaultry.json", "the wallet");
     folder.write("wallets.json", R"({"wallets":[{"id":"1"}]})");
     stand_in().files.reads_fail = true;
-    EXPECT_FALSE(is_registry_within_reach());
+    EXPECT_EQ(look_into_registry().status, RegistryStatus::unreadable);
     migrate_single_wallet();
     stand_in().files.reads_fail = false;
     EXPECT_EQ(folder.read("wallets.json"), R"({"wallets":[{"id":"1"}]})");
@@ -99,10 +101,81 @@ TEST(BridgeFaults, TheBindRecordIsWrittenInItsPlace)
     EXPECT_EQ(stand_in().files.written, std::vector<std::string>{folder.data() + "/binds/_.json"});
 }
 
+TEST(BridgeFaults, ABindRecordThatCannotBeDeletedIsNotBelievedAnyMore)
+{
+    const TestFolder folder;
+    folder.write("wallets.json", R"({"wallets":[{"id":"1"}]})");
+    bind_at_startup(".", "Brasslet");
+    ASSERT_EQ(bound_wallet_id(), "1");
+    stand_in().files.refuses = [](const std::string&) { return true; };
+    unbind_wallet();
+    EXPECT_TRUE(folder.has("binds/_.json"));
+    EXPECT_EQ(bound_wallet_id(), "");
+    EXPECT_FALSE(wallet_binding().is_recorded);
+    stand_in().files.refuses = nullptr;
+    unbind_wallet();
+    EXPECT_FALSE(folder.has("binds/_.json"));
+    EXPECT_TRUE(wallet_binding().is_recorded);
+}
+
+TEST(BridgeFaults, ABindRecordThatCannotBeWrittenIsNotBelievedAnyMore)
+{
+    const TestFolder folder;
+    bind_at_startup(".", "Brasslet");
+    bind_wallet("1");
+    stand_in().files.refuses = [](const std::string&) { return true; };
+    bind_wallet("2");
+    EXPECT_EQ(parse_json(folder.read("binds/_.json"))["wallet_id"], "1");
+    EXPECT_EQ(bound_wallet_id(), "2");
+    EXPECT_FALSE(wallet_binding().is_recorded);
+    stand_in().files.refuses = nullptr;
+    bind_wallet("2");
+    EXPECT_EQ(parse_json(folder.read("binds/_.json"))["wallet_id"], "2");
+    EXPECT_TRUE(wallet_binding().is_recorded);
+}
+
+TEST(BridgeFaults, ABindRecordThatSaysTheSameNeedNotBeWritten)
+{
+    const TestFolder folder;
+    bind_at_startup(".", "Brasslet");
+    bind_wallet("1");
+    stand_in().files.refuses = [](const std::string&) { return true; };
+    bind_at_startup(".", "Brasslet");
+    EXPECT_EQ(bound_wallet_id(), "1");
+    EXPECT_TRUE(wallet_binding().is_recorded);
+}
+
+TEST(BridgeFaults, WithoutABindRecordThereIsNothingToDelete)
+{
+    const TestFolder folder;
+    bind_at_startup(".", "Brasslet");
+    unbind_wallet();
+    EXPECT_TRUE(wallet_binding().is_recorded);
+}
+
+TEST(BridgeFaults, AnOlderHouseRegistryThatCannotBeReadNowIsNotTakenForAMissingOne)
+{
+    const TestFolder folder;
+    const std::string here = std::filesystem::current_path().string();
+    std::filesystem::create_directories(native_path(folder.data() + "/userinfo/corvane_paymail.json"));
+    std::filesystem::current_path(native_path(folder.data()));
+    EXPECT_EQ(register_house_label("ann", "02ab", {}), "could not read paymail registry");
+    std::filesystem::current_path(here);
+    EXPECT_FALSE(folder.has("corvane_paymail.json"));
+}
+
+TEST(BridgeFaults, AHouseRegistryThatCannotBeWrittenTakesNoPaymailAway)
+{
+    const TestFolder folder;
+    bind_to_wallet(folder, phrase_wallet({{"paymail", "ann"}}));
+    stand_in().files.writes_fail = true;
+    EXPECT_EQ(wallet_paymail(), std::string("ann@") + kHouseDomain);
+}
+
 TEST(BridgeFaults, AHouseRegistryIsWrittenInItsPlace)
 {
     const TestFolder folder;
-    EXPECT_EQ(register_house_label("ann", "02ab", ""), "");
+    EXPECT_EQ(register_house_label("ann", "02ab", {}), "");
     EXPECT_EQ(stand_in().files.written, std::vector<std::string>{folder.data() + "/corvane_paymail.json"});
 }
 
@@ -112,7 +185,7 @@ TEST(BridgeFaults, AHouseRegistryThatCannotBeReadNowIsNotTakenForAnEmptyOne)
     const std::string text = R"({"names":{"bob":{"pubkey":"03cd"}}})";
     folder.write("corvane_paymail.json", text);
     stand_in().files.reads_fail = true;
-    EXPECT_EQ(register_house_label("ann", "02ab", ""), "could not write paymail registry");
+    EXPECT_EQ(register_house_label("ann", "02ab", {}), "could not read paymail registry");
     EXPECT_EQ(set_house_avatar("02ab", "p_0"), "could not write paymail registry");
     stand_in().files.reads_fail = false;
     EXPECT_EQ(folder.read("corvane_paymail.json"), text);

@@ -132,7 +132,7 @@ TEST_F(DocumentedFiles, TheConnectReply)
 TEST_F(DocumentedFiles, TheHouseRegistry)
 {
     const std::string key = identity_pubkey().value_or("");
-    EXPECT_EQ(register_house_label("ada", key, wallet_address().value_or("")), "");
+    EXPECT_EQ(register_house_label("ada", key, {.payment = wallet_address().value_or(""), .ordinals = {}}), "");
     EXPECT_EQ(set_house_avatar(key, "1b2e"), "");
     EXPECT_TRUE(wallet_ready());  // a load notes the ordinals address
     expect_as_documented(kHouseRegistry);

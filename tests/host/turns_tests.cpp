@@ -96,7 +96,8 @@ TEST(RegistryTurns, TheMigrationDoesAllUnderTheLock)
     folder.write("corvane_vaultry.json", "the wallet");
     folder.write("wallets.json", R"({"wallets":[]})");
     const Uses uses = registry_uses_of(folder, migrate_single_wallet);
-    EXPECT_EQ(uses.held, (Names{"corvane_vaultry.json", "wallets.json", "wallets.json.tmp"}));
+    EXPECT_EQ(uses.held,
+              (Names{"corvane_vaultry.json", "corvane_vaultry.json.moving", "wallets.json", "wallets.json.tmp"}));
     EXPECT_EQ(uses.free, Names{});
 }
 
@@ -105,7 +106,7 @@ TEST(RegistryTurns, TheStartHoldsTheLockToItsEnd)
     const TestFolder folder;
     folder.write("wallets.json", R"({"wallets":[{"id":"1"}]})");
     const Uses uses = registry_uses_of(folder, [] { bind_at_startup(".", "Brasslet"); });
-    EXPECT_EQ(uses.held, (Names{"binds/_.json", "wallets.json"}));
+    EXPECT_EQ(uses.held, (Names{"binds/_.json", "corvane_vaultry.json.moving", "wallets.json"}));
     EXPECT_EQ(uses.free, Names{});
     EXPECT_TRUE(folder.has("binds/_.json"));
 }
@@ -118,7 +119,7 @@ TEST(RegistryTurns, BindRecordsWalletFilesAndHouseLabelsAreUsedWithoutTheLock)
         bind_wallet("1");
         EXPECT_TRUE(load_wallet());
         EXPECT_TRUE(save_wallet());
-        EXPECT_EQ(register_house_label("ann", "02ab", ""), "");
+        EXPECT_EQ(register_house_label("ann", "02ab", {}), "");
         EXPECT_EQ(set_house_avatar("02ab", "p_0"), "");
         unbind_wallet();
     });

@@ -63,3 +63,28 @@ TEST(WalletFaults, TheWalletIsWrittenInItsPlaceAndOnlyWhenItChanged)
     EXPECT_TRUE(save_wallet());
     EXPECT_EQ(stand_in().files.written, std::vector<std::string>{folder.data() + "/" + kWallet});
 }
+
+// Whatever the other program does, at whatever moment between the load and the end of the save, what it has left stays.
+TEST(WalletFaults, AnotherProgramThatComesBetweenAnyTwoStepsIsNotUndone)
+{
+    const std::string newer = phrase_wallet({{"recv", {0, 5, 0, 0, 0, 0}}}).dump();
+    int moments = 0;
+    for (bool came_between = true; came_between; ++moments) {
+        const TestFolder folder;
+        bind_to_wallet(folder, phrase_wallet());
+        ASSERT_TRUE(load_wallet());
+        loaded_wallet()->paymail = "ann";
+        int uses = 0;
+        stand_in().files.on_use = [&](const std::string&) {
+            if (uses++ == moments) folder.write(kWallet, newer);
+        };
+        const bool is_saved = save_wallet();
+        stand_in().files.on_use = nullptr;
+        came_between = uses > moments;
+        EXPECT_EQ(is_saved, !came_between);
+        if (came_between) {
+            EXPECT_EQ(folder.read(kWallet), newer);
+        }
+    }
+    EXPECT_GT(moments, 1);
+}

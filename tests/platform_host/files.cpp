@@ -42,7 +42,6 @@ public:
         return written == static_cast<ssize_t>(bytes.size());
     }
     bool cut_at(std::size_t size) const { return ftruncate(m_file, static_cast<off_t>(size)) == 0; }
-    bool flush() const { return true; }
 
 private:
     int m_file;
@@ -51,6 +50,22 @@ private:
 void tell_use(const std::string& path)
 {
     if (stand_in().files.on_use) stand_in().files.on_use(path);
+}
+
+// Tells of a change that is about to be made to the file. False when it cannot be made.
+bool may_change(const std::string& path)
+{
+    tell_use(path);
+    return !stand_in().files.refuses || !stand_in().files.refuses(path);
+}
+
+std::optional<std::string> content_of(const std::string& path)
+{
+    std::error_code error;
+    if (std::filesystem::is_directory(native_path(path), error)) return std::nullopt;
+    std::ifstream file(native_path(path), std::ios::binary);
+    if (!file) return std::nullopt;
+    return std::string(std::istreambuf_iterator<char>(file), {});
 }
 
 }  // namespace
@@ -78,20 +93,18 @@ bool create_folders(const std::string& path)
     return std::filesystem::is_directory(native_path(path), error);
 }
 
-std::optional<std::string> read_file(const std::string& path)
+FileReading read_whole_file(const std::string& path)
 {
     tell_use(path);
-    std::error_code error;
-    if (stand_in().files.reads_fail || std::filesystem::is_directory(native_path(path), error)) return std::nullopt;
-    std::ifstream file(native_path(path), std::ios::binary);
-    if (!file) return std::nullopt;
-    return std::string(std::istreambuf_iterator<char>(file), {});
+    if (file_status(path) == FileStatus::missing) return {ReadStatus::missing, {}};
+    auto bytes = content_of(path);
+    if (stand_in().files.reads_fail || !bytes) return {ReadStatus::unreadable, {}};
+    return {ReadStatus::read, std::move(*bytes)};
 }
 
 bool write_file(const std::string& path, std::string_view bytes)
 {
-    tell_use(path);
-    if (stand_in().files.writes_fail) return false;
+    if (!may_change(path) || stand_in().files.writes_fail) return false;
     const FileContent file(path, O_WRONLY | O_CREAT | O_TRUNC);
     if (!file.is_open()) return false;
     stand_in().files.written.push_back(path);
@@ -100,33 +113,40 @@ bool write_file(const std::string& path, std::string_view bytes)
 
 bool rewrite_in_place(const std::string& path, std::string_view text)
 {
-    tell_use(path);
-    if (stand_in().files.writes_fail) return false;
+    if (!may_change(path) || stand_in().files.writes_fail) return false;
     const FileContent file(path, O_RDWR | O_CREAT);
     if (!file.is_open()) return false;
     stand_in().files.written.push_back(path);
     return carry_out_rewrite(file, text);
 }
 
+bool rewrite_existing(const std::string& path, std::string_view text,
+                      const std::function<bool(std::string_view current)>& may_replace)
+{
+    if (!may_change(path) || stand_in().files.writes_fail || stand_in().files.reads_fail) return false;
+    const FileContent file(path, O_RDWR);
+    const auto current = content_of(path);
+    if (!file.is_open() || !current || !may_replace(*current)) return false;
+    stand_in().files.written.push_back(path);
+    return carry_out_rewrite(file, text);
+}
+
 bool replace_file(const std::string& from, const std::string& to)
 {
-    tell_use(to);
-    if (stand_in().files.replaces_fail) return false;
+    if (!may_change(to) || stand_in().files.replaces_fail) return false;
     stand_in().files.written.push_back(to);
     return std::rename(native_path(from).c_str(), native_path(to).c_str()) == 0;
 }
 
 bool rename_file(const std::string& from, const std::string& to)
 {
-    tell_use(from);
-    if (stand_in().files.renames_fail || file_status(to) != FileStatus::missing) return false;
+    if (!may_change(from) || stand_in().files.renames_fail || file_status(to) != FileStatus::missing) return false;
     return std::rename(native_path(from).c_str(), native_path(to).c_str()) == 0;
 }
 
 bool copy_file(const std::string& from, const std::string& to)
 {
-    tell_use(from);
-    if (stand_in().files.copies_fail) return false;
+    if (!may_change(from) || stand_in().files.copies_fail) return false;
     std::error_code error;
     constexpr auto kOverwrite = std::filesystem::copy_options::overwrite_existing;
     return std::filesystem::copy_file(native_path(from), native_path(to), kOverwrite, error);
@@ -134,6 +154,5 @@ bool copy_file(const std::string& from, const std::string& to)
 
 bool remove_file(const std::string& path)
 {
-    tell_use(path);
-    return unlink(native_path(path).c_str()) == 0;
+    return may_change(path) && unlink(native_path(path).c_str()) == 0;
 }

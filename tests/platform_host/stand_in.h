@@ -17,9 +17,10 @@ struct FileFaults {
     bool replaces_fail = false;
     bool renames_fail = false;
     bool copies_fail = false;
-    std::optional<std::size_t> largest_file;              // the disk is full beyond this size: a write stops there
-    std::vector<std::string> written;                     // paths whose bytes were written or replaced, in order
-    std::function<void(const std::string& path)> on_use;  // called before a file is read, written, moved or removed
+    std::optional<std::size_t> largest_file;               // the disk is full beyond this size: a write stops there
+    std::vector<std::string> written;                      // paths whose bytes were written or replaced, in order
+    std::function<void(const std::string& path)> on_use;   // called before a file is read, written, moved or removed
+    std::function<bool(const std::string& path)> refuses;  // asked before a file is changed: true when it cannot be
 };
 
 struct StandIn {

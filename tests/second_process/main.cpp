@@ -3,6 +3,9 @@
 #include "platform/file_lock.h"
 #include "platform/files.h"
 #include "support/test_folder.h"
+#include "wallet_bridge/binding.h"
+#include "wallet_bridge/loaded_wallet.h"
+#include "wallet_bridge/migration.h"
 #include "wallet_bridge/registry_lock.h"
 #include "wallet_bridge/wallet_registry.h"
 
@@ -47,6 +50,26 @@ int add_entries(const std::string& prefix, int count)
         if (!write_registry(registry)) return 1;
     }
     return 0;
+}
+
+int migrate()
+{
+    say("migrating");
+    migrate_single_wallet();
+    wait_for_the_end_of_input();
+    return 0;
+}
+
+// Loads the wallet "1" and saves it with another paymail, for ever. The phrase's keys are derived once.
+int save_wallet_for_ever()
+{
+    bind_at_startup(".", "Brasslet");
+    for (unsigned turn = 0;; ++turn) {
+        if (!load_wallet("1")) return 1;
+        loaded_wallet()->paymail = turn % 2 == 0 ? "ann" : "a-much-longer-label";
+        if (!save_wallet()) return 1;
+        if (turn == 0) say("saving");
+    }
 }
 
 nlohmann::json registry_of(int size, char letter)
@@ -94,6 +117,8 @@ int run(const std::vector<std::string>& words)
 {
     const std::string& task = words.at(1);
     if (task == "hold-lock") return hold_lock();
+    if (task == "migrate") return migrate();
+    if (task == "save-wallet") return save_wallet_for_ever();
     if (task == "add-entries") return add_entries(words.at(2), std::stoi(words.at(3)));
     if (task == "write-registry") return write_registry_for_ever(std::stoi(words.at(2)));
     if (task == "rewrite") return rewrite_for_ever(words.at(2), std::stoul(words.at(3)), std::stoul(words.at(4)));

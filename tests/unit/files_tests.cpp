@@ -49,6 +49,32 @@ TEST(Files, FoldersAreMadeWithAllTheirParentsWhateverSeparatesThem)
     EXPECT_FALSE(create_folders(folder.path() + "/file"));
 }
 
+TEST(Files, AReadTellsMissingFromUnreadable)
+{
+    const TestFolder folder;
+    folder.write("file", "text");
+    folder.write("empty", "");
+    EXPECT_EQ(read_whole_file(folder.data() + "/file").status, ReadStatus::read);
+    EXPECT_EQ(read_whole_file(folder.data() + "/file").bytes, "text");
+    EXPECT_EQ(read_whole_file(folder.data() + "/empty").status, ReadStatus::read);
+    EXPECT_EQ(read_whole_file(folder.data() + "/other").status, ReadStatus::missing);
+    EXPECT_EQ(read_whole_file(folder.data() + "/other/file").status, ReadStatus::missing);
+    EXPECT_EQ(read_whole_file(folder.data()).status, ReadStatus::unreadable);
+}
+
+TEST(Files, RewritingAnExistingFileAsksOfWhatItHoldsAndMakesNone)
+{
+    const TestFolder folder;
+    folder.write("file", "old text");
+    const std::string path = folder.data() + "/file";
+    EXPECT_FALSE(rewrite_existing(path, "new", [](std::string_view current) { return current == "other"; }));
+    EXPECT_EQ(read_file(path), "old text");
+    EXPECT_TRUE(rewrite_existing(path, "new", [](std::string_view current) { return current == "old text"; }));
+    EXPECT_EQ(read_file(path), "new");
+    EXPECT_FALSE(rewrite_existing(folder.data() + "/none", "new", [](std::string_view) { return true; }));
+    EXPECT_FALSE(folder.has("none"));
+}
+
 TEST(Files, AMissingFileIsMissing)
 {
     const TestFolder folder;

@@ -26,7 +26,7 @@ nlohmann::json house(const TestFolder& folder)
 void take_labels(const std::string& key, int count)
 {
     for (int i = 0; i < count; ++i)
-        EXPECT_EQ(register_house_label(key + "-" + std::to_string(i), key, ""), "");
+        EXPECT_EQ(register_house_label(key + "-" + std::to_string(i), key, {}), "");
 }
 
 }  // namespace
@@ -55,7 +55,7 @@ TEST(HousePaymail, AStoredLabelOfNothingButMarksIsTakenFromTheHouseRegistry)
 {
     const TestFolder folder;
     bind_to_wallet(folder, phrase_wallet({{"paymail", "@ "}}));
-    ASSERT_EQ(register_house_label("bob", identity_pubkey().value_or(""), ""), "");
+    ASSERT_EQ(register_house_label("bob", identity_pubkey().value_or(""), {}), "");
     EXPECT_EQ(wallet_paymail(), "bob" + kAtDomain);
 }
 

@@ -51,7 +51,7 @@ TEST(HouseLabel, ABareLabelKeepsItsLetters)
 TEST(HouseRegistry, ALabelIsWrittenWithKeyAndAddressAndBecomesThisPcsOwn)
 {
     const TestFolder folder;
-    EXPECT_EQ(register_house_label("@Ann", "02AB", "1Addr"), "");
+    EXPECT_EQ(register_house_label("@Ann", "02AB", {.payment = "1Addr", .ordinals = {}}), "");
     EXPECT_EQ(folder.read(kFile), "{\n  \"names\": {\n    \"ann\": {\n      \"address\": \"1Addr\",\n"
                                   "      \"pubkey\": \"02ab\"\n    }\n  },\n  \"self\": \"ann\"\n}");
 }
@@ -59,19 +59,19 @@ TEST(HouseRegistry, ALabelIsWrittenWithKeyAndAddressAndBecomesThisPcsOwn)
 TEST(HouseRegistry, WithoutAnAddressNoneIsWrittenAndTheOneOfBeforeStays)
 {
     const TestFolder folder;
-    EXPECT_EQ(register_house_label("ann", "02ab", ""), "");
+    EXPECT_EQ(register_house_label("ann", "02ab", {}), "");
     EXPECT_EQ(document(folder)["names"]["ann"], parse_json(R"({"pubkey":"02ab"})"));
-    EXPECT_EQ(register_house_label("ann", "02ab", "1Addr"), "");
-    EXPECT_EQ(register_house_label("ann", "02ab", ""), "");
+    EXPECT_EQ(register_house_label("ann", "02ab", {.payment = "1Addr", .ordinals = {}}), "");
+    EXPECT_EQ(register_house_label("ann", "02ab", {}), "");
     EXPECT_EQ(document(folder)["names"]["ann"]["address"], "1Addr");
 }
 
 TEST(HouseRegistry, ANameOrAKeyThatIsEmptyIsRefused)
 {
     const TestFolder folder;
-    EXPECT_EQ(register_house_label(" @", "02ab", ""), kNeedName);
-    EXPECT_EQ(register_house_label(" @", "", ""), kNeedName);
-    EXPECT_EQ(register_house_label("ann", "", ""), "no Vaultry identity pubkey");
+    EXPECT_EQ(register_house_label(" @", "02ab", {}), kNeedName);
+    EXPECT_EQ(register_house_label(" @", "", {}), kNeedName);
+    EXPECT_EQ(register_house_label("ann", "", {}), "no Vaultry identity pubkey");
     EXPECT_FALSE(folder.has(kFile));
 }
 
@@ -81,7 +81,8 @@ TEST(HouseRegistry, ALabelOfAnotherKeyIsTakenAndStaysUntouched)
     for (const char* text : {R"({"names":{"ann":{"pubkey":"03cd","address":"1Other"}},"self":"ann"})",
                              R"({"names":{"ann":{}}})", R"({"names":{"ann":"text"}})"}) {
         folder.write(kFile, text);
-        EXPECT_EQ(register_house_label("Ann", "02ab", "1Addr"), "ann@" + kDomain + " is already taken");
+        EXPECT_EQ(register_house_label("Ann", "02ab", {.payment = "1Addr", .ordinals = {}}),
+                  "ann@" + kDomain + " is already taken");
         EXPECT_EQ(folder.read(kFile), text);
     }
 }
@@ -91,7 +92,7 @@ TEST(HouseRegistry, RegisteringAgainKeepsWhatElseTheRowHolds)
     const TestFolder folder;
     folder.write(kFile, R"({"names":{"ann":{"pubkey":"02AB","address":"1Old","ord":"x_0","ordAddress":"1Ord",
                             "avatar":"p_0","note":"kept"}},"theme":1})");
-    EXPECT_EQ(register_house_label("ann", "02ab", "1New"), "");
+    EXPECT_EQ(register_house_label("ann", "02ab", {.payment = "1New", .ordinals = {}}), "");
     EXPECT_EQ(document(folder),
               parse_json(R"({"names":{"ann":{"pubkey":"02ab","address":"1New","ord":"x_0","ordAddress":"1Ord",
                             "avatar":"p_0","note":"kept"}},"theme":1,"self":"ann"})"));
@@ -101,24 +102,24 @@ TEST(HouseRegistry, TheEleventhLabelIsBeyondTheQuota)
 {
     const TestFolder folder;
     folder.write(kFile, nlohmann::json{{"names", labels(9, "02AB")}}.dump());
-    EXPECT_EQ(register_house_label("tenth", "02ab", ""), "");
-    EXPECT_EQ(register_house_label("eleventh", "02ab", ""), "paymail quota reached (10 free labels per identity)");
+    EXPECT_EQ(register_house_label("tenth", "02ab", {}), "");
+    EXPECT_EQ(register_house_label("eleventh", "02ab", {}), "paymail quota reached (10 free labels per identity)");
     EXPECT_FALSE(document(folder)["names"].contains("eleventh"));
     EXPECT_EQ(document(folder)["self"], "tenth");
-    EXPECT_EQ(register_house_label("eleventh", "03cd", ""), "");
+    EXPECT_EQ(register_house_label("eleventh", "03cd", {}), "");
 }
 
 TEST(HouseRegistry, TheRoleOfTheHostSetsTheQuota)
 {
     const TestFolder folder;
     folder.write(kFile, nlohmann::json{{"names", labels(19, "02ab")}, {"host_role", "DEV"}}.dump());
-    EXPECT_EQ(register_house_label("twentieth", "02ab", ""), "");
-    EXPECT_EQ(register_house_label("more", "02ab", ""), "paymail quota reached (20 free labels per identity)");
+    EXPECT_EQ(register_house_label("twentieth", "02ab", {}), "");
+    EXPECT_EQ(register_house_label("more", "02ab", {}), "paymail quota reached (20 free labels per identity)");
     folder.write(kFile, nlohmann::json{{"names", labels(50, "02ab")}, {"host_role", "Architect"}}.dump());
-    EXPECT_EQ(register_house_label("more", "02ab", ""), "");
+    EXPECT_EQ(register_house_label("more", "02ab", {}), "");
     EXPECT_EQ(document(folder)["host_role"], "Architect");
     folder.write(kFile, nlohmann::json{{"names", labels(10, "02ab")}, {"host_role", 7}}.dump());
-    EXPECT_EQ(register_house_label("more", "02ab", ""), "paymail quota reached (10 free labels per identity)");
+    EXPECT_EQ(register_house_label("more", "02ab", {}), "paymail quota reached (10 free labels per identity)");
 }
 
 TEST(HouseRegistry, AtItsQuotaAnIdentityMayRegisterWhatItHolds)
@@ -127,7 +128,7 @@ TEST(HouseRegistry, AtItsQuotaAnIdentityMayRegisterWhatItHolds)
     auto names = labels(12, "02ab");
     names["label3"]["ord"] = "x_0";
     folder.write(kFile, nlohmann::json{{"names", names}}.dump());
-    EXPECT_EQ(register_house_label("label3", "02AB", "1Addr"), "");
+    EXPECT_EQ(register_house_label("label3", "02AB", {.payment = "1Addr", .ordinals = {}}), "");
     EXPECT_EQ(document(folder)["names"]["label3"], parse_json(R"({"pubkey":"02ab","address":"1Addr","ord":"x_0"})"));
     EXPECT_EQ(document(folder)["self"], "label3");
 }
@@ -139,7 +140,7 @@ TEST(HouseRegistry, WhatIsNoRegistryReadsAsEmptyAndTheNextWriteReplacesIt)
         folder.write(kFile, text);
         EXPECT_EQ(house_label_of("02ab"), "") << text;
         EXPECT_EQ(folder.read(kFile), text);
-        EXPECT_EQ(register_house_label("ann", "02ab", ""), "") << text;
+        EXPECT_EQ(register_house_label("ann", "02ab", {}), "") << text;
         EXPECT_EQ(house_label_of("02ab"), "ann") << text;
     }
 }
@@ -231,18 +232,27 @@ TEST(HouseRegistry, WhatTheFileSaysAlreadyIsNotWrittenAgain)
     folder.write(kFile, text);
     set_house_ord_address("02ab", "1Ord");
     EXPECT_EQ(set_house_avatar("02ab", "p"), "");
-    EXPECT_EQ(register_house_label("a", "02ab", "1A"), "");
+    EXPECT_EQ(register_house_label("a", "02ab", {.payment = "1A", .ordinals = {}}), "");
     set_house_ord_address("", "1Ord");
     set_house_ord_address("02ab", "");
     EXPECT_EQ(folder.read(kFile), text);
 }
 
-TEST(HouseRegistry, AFileThatCannotBeWrittenIsReported)
+TEST(HouseRegistry, AFileThatCannotBeReadOrWrittenIsReported)
 {
     const TestFolder folder;
     folder.write("corvane_paymail.json/in the way", "");
-    EXPECT_EQ(register_house_label("ann", "02ab", ""), "could not write paymail registry");
+    EXPECT_EQ(register_house_label("ann", "02ab", {}), "could not read paymail registry");
     EXPECT_EQ(set_house_avatar("02ab", "p_0"), "could not write paymail registry");
+}
+
+TEST(HouseRegistry, ALabelIsWrittenWithItsOrdinalsAddressAndWithoutOneTheOneOfBeforeStays)
+{
+    const TestFolder folder;
+    EXPECT_EQ(register_house_label("ann", "02ab", {.payment = {}, .ordinals = "1Ord"}), "");
+    EXPECT_EQ(parse_json(folder.read(kFile))["names"]["ann"]["ordAddress"], "1Ord");
+    EXPECT_EQ(register_house_label("ann", "02ab", {}), "");
+    EXPECT_EQ(parse_json(folder.read(kFile))["names"]["ann"]["ordAddress"], "1Ord");
 }
 
 TEST(HouseRegistry, DigitsOfOtherMembersStayAsTheyStand)

@@ -169,12 +169,23 @@ TEST(WalletIdentity, ALabelBeyondTheQuotaIsNotThisWallets)
     EXPECT_EQ(wallet_paymail(), "");
 }
 
-TEST(WalletIdentity, AHouseRegistryThatCannotBeWrittenTakesNoPaymailAway)
+TEST(WalletIdentity, WhileTheHouseRegistryCannotBeReadNoLabelPassesAsTheWallets)
 {
     const TestFolder folder;
     bind_to_wallet(folder, phrase_wallet({{"paymail", "ann"}}));
+    const std::string text = folder.read(kWallet);
     folder.write("corvane_paymail.json/in the way", "");
-    EXPECT_EQ(wallet_paymail(), "ann" + kAtDomain);
+    EXPECT_EQ(wallet_paymail(), "");
+    EXPECT_EQ(ready_wallet()->house_paymail, "");
+    EXPECT_EQ(folder.read(kWallet), text);
+}
+
+TEST(WalletIdentity, TheFirstQueryRecordsTheOrdinalsAddressWithTheLabel)
+{
+    const TestFolder folder;
+    bind_to_wallet(folder, phrase_wallet({{"paymail", "ann"}}));
+    ASSERT_EQ(wallet_paymail(), "ann" + kAtDomain);
+    EXPECT_EQ(house(folder)["names"]["ann"]["ordAddress"], keys_of_test_phrase().ordinals_address);
 }
 
 TEST(WalletIdentity, RefreshingAnnouncesTheHousePaymailAndRecordsThePicture)

@@ -1,4 +1,6 @@
 // When a loaded wallet is not written back, and what is read besides it.
+#include "platform/files.h"
+#include "support/child_process.h"
 #include "support/wallet_files.h"
 #include "text/json.h"
 #include "wallet_bridge/binding.h"
@@ -6,9 +8,19 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <filesystem>
+#include <random>
+#include <thread>
 
 namespace {
+
+// A start takes long under Wine.
+#ifdef _WIN32
+constexpr int kKills = 60;
+#else
+constexpr int kKills = 500;
+#endif
 
 const char* const kWallet = "wallets/1/wallet.json";
 const std::string kOne = "0000000000000000000000000000000000000000000000000000000000000001";
@@ -36,6 +48,84 @@ TEST(WalletSaving, LeavesAFileAloneThatAnotherProgramHasJustEmptied)
     EXPECT_FALSE(save_wallet());
     EXPECT_TRUE(folder.has(kWallet));
     EXPECT_EQ(folder.read(kWallet), "");
+}
+
+TEST(WalletSaving, LeavesALockRecordAloneThatHasTakenTheWalletsPlace)
+{
+    const TestFolder folder;
+    bind_to_wallet(folder, phrase_wallet());
+    ASSERT_TRUE(load_wallet());
+    loaded_wallet()->paymail = "ann";
+    folder.write(kWallet, R"({"lock":"QX-LOCK1"})");
+    EXPECT_FALSE(save_wallet());
+    EXPECT_EQ(folder.read(kWallet), R"({"lock":"QX-LOCK1"})");
+}
+
+TEST(WalletSaving, WritesNothingBesideASeal)
+{
+    const TestFolder folder;
+    bind_to_wallet(folder, phrase_wallet());
+    ASSERT_TRUE(load_wallet());
+    loaded_wallet()->paymail = "ann";
+    const std::string text = folder.read(kWallet);
+    folder.write(std::string(kWallet) + ".seal", "");
+    EXPECT_FALSE(save_wallet());
+    EXPECT_EQ(folder.read(kWallet), text);
+}
+
+TEST(WalletSaving, MakesNoFileThatIsGone)
+{
+    const TestFolder folder;
+    bind_to_wallet(folder, phrase_wallet());
+    ASSERT_TRUE(load_wallet());
+    loaded_wallet()->paymail = "ann";
+    ASSERT_TRUE(remove_file(folder.data() + "/" + kWallet));
+    EXPECT_FALSE(save_wallet());
+    EXPECT_FALSE(folder.has(kWallet));
+}
+
+TEST(WalletSaving, WritesWhereTheWalletWasReadWhateverIsBoundSince)
+{
+    const TestFolder folder;
+    bind_to_wallet(folder, phrase_wallet());
+    const std::string text = folder.read(kWallet);
+    folder.write("wallets/2/wallet.json", text);
+    ASSERT_TRUE(load_wallet());
+    loaded_wallet()->paymail = "ann";
+    bind_wallet("2");
+    EXPECT_TRUE(save_wallet());
+    EXPECT_EQ(parse_json(folder.read(kWallet))["paymail"], "ann");
+    EXPECT_EQ(folder.read("wallets/2/wallet.json"), text);
+}
+
+TEST(WalletSaving, OfANewerFormatWritesNothing)
+{
+    const TestFolder folder;
+    bind_to_wallet(folder, phrase_wallet({{"version", 3}}));
+    const std::string text = folder.read(kWallet);
+    ASSERT_TRUE(load_wallet());
+    loaded_wallet()->paymail = "ann";
+    EXPECT_FALSE(save_wallet());
+    EXPECT_EQ(folder.read(kWallet), text);
+}
+
+// The text stays below one page of memory, as in the test of rewriting in place.
+TEST(WalletSaving, KilledAtAnyMomentLeavesAWholeWallet)
+{
+    const TestFolder folder;
+    bind_to_wallet(folder, phrase_wallet());
+    std::mt19937 random(1);
+    std::set<std::string> seen;
+    for (int kill = 0; kill < kKills; ++kill) {
+        ChildProcess writer({folder.path(), "save-wallet"});
+        ASSERT_EQ(writer.read_line(), "saving");
+        std::this_thread::sleep_for(std::chrono::microseconds(random() % 3000));
+        writer.kill();
+        const auto document = parse_json(folder.read(kWallet));
+        ASSERT_EQ(text_member(document, "mnemonic"), kPhrase) << "kill " << kill;
+        seen.insert(text_member(document, "paymail"));
+    }
+    EXPECT_EQ(seen, (std::set<std::string>{"ann", "a-much-longer-label"}));
 }
 
 TEST(WalletSaving, OfTheOlderFileRewritesIt)

@@ -1,5 +1,6 @@
 // Connect and Unbind through the real window. The user of the wallet application is the test itself.
 #include "platform/text_conversion.h"
+#include "platform/unique_handle.h"
 #include "support/child_process.h"
 #include "support/connect_requests.h"
 #include "support/wallet_files.h"
@@ -49,6 +50,16 @@ std::size_t bind_records(const TestFolder& folder)
         ++count;
     FindClose(search);
     return count;
+}
+
+// The one bind record, open elsewhere: it can be read, and neither written nor deleted.
+UniqueHandle held_record(const TestFolder& folder)
+{
+    const std::wstring binds = widen(folder.data() + "\\binds\\");
+    WIN32_FIND_DATAW found{};
+    FindClose(FindFirstFileW((binds + L"*.json").c_str(), &found));
+    return UniqueHandle(CreateFileW((binds + found.cFileName).c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
+                                    OPEN_EXISTING, 0, nullptr));
 }
 
 // Connect has been pressed, the request is there, nobody has answered yet.
@@ -239,6 +250,39 @@ TEST(Unbind, EmptiesTheCardAndForgetsTheBinding)
     EXPECT_EQ(program.text(1013), L"");
     EXPECT_EQ(bind_records(folder), 0U);
     EXPECT_TRUE(folder.has("wallets/1/wallet.json"));
+}
+
+TEST(Unbind, OfARecordThatCannotBeDeletedHoldsUntilTheNextStartAndSaysSo)
+{
+    const TestFolder folder;
+    write_one_wallet(folder, phrase_wallet());
+    const RunningProgram program;
+    const UniqueHandle held = held_record(folder);
+    ASSERT_TRUE(held);
+    program.press(1002);
+    EXPECT_EQ(program.text(1008),
+              L"Unbound. The file that remembers the wallet could not be deleted: the next start may use it again.");
+    EXPECT_EQ(program.text(1011), L"Connect Vaultry");
+    program.press(1001);
+    EXPECT_EQ(program.text(1008), kWaits);
+}
+
+TEST(Unbind, OfARecordThatCannotBeDeletedIsFollowedByAConnectThatSaysWhatItCouldNotWrite)
+{
+    const TestFolder folder;
+    write_one_wallet(folder, phrase_wallet());
+    const RunningProgram program;
+    const UniqueHandle held = held_record(folder);
+    ASSERT_TRUE(held);
+    program.press(1002);
+    write_two_wallets(folder);
+    program.press(1001);
+    ASSERT_TRUE(becomes_true([&] { return connect_request_ids(folder).size() == 1; }));
+    reply_to_connect_request(folder, R"({"ok":true,"wallet_id":"2"})");
+    EXPECT_TRUE(program.shows(1008,
+                              L"Connected. The file that remembers the wallet could not be written: connect again "
+                              L"at the next start."));
+    EXPECT_EQ(program.text(1011), widen(keys_of_shop().address));
 }
 
 TEST(Unbind, WhenNothingIsBoundSaysTheSame)

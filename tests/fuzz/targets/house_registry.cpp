@@ -69,7 +69,8 @@ void check_registration()
 {
     const FilesOnDisk before = files_on_disk();
     const json known = document();
-    const std::string refusal = register_house_label(std::string(" @Ann@somewhere "), "02AB", kAddress);
+    const std::string refusal =
+        register_house_label(std::string(" @Ann@somewhere "), "02AB", {.payment = kAddress, .ordinals = {}});
     require(refusal.empty() == is_free_for_key(known), "a label of another key, or one too many, is refused");
     if (!refusal.empty()) {
         require(files_on_disk() == before, "a refused label changes nothing on the disk");
@@ -78,7 +79,7 @@ void check_registration()
     require(house_label_of(kKey) == kLabel, "an accepted label is found again");
     require(without_the_label(document()) == without_the_label(known), "no other row and no other member has changed");
     const FilesOnDisk after = files_on_disk();
-    require(register_house_label(kLabel, kKey, "").empty() && files_on_disk() == after,
+    require(register_house_label(kLabel, kKey, {}).empty() && files_on_disk() == after,
             "the same label again changes nothing on the disk");
 }
 
