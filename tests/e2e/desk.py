@@ -100,14 +100,32 @@ def open_program(folder: pathlib.Path) -> subprocess.Popen:
     raise AssertionError(f"the program shows no window, and {state}")
 
 
+def what_it_does(process: subprocess.Popen) -> str:
+    """Of a program that should have ended: whether its window is there and answers, and where each thread waits."""
+    window = "its window answers" if is_true("answers") else "no window of it answers"
+    threads = []
+    for task in sorted(pathlib.Path(f"/proc/{process.pid}/task").glob("*")):
+        with contextlib.suppress(OSError):
+            threads.append(" ".join((task / name).read_text().strip() for name in ("comm", "wchan", "syscall")))
+    return f"{window}; threads: {'; '.join(threads)}"
+
+
+def close_program(process: subprocess.Popen) -> None:
+    """As a user closes it, unless that has been done; then it must end."""
+    is_true("close")
+    try:
+        process.wait(timeout=30)
+    except subprocess.TimeoutExpired:
+        raise AssertionError(f"the program has not ended: {what_it_does(process)}") from None
+
+
 @contextlib.contextmanager
 def running_program(folder: pathlib.Path = EXE.parent):
     """The program with its window open; closed at the end, as a user closes it."""
     process = open_program(folder)
     try:
         yield process
-        drive("close", check=False)
-        process.wait(timeout=30)
+        close_program(process)
     finally:
         if process.poll() is None:
             process.kill()

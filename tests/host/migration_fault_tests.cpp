@@ -173,6 +173,19 @@ TEST(MigrationFaults, AMarkThatCannotBeDeletedBringsNoDeletedWalletBack)
     EXPECT_FALSE(folder.has(kMark));
 }
 
+TEST(MigrationFaults, WithoutAMarkNothingMoves)
+{
+    const TestFolder folder;
+    put_old_wallet(folder);
+    const std::string registry = folder.read("wallets.json");
+    stand_in().files.refuses = [&folder](const std::string& path) { return path == folder.data() + "/" + kMark; };
+    migrate_single_wallet();
+    EXPECT_EQ(folder.read(kOld), "the wallet");
+    EXPECT_EQ(folder.read(kOldSeal), "the seal");
+    EXPECT_EQ(folder.read("wallets.json"), registry);
+    EXPECT_FALSE(folder.has("wallets"));
+}
+
 TEST(MigrationFaults, AnUnreadableMarkIsWaitedFor)
 {
     const TestFolder folder;

@@ -166,7 +166,12 @@ const std::map<std::wstring, std::function<bool(const Arguments&)>>& commands()
         {L"question-rectangle", [](const Arguments&) { return print_rectangle(question()); }},
         // answers: the window takes messages
         {L"answers", [](const Arguments&) { return send(window(), WM_NULL, 0, 0); }},
-        {L"close", [](const Arguments&) { return PostMessageW(window(), WM_CLOSE, 0, 0) != FALSE; }},
+        // close: the window, if it is there
+        {L"close",
+         [](const Arguments&) {
+             const HWND there = window();
+             return there != nullptr && PostMessageW(there, WM_CLOSE, 0, 0) != FALSE;
+         }},
         // close-folder TITLE: every window of the file manager that shows the folder of this name
         {L"close-folder",
          [](const Arguments& a) {
