@@ -152,6 +152,14 @@ void on_flow_result(LPARAM lparam)
     if (sentence != nullptr) set_status(*sentence);
 }
 
+// The session ends: what closing both windows would keep is kept now. The process is ended as it stands, and no window
+// is destroyed before.
+void on_session_end()
+{
+    take_open_settings();
+    save_settings(app_state().settings, name_field_text());
+}
+
 // A result that was posted just before the end finds nobody any more.
 void discard_late_results(HWND window)
 {
@@ -217,6 +225,11 @@ LRESULT CALLBACK main_window_procedure(HWND window, UINT message, WPARAM wparam,
         return 0;
     case MsgShowPackage:
         show_plugin_upload(app_state().settings.site, window);
+        return 0;
+    case WM_QUERYENDSESSION:
+        return TRUE;
+    case WM_ENDSESSION:
+        if (wparam != FALSE) on_session_end();
         return 0;
     case WM_DESTROY:
         on_destroy(window);
