@@ -143,13 +143,12 @@ void on_notify(NMHDR& notification)
         answer_tip(reinterpret_cast<NMTTDISPINFOW&>(notification));
 }
 
-void on_flow_result(LPARAM lparam)
+void on_flow_result(const std::wstring& sentence)
 {
-    const auto sentence = take_text<std::wstring>(lparam);
     clear_busy();
     refresh_wallet_card();
     refresh_name_preview();
-    if (sentence != nullptr) set_status(*sentence);
+    set_status(sentence);
 }
 
 // The session ends: what closing both windows would keep is kept now. The process is ended as it stands, and no window
@@ -214,11 +213,12 @@ LRESULT CALLBACK main_window_procedure(HWND window, UINT message, WPARAM wparam,
     case WM_NOTIFY:
         on_notify(*reinterpret_cast<NMHDR*>(lparam));
         return 0;
+    // A text that no worker has posted is somebody else's: nothing has come to its end.
     case MsgConnectResult:
-        on_connect_result(take_text<std::string>(lparam).get());
+        if (const auto result = take_text<std::string>(lparam)) on_connect_result(*result);
         return 0;
     case MsgFlowResult:
-        on_flow_result(lparam);
+        if (const auto sentence = take_text<std::wstring>(lparam)) on_flow_result(*sentence);
         return 0;
     case MsgUpdateResult:
         take_found_build(static_cast<std::int32_t>(wparam - 1));
