@@ -104,10 +104,11 @@ Flow install_flow(HWND window)
 
 void on_command(HWND window, int id, int notification)
 {
+    if (id == kNameField && notification == EN_CHANGE) refresh_name_preview();
+    // Behind a question nothing is pressed. From mouse and keys Windows keeps it; a screen reader's press comes all
+    // the same.
+    if (!IsWindowEnabled(window)) return;
     switch (id) {
-    case kNameField:
-        if (notification == EN_CHANGE) refresh_name_preview();
-        break;
     case kVersionLabel:
         if (notification == STN_CLICKED) open_update_page();
         break;

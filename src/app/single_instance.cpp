@@ -20,6 +20,7 @@ bool bring_running_copy_forward()
     const HWND running = FindWindowW(kMainWindowClass, nullptr);
     if (running == nullptr) return false;
     if (IsIconic(running)) ShowWindow(running, SW_RESTORE);
-    SetForegroundWindow(running);
+    // A question that waits before the window has the keys: it, and not the window that it disables.
+    SetForegroundWindow(GetLastActivePopup(running));
     return true;
 }
