@@ -53,8 +53,10 @@ void lay_out(HWND window)
     GetClientRect(window, &client);
     state.layout = main_layout(client.right, state.dpi);
     place_controls();
-    // The controls too, wherever they stand: what shows behind them goes with the height of the window.
-    RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
+    // The controls too, wherever they stand: what shows behind them goes with the height of the window. Nothing is
+    // erased, since all of them paint everything that they cover, except a field: that only paints its line of text.
+    RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+    RedrawWindow(GetDlgItem(window, kNameField), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME);
 }
 
 void on_new_colours(HWND window)
