@@ -9,6 +9,7 @@
 #include "app/posted_text.h"
 #include "app/update_notice.h"
 #include "app/wallet_card.h"
+#include "app/window_icons.h"
 #include "app/window_painting.h"
 #include "flows/install.h"
 #include "flows/publish.h"
@@ -36,6 +37,8 @@ void on_create(HWND window)
 {
     AppState& state = app_state();
     state.main_window = window;
+    state.dpi = start_dpi(GetDpiForWindow(window));
+    show_icons(window, state.dpi, state.icons);
     state.fonts = make_fonts(state.dpi);
     take_colours(window);
     create_controls(window);
@@ -74,6 +77,7 @@ void on_dpi_changed(HWND window, unsigned dpi, const RECT& suggested)
 {
     AppState& state = app_state();
     state.dpi = dpi;
+    show_icons(window, dpi, state.icons);
     // The controls still hold the old fonts: these die only after the new ones have been handed out.
     Fonts old = std::exchange(state.fonts, make_fonts(dpi));
     reassign_control_fonts();
