@@ -57,7 +57,8 @@ void lay_out(HWND window)
     state.layout = main_layout(client.right, state.dpi);
     place_controls();
     // The controls too, wherever they stand: what shows behind them goes with the height of the window. Nothing is
-    // erased, since all of them paint everything that they cover, except a field: that only paints its line of text.
+    // erased, since all of them paint everything that they cover. Only the field has a frame to be painted, and a
+    // background that it leaves to be erased.
     RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
     RedrawWindow(GetDlgItem(window, kNameField), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME);
 }
