@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <winternl.h>
+
 #include <future>
 #include <optional>
 #include <thread>
@@ -26,6 +28,14 @@ public:
     {
         ReleaseMutex(m_mutex);
         CloseHandle(m_mutex);
+    }
+
+    // Whether somebody else has opened it: a start that is about to wait for its turn.
+    bool is_opened_elsewhere() const
+    {
+        PUBLIC_OBJECT_BASIC_INFORMATION about{};
+        NtQueryObject(m_mutex, ObjectBasicInformation, &about, sizeof about, nullptr);
+        return about.HandleCount > 1;
     }
 
 private:
@@ -86,6 +96,7 @@ TEST(SingleInstance, AStartThatWaitedForAnotherFindsItsWindow)
     const TestFolder folder;
     std::optional<HeldMutex> first(std::in_place);
     auto second = std::async(std::launch::async, run_to_its_end);
+    EXPECT_TRUE(becomes_true([&] { return first->is_opened_elsewhere(); }));
     HWND window = make_window_of_the_class();
     first.reset();
     EXPECT_TRUE(comes_true([&] { return second.wait_for(std::chrono::seconds(0)) == std::future_status::ready; }));
