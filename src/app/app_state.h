@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/layout.h"
+#include "app/window_icons.h"
 #include "settings/settings_store.h"
 #include "ui/dpi.h"
 #include "ui/fonts.h"
@@ -19,6 +20,7 @@ struct AppState {
     Fonts fonts_at_creation;  // the Close button keeps its first font when the DPI changes
     Brush card_brush;
     Brush edit_brush;
+    WindowIcons icons;
     MainLayout layout;
 
     bool is_busy = false;

@@ -22,15 +22,15 @@ void on_connect_pressed()
     start_connecting(app_state().main_window);
 }
 
-void on_connect_result(const std::string* result)
+void on_connect_result(const std::string& result)
 {
     clear_busy();
-    if (result == nullptr || result->empty()) {
+    if (result.empty()) {
         set_status(L"Vaultry did not connect.");
         return;
     }
-    if (!result->starts_with("success")) {
-        set_status(widen(*result));
+    if (!result.starts_with("success")) {
+        set_status(widen(result));
         return;
     }
     refresh_wallet_card();

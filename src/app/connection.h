@@ -5,6 +5,6 @@
 
 void on_connect_pressed();  // starts the worker that asks the wallet application, unless something runs or a wallet is
                             // connected
-void on_connect_result(const std::string* result);  // what the worker posted; null when it posted no text
+void on_connect_result(const std::string& result);  // what the worker posted
 
 void on_unbind_pressed();

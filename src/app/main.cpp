@@ -64,6 +64,7 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, PSTR, int show)
 {
     SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
     enter_executable_folder();
+    std::optional<StartTurn> turn(std::in_place);
     if (bring_running_copy_forward()) return 0;
 
     SetProcessDpiAwarenessContext(DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2);
@@ -72,6 +73,7 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, PSTR, int show)
     load_settings(app_state().settings);
     const CurlLifetime curl;
     open_main_window(instance, show);
+    turn.reset();
     const int exit_code = answer_messages();
 
     // A worker may be in the middle of a request or of a wallet query: nothing that it uses is taken down under it.

@@ -8,5 +8,6 @@ inline constexpr wchar_t kMainWindowClass[] = L"CorvaneBrassletShell";
 
 void register_main_window_class(HINSTANCE instance);
 
-// In the size that app_state().dpi asks for, not shown yet. Null when Windows refuses.
+// In its first size, not shown yet. app_state().dpi is that of the monitor on which it was expected, and from then on
+// that of the monitor on which it stands. Null when Windows refuses.
 HWND create_main_window(HINSTANCE instance);

@@ -9,6 +9,7 @@
 #include "app/posted_text.h"
 #include "app/update_notice.h"
 #include "app/wallet_card.h"
+#include "app/window_icons.h"
 #include "app/window_painting.h"
 #include "flows/install.h"
 #include "flows/publish.h"
@@ -36,6 +37,8 @@ void on_create(HWND window)
 {
     AppState& state = app_state();
     state.main_window = window;
+    state.dpi = start_dpi(GetDpiForWindow(window));
+    show_icons(window, state.dpi, state.icons);
     state.fonts = make_fonts(state.dpi);
     take_colours(window);
     create_controls(window);
@@ -53,8 +56,11 @@ void lay_out(HWND window)
     GetClientRect(window, &client);
     state.layout = main_layout(client.right, state.dpi);
     place_controls();
-    // The controls too, wherever they stand: what shows behind them goes with the height of the window.
-    RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
+    // The controls too, wherever they stand: what shows behind them goes with the height of the window. Nothing is
+    // erased, since all of them paint everything that they cover. Only the field has a frame to be painted, and a
+    // background that it leaves to be erased.
+    RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+    RedrawWindow(GetDlgItem(window, kNameField), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME);
 }
 
 void on_new_colours(HWND window)
@@ -72,6 +78,7 @@ void on_dpi_changed(HWND window, unsigned dpi, const RECT& suggested)
 {
     AppState& state = app_state();
     state.dpi = dpi;
+    show_icons(window, dpi, state.icons);
     // The controls still hold the old fonts: these die only after the new ones have been handed out.
     Fonts old = std::exchange(state.fonts, make_fonts(dpi));
     reassign_control_fonts();
@@ -104,10 +111,11 @@ Flow install_flow(HWND window)
 
 void on_command(HWND window, int id, int notification)
 {
+    if (id == kNameField && notification == EN_CHANGE) refresh_name_preview();
+    // Behind a question nothing is pressed. From mouse and keys Windows keeps it; a screen reader's press comes all
+    // the same.
+    if (!IsWindowEnabled(window)) return;
     switch (id) {
-    case kNameField:
-        if (notification == EN_CHANGE) refresh_name_preview();
-        break;
     case kVersionLabel:
         if (notification == STN_CLICKED) open_update_page();
         break;
@@ -143,13 +151,20 @@ void on_notify(NMHDR& notification)
         answer_tip(reinterpret_cast<NMTTDISPINFOW&>(notification));
 }
 
-void on_flow_result(LPARAM lparam)
+void on_flow_result(const std::wstring& sentence)
 {
-    const auto sentence = take_text<std::wstring>(lparam);
     clear_busy();
     refresh_wallet_card();
     refresh_name_preview();
-    if (sentence != nullptr) set_status(*sentence);
+    set_status(sentence);
+}
+
+// The session ends: what closing both windows would keep is kept now. The process is ended as it stands, and no window
+// is destroyed before.
+void on_session_end()
+{
+    take_open_settings();
+    save_settings(app_state().settings, name_field_text());
 }
 
 // A result that was posted just before the end finds nobody any more.
@@ -206,17 +221,23 @@ LRESULT CALLBACK main_window_procedure(HWND window, UINT message, WPARAM wparam,
     case WM_NOTIFY:
         on_notify(*reinterpret_cast<NMHDR*>(lparam));
         return 0;
+    // A text that no worker has posted is somebody else's: nothing has come to its end.
     case MsgConnectResult:
-        on_connect_result(take_text<std::string>(lparam).get());
+        if (const auto result = take_text<std::string>(lparam)) on_connect_result(*result);
         return 0;
     case MsgFlowResult:
-        on_flow_result(lparam);
+        if (const auto sentence = take_text<std::wstring>(lparam)) on_flow_result(*sentence);
         return 0;
     case MsgUpdateResult:
         take_found_build(static_cast<std::int32_t>(wparam - 1));
         return 0;
     case MsgShowPackage:
         show_plugin_upload(app_state().settings.site, window);
+        return 0;
+    case WM_QUERYENDSESSION:
+        return TRUE;
+    case WM_ENDSESSION:
+        if (wparam != FALSE) on_session_end();
         return 0;
     case WM_DESTROY:
         on_destroy(window);

@@ -10,6 +10,7 @@
 #include "ui/users_palette.h"
 
 #include <memory>
+#include <utility>
 
 namespace {
 
@@ -23,7 +24,8 @@ constexpr int kBelowOwner = 60;
 // anew when its monitor changes.
 struct OpenWindow {
     SettingsWindowHost host;
-    Fonts fonts = make_fonts(host.dpi);
+    unsigned dpi = host.dpi;  // its own: it may stand on another monitor
+    Fonts fonts = make_fonts(dpi);
     Brush card_brush = solid_brush(users_palette().card);
     Brush edit_brush = solid_brush(users_palette().field);
     bool password_is_shown = false;
@@ -53,7 +55,7 @@ void draw_button(const OpenWindow& open, const DRAWITEMSTRUCT& item)
 {
     const Picture eye = open.password_is_shown ? Picture::open_eye : Picture::struck_eye;
     const Picture picture = item.CtlID == kShowPasswordButton ? eye : Picture::none;
-    paint_drawn_button(item, {open.host.dpi, open.fonts.body.get(), picture});
+    paint_drawn_button(item, {open.dpi, open.fonts.body.get(), picture});
 }
 
 void on_new_colours(HWND window, OpenWindow& open)
@@ -63,6 +65,45 @@ void on_new_colours(HWND window, OpenWindow& open)
     open.edit_brush = solid_brush(users_palette().field);
     apply_frame_colours(window);
     RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
+}
+
+// With its frame.
+Size window_size(unsigned dpi)
+{
+    const Size client = settings_client_size(dpi);
+    RECT frame{0, 0, client.width, client.height};
+    AdjustWindowRectExForDpi(&frame, kStyle, FALSE, kExtendedStyle, dpi);
+    return {frame.right - frame.left, frame.bottom - frame.top};
+}
+
+void on_dpi_changed(HWND window, OpenWindow& open, unsigned dpi, const RECT& suggested)
+{
+    open.dpi = dpi;
+    // The controls still hold the old fonts: these die only after the new ones have been handed out.
+    const Fonts old = std::exchange(open.fonts, make_fonts(dpi));
+    fit_settings_controls(window, open.fonts, dpi);
+    SetWindowPos(window, nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
+                 suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
+}
+
+// A window that is born on another monitor than its owner's hears of no change.
+void take_dpi_of_monitor(HWND window, OpenWindow& open)
+{
+    const unsigned dpi = start_dpi(GetDpiForWindow(window));
+    if (dpi == start_dpi(GetDpiForWindow(open.host.main_window))) return;
+    RECT place{};
+    GetWindowRect(window, &place);
+    const Size size = window_size(dpi);
+    on_dpi_changed(window, open, dpi, {place.left, place.top, place.left + size.width, place.top + size.height});
+}
+
+// Windows asks before it suggests a place on the new monitor. Its own answer would scale the frame with the rest.
+LRESULT answer_size_at(unsigned dpi, SIZE& answer)
+{
+    const Size size = window_size(dpi);
+    answer = {size.width, size.height};
+    return TRUE;
 }
 
 LRESULT colour_control(HDC dc, Colour text, Colour background, const Brush& brush)
@@ -115,6 +156,11 @@ LRESULT CALLBACK settings_window_procedure(HWND window, UINT message, WPARAM wpa
         return colour_control(reinterpret_cast<HDC>(wparam), palette.field_text, palette.field, open->edit_brush);
     case WM_CTLCOLORSTATIC:
         return colour_control(reinterpret_cast<HDC>(wparam), palette.card_text, palette.card, open->card_brush);
+    case WM_GETDPISCALEDSIZE:
+        return answer_size_at(static_cast<unsigned>(wparam), *reinterpret_cast<SIZE*>(lparam));
+    case WM_DPICHANGED:
+        on_dpi_changed(window, *open, HIWORD(wparam), *reinterpret_cast<const RECT*>(lparam));
+        return 0;
     case WM_COMMAND:
         on_command(window, *open, LOWORD(wparam));
         return 0;
@@ -148,17 +194,14 @@ ATOM register_window_class()
 
 HWND create_window(const SettingsWindowHost& host)
 {
-    const Size client = settings_client_size(host.dpi);
-    RECT frame{0, 0, client.width, client.height};
-    AdjustWindowRectExForDpi(&frame, kStyle, FALSE, kExtendedStyle, host.dpi);
+    const Size size = window_size(host.dpi);
     RECT owner{};
     GetWindowRect(host.main_window, &owner);
 
     auto open = std::make_unique<OpenWindow>(OpenWindow{host});
     return CreateWindowExW(kExtendedStyle, kWindowClass, L"Settings", kStyle,
                            owner.left + scaled(kRightOfOwner, host.dpi), owner.top + scaled(kBelowOwner, host.dpi),
-                           frame.right - frame.left, frame.bottom - frame.top, host.main_window, nullptr,
-                           GetModuleHandleW(nullptr), &open);
+                           size.width, size.height, host.main_window, nullptr, GetModuleHandleW(nullptr), &open);
 }
 
 }  // namespace
@@ -175,6 +218,7 @@ void open_settings_window(const SettingsWindowHost& host)
 
     *host.handle = window;
     create_settings_controls(window, *host.settings, open_window(window)->fonts, host.dpi);
+    take_dpi_of_monitor(window, *open_window(window));
     apply_frame_colours(window);
     keep_focus(window);
     ShowWindow(window, SW_SHOW);

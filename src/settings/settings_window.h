@@ -9,7 +9,7 @@
 // What the window needs of the program. The settings and the handle live longer than the window.
 struct SettingsWindowHost {
     HWND main_window = nullptr;        // owns the window
-    unsigned dpi = 0;                  // that the window is made for
+    unsigned dpi = 0;                  // of the main window
     SiteSettings* settings = nullptr;  // shown when it opens, and where its fields go
     HWND* handle = nullptr;            // the window while it is open, else null
     void (*on_taken)() = nullptr;      // the user closed the window: the settings hold its fields now

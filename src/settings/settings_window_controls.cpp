@@ -69,13 +69,20 @@ Size settings_client_size(unsigned dpi)
     return {scaled(500, dpi), scaled(360, dpi)};
 }
 
-void create_settings_controls(HWND window, const SiteSettings& settings, const Fonts& fonts, unsigned dpi)
+void fit_settings_controls(HWND window, const Fonts& fonts, unsigned dpi)
 {
     for (const Row& row : kRows) {
-        const HWND control = create_control(window, row);
+        const HWND control = GetDlgItem(window, row.id);
         set_font(control, fonts.*row.font);
         place(control, row.place, dpi);
     }
+}
+
+void create_settings_controls(HWND window, const SiteSettings& settings, const Fonts& fonts, unsigned dpi)
+{
+    for (const Row& row : kRows)
+        create_control(window, row);
+    fit_settings_controls(window, fonts, dpi);
     SetDlgItemTextW(window, kSiteField, widen(settings.site).c_str());
     SetDlgItemTextW(window, kUserField, widen(settings.user).c_str());
     prepare_password_field(GetDlgItem(window, kPasswordField), !settings.pass.empty());

@@ -26,5 +26,8 @@ void create_settings_controls(HWND window, const SiteSettings& settings, const F
 // Tells screen readers what the eye button would do.
 void name_eye(HWND window, bool password_is_shown);
 
+// The same controls in other fonts and in their places at another `dpi`, not painted yet.
+void fit_settings_controls(HWND window, const Fonts& fonts, unsigned dpi);
+
 // What stands in the fields, as typed.
 TypedSettings typed_settings(HWND window);

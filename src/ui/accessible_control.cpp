@@ -8,9 +8,10 @@ namespace {
 
 constexpr int kLongestName = 640;
 
-bool is_alive_and_enabled(HWND control)
+// Enabled itself, and not behind a question either, which disables the window and leaves its controls as they are.
+bool can_be_pressed(HWND control)
 {
-    return IsWindow(control) && IsWindowEnabled(control);
+    return IsWindow(control) && IsWindowEnabled(control) && IsWindowEnabled(GetAncestor(control, GA_ROOT));
 }
 
 }  // namespace
@@ -73,7 +74,10 @@ HRESULT AccessibleControl::get_accState(VARIANT child, VARIANT* state)
     const HRESULT result = m_windows_own->get_accState(child, state);
     if (FAILED(result) || state->vt != VT_I4) return result;
     state->lVal |= m_kind.more_state;
-    if (is_alive_and_enabled(m_control)) state->lVal |= STATE_SYSTEM_FOCUSABLE;
+    if (can_be_pressed(m_control))
+        state->lVal |= STATE_SYSTEM_FOCUSABLE;
+    else if (IsWindow(m_control))
+        state->lVal = (state->lVal | STATE_SYSTEM_UNAVAILABLE) & ~STATE_SYSTEM_FOCUSABLE;
     if (GetFocus() == m_control) state->lVal |= STATE_SYSTEM_FOCUSED;
     return result;
 }
@@ -86,7 +90,7 @@ HRESULT AccessibleControl::get_accDefaultAction(VARIANT, BSTR* action)
 
 HRESULT AccessibleControl::accDoDefaultAction(VARIANT)
 {
-    if (!is_alive_and_enabled(m_control)) return DISP_E_MEMBERNOTFOUND;
+    if (!can_be_pressed(m_control)) return DISP_E_MEMBERNOTFOUND;
     // Later: what the control does may last, and may end this window.
     return post_press(m_control) ? S_OK : E_FAIL;
 }

@@ -55,6 +55,9 @@ LRESULT CALLBACK behave(HWND button, UINT message, WPARAM wparam, LPARAM lparam,
         if (LOWORD(lparam) != HTCLIENT) break;
         show_hand();
         return TRUE;
+    case WM_ERASEBKGND:
+        // Windows would fill an owner-drawn button with grey, which shows until the button is drawn over it.
+        return TRUE;
     case WM_ENABLE:
         // Painted when its turn comes, not at once, with whoever disabled it waiting.
         InvalidateRect(button, nullptr, FALSE);

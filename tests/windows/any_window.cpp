@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr DWORD kPatience = 10'000;  // milliseconds; what takes longer has failed
+constexpr DWORD kPatience = 30'000;  // milliseconds; what takes longer has failed
 
 }  // namespace
 

@@ -8,7 +8,7 @@
 #include <functional>
 #include <string>
 
-// Asks again until `condition` holds; false when it still does not after ten seconds.
+// Asks again until `condition` holds; false when it still does not after half a minute.
 bool becomes_true(const std::function<bool()>& condition);
 
 // Sends the message and returns the answer; the test fails when none comes.

@@ -1,7 +1,9 @@
 // What the main window does with the result of a connect, in a window of this process, which can be handed any text.
 #include "app/main_window.h"
 #include "app/messages.h"
+#include "app/posted_text.h"
 #include "support/test_folder.h"
+#include "windows/own_window.h"
 
 #include <gtest/gtest.h>
 
@@ -26,8 +28,8 @@ protected:
 
     std::wstring status_after(const char* result) const
     {
-        auto text = std::make_unique<std::string>(result);
-        SendMessageW(m_window, MsgConnectResult, 0, reinterpret_cast<LPARAM>(text.release()));
+        EXPECT_TRUE(post_text(m_window, MsgConnectResult, std::make_unique<std::string>(result)));
+        answer_messages();
         wchar_t status[128] = {};
         GetDlgItemTextW(m_window, 1008, status, 128);
         return status;
@@ -40,11 +42,11 @@ protected:
 // A text whose characters can be looked for after it was freed: the program's operator delete zeroes them.
 constexpr std::size_t kSize = 4000;
 
-LPARAM marked_text(std::uintptr_t& characters)
+std::unique_ptr<std::string> marked_text(std::uintptr_t& characters)
 {
     auto text = std::make_unique<std::string>(kSize, '\xA7');
     characters = reinterpret_cast<std::uintptr_t>(text->data());
-    return reinterpret_cast<LPARAM>(text.release());
+    return text;
 }
 
 bool is_freed(std::uintptr_t characters)
@@ -81,16 +83,16 @@ TEST_F(ConnectResult, ThatIsEmptyIsToldInASentence)
 TEST_F(ConnectResult, IsFreedByTheWindow)
 {
     std::uintptr_t characters = 0;
-    const LPARAM text = marked_text(characters);
+    ASSERT_TRUE(post_text(m_window, MsgConnectResult, marked_text(characters)));
     ASSERT_FALSE(is_freed(characters));
-    SendMessageW(m_window, MsgConnectResult, 0, text);
+    answer_messages();
     EXPECT_TRUE(is_freed(characters));
 }
 
 TEST_F(ConnectResult, ThatComesTooLateIsFreedWithTheWindow)
 {
     std::uintptr_t characters = 0;
-    ASSERT_TRUE(PostMessageW(m_window, MsgConnectResult, 0, marked_text(characters)));
+    ASSERT_TRUE(post_text(m_window, MsgConnectResult, marked_text(characters)));
     ASSERT_FALSE(is_freed(characters));
     DestroyWindow(m_window);
     EXPECT_TRUE(is_freed(characters));

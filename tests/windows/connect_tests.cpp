@@ -1,4 +1,5 @@
 // Connect and Unbind through the real window. The user of the wallet application is the test itself.
+#include "app/messages.h"
 #include "platform/text_conversion.h"
 #include "platform/unique_handle.h"
 #include "support/child_process.h"
@@ -228,12 +229,14 @@ TEST(Connect, ForABoundWalletOfASingleKeySucceedsWithoutTheWalletApplication)
     EXPECT_FALSE(folder.has("connect"));
 }
 
-TEST(Connect, AResultWithoutATextIsTold)
+TEST(Connect, AResultThatAnotherProgramPostsIsNone)
 {
     const TestFolder folder;
     const RunningProgram program;
-    PostMessageW(program.window(), WM_APP + 1, 0, 0);
-    EXPECT_TRUE(program.shows(1008, L"Vaultry did not connect."));
+    for (const LPARAM number : {LPARAM{0}, LPARAM{1}, LPARAM{-1}, LPARAM{0x10000}})
+        ASSERT_TRUE(PostMessageW(program.window(), MsgConnectResult, 0, number));
+    EXPECT_TRUE(program.answers());
+    EXPECT_EQ(program.text(1008), L"");
 }
 
 TEST(Unbind, EmptiesTheCardAndForgetsTheBinding)

@@ -2,6 +2,7 @@
 #include "app/busy_guard.h"
 #include "app/controls.h"
 #include "app/messages.h"
+#include "app/posted_text.h"
 #include "windows/freed_memory.h"
 #include "windows/own_window.h"
 
@@ -46,10 +47,12 @@ protected:
     {
         return comes_true([&] { return m_window.text(kStatusLine) == status; });
     }
-    void send(std::wstring* result) const
+    void post(std::unique_ptr<std::wstring> result) const
     {
-        SendMessageW(m_window.window(), MsgFlowResult, 0, reinterpret_cast<LPARAM>(result));
+        ASSERT_TRUE(post_text(m_window.window(), MsgFlowResult, std::move(result)));
+        answer_messages();
     }
+    void post(const wchar_t* result) const { post(std::make_unique<std::wstring>(result)); }
 
     TestFolder m_folder;
     OwnWindow m_window;
@@ -58,7 +61,7 @@ protected:
 constexpr wchar_t kFillers = (kFreedFiller << 8) | kFreedFiller;
 
 struct LargeText {
-    std::wstring* text = new std::wstring(kFreedSize / sizeof(wchar_t) - 1, kFillers);
+    std::unique_ptr<std::wstring> text = std::make_unique<std::wstring>(kFreedSize / sizeof(wchar_t) - 1, kFillers);
     std::uintptr_t bytes = reinterpret_cast<std::uintptr_t>(text->data());
 };
 
@@ -106,19 +109,10 @@ TEST_F(FlowResult, AnotherFlowMayRunAfterIt)
     }
 }
 
-TEST_F(FlowResult, WithoutATextLeavesTheStatusAsItIs)
-{
-    set_status(L"as it was");
-    app_state().is_busy = true;
-    send(nullptr);
-    EXPECT_EQ(m_window.text(kStatusLine), L"as it was");
-    EXPECT_FALSE(app_state().is_busy);
-}
-
 TEST_F(FlowResult, WithAnEmptyTextEmptiesTheStatus)
 {
     set_status(L"as it was");
-    send(new std::wstring());
+    post(L"");
     EXPECT_EQ(m_window.text(kStatusLine), L"");
 }
 
@@ -128,7 +122,7 @@ TEST_F(FlowResult, RefreshesThePreviewAndTheWalletCard)
     app_state().settings.site = "https://example.org";
     for (const int id : {kHousePaymail, kPaymentAddress, kKeptNames})
         SetWindowTextW(m_window.control(id), L"of before");
-    send(nullptr);
+    post(L"It is done.");
     EXPECT_EQ(m_window.text(kNamePreview), L"ann@example.org");
     EXPECT_EQ(m_window.text(kHousePaymail), L"Connect Vaultry");
     EXPECT_EQ(m_window.text(kPaymentAddress), L"Connect Vaultry");
@@ -137,16 +131,17 @@ TEST_F(FlowResult, RefreshesThePreviewAndTheWalletCard)
 
 TEST_F(FlowResult, IsFreedOnceShown)
 {
-    const LargeText large;
+    LargeText large;
     ASSERT_TRUE(is_still_there(large.bytes));
-    send(large.text);
+    post(std::move(large.text));
     EXPECT_FALSE(is_still_there(large.bytes));
 }
 
 TEST_F(FlowResult, ThatComesWithTheEndIsFreedToo)
 {
-    const LargeText large;
-    PostMessageW(m_window.window(), MsgFlowResult, 0, reinterpret_cast<LPARAM>(large.text));
+    LargeText large;
+    ASSERT_TRUE(post_text(m_window.window(), MsgFlowResult, std::move(large.text)));
+    ASSERT_TRUE(is_still_there(large.bytes));
     m_window.destroy();
     EXPECT_FALSE(is_still_there(large.bytes));
 }

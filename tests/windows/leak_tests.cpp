@@ -90,6 +90,30 @@ TEST_F(HeldObjects, DoNotGrowWithTwoHundredChangesOfDpi)
     EXPECT_LT(next_window_object(), next_before + kSlack);
 }
 
+TEST_F(HeldObjects, DoNotGrowWithTwoHundredChangesOfTheSettingsDpi)
+{
+    open_settings();
+    const HWND settings = app_state().settings_window;
+    ASSERT_NE(settings, nullptr);
+    const auto change = [settings](unsigned dpi) {
+        RECT place{};
+        GetWindowRect(settings, &place);
+        SendMessageW(settings, WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&place));
+        repaint(settings);
+        answer_waiting_messages();
+    };
+    change(192);
+    change(96);
+    const ObjectCounts before = held_objects();
+    const int next_before = next_window_object();
+    for (int i = 0; i < 100; ++i) {
+        change(192);
+        change(96);
+    }
+    EXPECT_EQ(held_objects(), before);
+    EXPECT_LT(next_window_object(), next_before + kSlack);
+}
+
 TEST_F(HeldObjects, DoNotGrowWithTwoHundredOpeningsOfTheSettings)
 {
     const auto open_and_close = [this] {

@@ -22,9 +22,10 @@ bool comes_true(const std::function<bool()>& condition)
     });
 }
 
-OwnWindow::OwnWindow()
+OwnWindow::OwnWindow(unsigned expected_dpi)
 {
     app_state() = AppState();
+    app_state().dpi = expected_dpi;
     register_main_window_class(GetModuleHandleW(nullptr));
     m_window = create_main_window(GetModuleHandleW(nullptr));
     EXPECT_NE(m_window, nullptr);

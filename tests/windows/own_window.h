@@ -11,12 +11,13 @@
 // Answers the messages that wait for this thread.
 void answer_messages();
 
-// Answers messages until `condition` holds; false when it still does not after ten seconds.
+// Answers messages until `condition` holds; false when it still does not after half a minute.
 bool comes_true(const std::function<bool()>& condition);
 
 class OwnWindow {
 public:
-    OwnWindow();  // shown and painted at 96 DPI, with a state of its own
+    // Shown and painted, with a state of its own, at the 96 DPI of the test's monitor; expected on one of another DPI.
+    explicit OwnWindow(unsigned expected_dpi = kDefaultDpi);
     OwnWindow(const OwnWindow&) = delete;
     OwnWindow& operator=(const OwnWindow&) = delete;
     ~OwnWindow();

@@ -7,8 +7,10 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <future>
 #include <thread>
+#include <vector>
 
 namespace {
 
@@ -19,7 +21,7 @@ public:
     CountedText& operator=(const CountedText&) = delete;
     ~CountedText() { --living; }
 
-    static inline int living = 0;
+    static inline std::atomic<int> living = 0;
 };
 
 HWND make_message_window()
@@ -64,13 +66,60 @@ TEST(PostedText, IsFreedOnceByTheSenderWhenTheWindowIsGone)
     EXPECT_EQ(CountedText::living, 0);
 }
 
-TEST(PostedText, MayBeAbsent)
+TEST(PostedText, IsTakenOnce)
 {
     HWND window = make_message_window();
-    ASSERT_TRUE(post_text(window, MsgFlowResult, std::unique_ptr<CountedText>()));
-    MSG message{};
-    ASSERT_GT(GetMessageW(&message, window, MsgFlowResult, MsgFlowResult), 0);
-    EXPECT_EQ(take_text<CountedText>(message.lParam), nullptr);
+    auto text = std::make_unique<CountedText>();
+    const auto address = reinterpret_cast<LPARAM>(text.get());
+    ASSERT_TRUE(post_text(window, MsgFlowResult, std::move(text)));
+    EXPECT_NE(take_text<CountedText>(address), nullptr);
+    EXPECT_EQ(CountedText::living, 0);
+    EXPECT_EQ(take_text<CountedText>(address), nullptr);
+    DestroyWindow(window);
+}
+
+TEST(PostedText, IsTakenOnlyWhenItWasReallyPosted)
+{
+    HWND window = make_message_window();
+    const auto never_posted = std::make_unique<CountedText>();
+    ASSERT_TRUE(post_text(window, MsgFlowResult, std::make_unique<CountedText>()));
+    for (const LPARAM foreign : {LPARAM{0}, LPARAM{1}, LPARAM{-1}, reinterpret_cast<LPARAM>(never_posted.get())})
+        EXPECT_EQ(take_text<CountedText>(foreign), nullptr) << foreign;
+    EXPECT_EQ(CountedText::living, 2);
+    DestroyWindow(window);
+}
+
+TEST(PostedText, IsNotTakenAsATextOfAnotherType)
+{
+    HWND window = make_message_window();
+    auto text = std::make_unique<CountedText>();
+    const auto address = reinterpret_cast<LPARAM>(text.get());
+    ASSERT_TRUE(post_text(window, MsgConnectResult, std::move(text)));
+    EXPECT_EQ(take_text<std::wstring>(address), nullptr);
+    EXPECT_NE(take_text<CountedText>(address), nullptr);
+    DestroyWindow(window);
+}
+
+TEST(PostedText, EachOfManyThreadsHandsOverItsOwn)
+{
+    HWND window = make_message_window();
+    constexpr int kThreads = 8;
+    constexpr int kEach = 200;
+    std::vector<std::thread> senders;
+    for (int thread = 0; thread < kThreads; ++thread) {
+        senders.emplace_back([window] {
+            for (int i = 0; i < kEach; ++i)
+                EXPECT_TRUE(post_text(window, MsgFlowResult, std::make_unique<CountedText>()));
+        });
+    }
+    for (int taken = 0; taken < kThreads * kEach; ++taken) {
+        MSG message{};
+        ASSERT_GT(GetMessageW(&message, window, MsgFlowResult, MsgFlowResult), 0);
+        EXPECT_NE(take_text<CountedText>(message.lParam), nullptr);
+    }
+    for (std::thread& sender : senders)
+        sender.join();
+    EXPECT_EQ(CountedText::living, 0);
     DestroyWindow(window);
 }
 

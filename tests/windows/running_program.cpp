@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr DWORD kPatience = 10'000;  // milliseconds; what takes longer has failed
+constexpr DWORD kPatience = 30'000;  // milliseconds; what takes longer has failed
 
 HANDLE start_program(const std::wstring& folder, WORD show)
 {

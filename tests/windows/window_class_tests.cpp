@@ -53,7 +53,7 @@ TEST(WindowClass, HasThePrograms32And16PixelIcons)
 
 TEST(WindowClass, WithoutIconsHasTheSystemsForBoth)
 {
-    const WNDCLASSEXW registered = registered_for(GetModuleHandleW(nullptr));
+    const WNDCLASSEXW registered = registered_for(GetModuleHandleW(L"ntdll.dll"));
     EXPECT_EQ(registered.hIcon, LoadIconW(nullptr, IDI_APPLICATION));
     EXPECT_EQ(registered.hIconSm, registered.hIcon);
 }
