@@ -5,6 +5,7 @@
 #include "app/workers.h"
 #include "net/curl_lifetime.h"
 #include "platform/com_apartment.h"
+#include "platform/crash_reports.h"
 #include "platform/environment.h"
 #include "ui/keyboard.h"
 #include "wallet_bridge/binding.h"
@@ -62,6 +63,7 @@ int answer_messages()
 
 int WINAPI WinMain(HINSTANCE instance, HINSTANCE, PSTR, int show)
 {
+    keep_heap_out_of_crash_reports();
     SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
     enter_executable_folder();
     if (bring_running_copy_forward()) return 0;
