@@ -1,6 +1,7 @@
 // The program's life: prepare the process, open the window, answer messages until it closes.
 #include "app/app_state.h"
 #include "app/main_window.h"
+#include "app/open_settings.h"
 #include "app/single_instance.h"
 #include "app/workers.h"
 #include "net/curl_lifetime.h"
@@ -71,7 +72,7 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, PSTR, int show)
     SetProcessDpiAwarenessContext(DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2);
     const ComApartment apartment;
     bind_at_startup(executable_folder(), "Brasslet");
-    load_settings(app_state().settings);
+    read_settings();
     const CurlLifetime curl;
     open_main_window(instance, show);
     const int exit_code = answer_messages();

@@ -112,6 +112,16 @@ std::optional<std::string> read_file(const std::string& path)
     return bytes;
 }
 
+std::optional<std::string> read_held_file(const std::string& path)
+{
+    for (DWORD tries = 1;; ++tries) {
+        SetLastError(ERROR_SUCCESS);
+        auto bytes = read_file(path);
+        if (bytes || GetLastError() != ERROR_SHARING_VIOLATION || tries == 10) return bytes;
+        Sleep(20 * tries);
+    }
+}
+
 bool write_file(const std::string& path, std::string_view bytes)
 {
     UniqueHandle file(CreateFileW(wide_path(path).c_str(), GENERIC_WRITE, kEveryShare, nullptr, CREATE_ALWAYS,

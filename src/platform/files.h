@@ -22,6 +22,9 @@ inline std::string parent_folder(const std::string& path)
 // or is larger than 64 MiB. The buffer is freed, and so wiped, by its owner; no stream keeps a second copy.
 std::optional<std::string> read_file(const std::string& path);
 
+// As read_file, but while another program keeps the file to itself, this tries again for a moment.
+std::optional<std::string> read_held_file(const std::string& path);
+
 // Truncates, then writes. True only when every byte is on the disk and the file was closed without an error.
 bool write_file(const std::string& path, std::string_view bytes);
 

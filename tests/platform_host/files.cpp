@@ -88,6 +88,11 @@ std::optional<std::string> read_file(const std::string& path)
     return std::string(std::istreambuf_iterator<char>(file), {});
 }
 
+std::optional<std::string> read_held_file(const std::string& path)
+{
+    return read_file(path);
+}
+
 bool write_file(const std::string& path, std::string_view bytes)
 {
     tell_use(path);

@@ -6,12 +6,23 @@
 #include "support/test_folder.h"
 #include "wallet_bridge/migration.h"
 #include "wallet_bridge/wallet_registry.h"
+#include "windows/replaced_import.h"
 
 #include <gtest/gtest.h>
 
 #include <future>
 
+using SleepFunction = void(WINAPI*)(DWORD);
+extern "C" SleepFunction __imp_Sleep;
+
 namespace {
+
+int sleeps = 0;
+
+void WINAPI count_sleep(DWORD)
+{
+    ++sleeps;
+}
 
 // Has another process hold `name`, tries `change`, and lets the file go when the change has been refused at least once.
 template <typename Change>
@@ -58,6 +69,30 @@ TEST(SharedFiles, RewritingTriesAgainWhileTheFileIsOpenElsewhere)
     ASSERT_TRUE(write_file(path, "old"));
     EXPECT_TRUE(succeeds_once_the_file_is_free(path, folder, [&] { return rewrite_in_place(path, "newer"); }));
     EXPECT_EQ(read_file(path), "newer");
+}
+
+TEST(SharedFiles, AFileThatAnotherProgramKeepsToItselfIsReadOnceItIsFree)
+{
+    const TestFolder folder;
+    const std::string path = folder.path() + "/file";
+    ASSERT_TRUE(write_file(path, "text"));
+    ChildProcess other({folder.path(), "hold-alone", path});
+    ASSERT_EQ(other.read_line(), "open");
+    EXPECT_FALSE(read_file(path));
+    auto reading = std::async(std::launch::async, [&] { return read_held_file(path); });
+    EXPECT_EQ(reading.wait_for(std::chrono::milliseconds(100)), std::future_status::timeout);
+    other.close_input();
+    EXPECT_EQ(reading.get(), "text");
+}
+
+TEST(SharedFiles, AFileThatIsMissingOrRefusedIsNotWaitedFor)
+{
+    const TestFolder folder;
+    sleeps = 0;
+    const ReplacedImport<SleepFunction> counted(__imp_Sleep, count_sleep);
+    EXPECT_FALSE(read_held_file(folder.path() + "/missing"));
+    EXPECT_FALSE(read_held_file(folder.path()));  // a folder: access is denied
+    EXPECT_EQ(sleeps, 0);
 }
 
 TEST(SharedFiles, AnOldWalletThatIsLockedElsewhereStaysAndTheRegistryGainsItsEntry)
