@@ -125,12 +125,14 @@ SettingsNotice save_settings(SiteSettings& settings, const std::string& name_fie
     SettingsFile file = settings_file(read_held_file(settings_path()));
     if (file.state == FileState::unreadable) return SettingsNotice::not_saved;
     std::string name = name_field;
+    SettingsNotice late = SettingsNotice::none;
     if (settings.wait_for_file) {
         complete(file.document, settings);
         if (name.empty()) name = text_member(file.document, "alias");
+        late = notice_of(file, settings);
     }
     if (file.state == FileState::damaged) {
-        if (is_empty(settings, name)) return SettingsNotice::none;
+        if (is_empty(settings, name)) return late;
         if (!move_damaged_file()) return SettingsNotice::not_saved;
     }
     json document = file.state == FileState::whole ? std::move(file.document) : json::object();
@@ -139,7 +141,7 @@ SettingsNotice save_settings(SiteSettings& settings, const std::string& name_fie
     document["site"] = settings.site;
     document["user"] = settings.user;
     update_in_place(settings_path(), pretty_exact_json(document));
-    return SettingsNotice::none;
+    return late;
 }
 
 std::string saved_name()

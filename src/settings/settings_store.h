@@ -29,8 +29,10 @@ SettingsNotice load_what_waits(SiteSettings& settings);
 //
 // A file that cannot be read is not written; settings that wait for it are completed from it first. A damaged one is
 // moved to a name of its own first ("ui.json.damaged-" and the milliseconds since 1970-01-01 UTC), and stays where it
-// is when that fails or when there is nothing to save. Returns `not_saved` for these; otherwise nothing is said when
-// the file cannot be written.
+// is when that fails or when there is nothing to save.
+//
+// Returns `not_saved` when the file would have lost something, and of settings that waited what the user should know of
+// the file; otherwise nothing is said when it cannot be written.
 SettingsNotice save_settings(SiteSettings& settings, const std::string& name_field);
 
 // The name kept in the settings file; empty when there is none.

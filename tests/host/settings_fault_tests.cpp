@@ -127,6 +127,24 @@ TEST_F(UnreadableSettings, ThatAreGoneByThenAreWrittenAnew)
     EXPECT_EQ(on_disk().user, "zoe");
 }
 
+TEST_F(UnreadableSettings, WithAPasswordThatDoesNotOpenAreToldOfWhenASaveReadsThem)
+{
+    let_it_be_read();
+    folder.write(kFile, R"({"pass":"bG9ja2Vk"})");
+    EXPECT_EQ(save_settings(settings, ""), SettingsNotice::password_is_locked);
+    EXPECT_EQ(save_settings(settings, ""), SettingsNotice::none);
+}
+
+TEST_F(UnreadableSettings, ThatTurnOutDamagedAreToldOfWhenASaveReadsThem)
+{
+    let_it_be_read();
+    folder.write(kFile, "{damaged");
+    settings.user = "zoe";
+    EXPECT_EQ(save_settings(settings, ""), SettingsNotice::damaged);
+    EXPECT_EQ(on_disk().user, "zoe");
+    EXPECT_EQ(save_settings(settings, ""), SettingsNotice::none);
+}
+
 TEST_F(UnreadableSettings, ThatTurnOutDamagedAreToldOfAndKeptWithNothingToSave)
 {
     let_it_be_read();
