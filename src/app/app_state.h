@@ -15,6 +15,7 @@ struct AppState {
     HWND tips = nullptr;             // for texts that are cut off
     unsigned dpi = kDefaultDpi;
     SiteSettings settings;
+    SettingsNotice settings_notice = SettingsNotice::none;  // of the file as it was read at the start
 
     Fonts fonts;
     Fonts fonts_at_creation;  // the Close button keeps its first font when the DPI changes

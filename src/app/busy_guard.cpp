@@ -9,10 +9,9 @@ void start_guarded_flow(int button, const Flow& flow)
 {
     if (is_already_working()) return;
     AppState& state = app_state();
-    take_open_settings();
-    const std::string name = name_field_text();
-    state.settings.alias = lower_ascii(name);
-    save_settings(state.settings, name);
+    const SettingsNotice of_password = take_open_settings();
+    state.settings.alias = lower_ascii(name_field_text());
+    keep_settings(of_password);
 
     set_busy(button);
     start_flow(state.main_window, flow, state.settings);

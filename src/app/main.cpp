@@ -1,10 +1,12 @@
 // The program's life: prepare the process, open the window, answer messages until it closes.
 #include "app/app_state.h"
 #include "app/main_window.h"
+#include "app/open_settings.h"
 #include "app/single_instance.h"
 #include "app/workers.h"
 #include "net/curl_lifetime.h"
 #include "platform/com_apartment.h"
+#include "platform/crash_reports.h"
 #include "platform/environment.h"
 #include "ui/keyboard.h"
 #include "wallet_bridge/binding.h"
@@ -62,6 +64,7 @@ int answer_messages()
 
 int WINAPI WinMain(HINSTANCE instance, HINSTANCE, PSTR, int show)
 {
+    keep_heap_out_of_crash_reports();
     SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
     enter_executable_folder();
     std::optional<StartTurn> turn(std::in_place);
@@ -70,7 +73,7 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, PSTR, int show)
     SetProcessDpiAwarenessContext(DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2);
     const ComApartment apartment;
     bind_at_startup(executable_folder(), "Brasslet");
-    load_settings(app_state().settings);
+    read_settings();
     const CurlLifetime curl;
     open_main_window(instance, show);
     turn.reset();

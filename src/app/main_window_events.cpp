@@ -46,6 +46,7 @@ void on_create(HWND window)
     fill_name_field();
     refresh_wallet_card();
     refresh_name_preview();
+    tell_of_read_settings();
     keep_focus(window);
 }
 
@@ -179,7 +180,7 @@ void discard_late_results(HWND window)
 
 void on_destroy(HWND window)
 {
-    save_settings(app_state().settings, name_field_text());
+    keep_settings();
     if (app_state().settings_window != nullptr) DestroyWindow(app_state().settings_window);
     discard_late_results(window);  // before there is a quit message, which passes every filter
     PostQuitMessage(0);

@@ -7,9 +7,33 @@
 
 namespace {
 
-void keep_settings()
+void tell(SettingsNotice notice)
 {
-    save_settings(app_state().settings, name_field_text());
+    if (notice != SettingsNotice::none) set_status(notice_sentence(notice));
+}
+
+// The file could not be read at the start, and now it was.
+void show_late_settings()
+{
+    AppState& state = app_state();
+    set_status({});
+    if (state.settings_window != nullptr) show_settings_fields(state.settings_window);
+    if (name_field_text().empty()) fill_name_field();
+    refresh_name_preview();
+}
+
+void read_what_waits()
+{
+    AppState& state = app_state();
+    if (!state.settings.wait_for_file) return;
+    const SettingsNotice notice = load_what_waits(state.settings);
+    if (!state.settings.wait_for_file) show_late_settings();
+    tell(notice);
+}
+
+void on_taken(SettingsNotice of_password)
+{
+    keep_settings(of_password);
     refresh_name_preview();
 }
 
@@ -18,10 +42,31 @@ void keep_settings()
 void open_settings()
 {
     AppState& state = app_state();
-    open_settings_window({state.main_window, state.dpi, &state.settings, &state.settings_window, keep_settings});
+    read_what_waits();
+    open_settings_window({state.main_window, state.dpi, &state.settings, &state.settings_window, on_taken});
 }
 
-void take_open_settings()
+SettingsNotice take_open_settings()
 {
-    if (app_state().settings_window != nullptr) take_settings_fields(app_state().settings_window);
+    const HWND window = app_state().settings_window;
+    return window == nullptr ? SettingsNotice::none : take_settings_fields(window);
+}
+
+void read_settings()
+{
+    app_state().settings_notice = load_settings(app_state().settings);
+}
+
+void tell_of_read_settings()
+{
+    tell(app_state().settings_notice);
+}
+
+void keep_settings(SettingsNotice before)
+{
+    AppState& state = app_state();
+    const bool waited = state.settings.wait_for_file;
+    const SettingsNotice saved = save_settings(state.settings, name_field_text());
+    if (waited && !state.settings.wait_for_file) show_late_settings();
+    tell(saved == SettingsNotice::none ? before : saved);
 }

@@ -1,7 +1,16 @@
 // The settings window as the main window opens it.
 #pragma once
 
+#include "settings/settings_notice.h"
+
 void open_settings();
 
 // What stands in the settings window's fields, when it is open, becomes the settings.
-void take_open_settings();
+SettingsNotice take_open_settings();
+
+// The first reading of the file. What the user should know of it is shown as soon as there is a status line.
+void read_settings();
+void tell_of_read_settings();
+
+// Saves the settings and the name field. The status line says what the user should know of that, or else `before`.
+void keep_settings(SettingsNotice before = SettingsNotice::none);

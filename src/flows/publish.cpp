@@ -14,14 +14,22 @@
 
 namespace {
 
-SecretText publish_body(const SiteSettings& settings, const PublicIdentity& wallet)
+SecretText publish_body(const SiteSettings& settings, const SecretText& password, const PublicIdentity& wallet)
 {
     return SecretText(compact_json({{"address", wallet.address},
                                     {"alias", settings.alias},
                                     {"house", wallet_paymail()},
-                                    {"login_pass", settings.pass.text()},
+                                    {"login_pass", password.text()},
                                     {"login_user", settings.user},
                                     {"pubkey", lower_ascii(wallet.public_key)}}));
+}
+
+// The password is in clear for this one request.
+HttpReply post_name(const SiteAddress& site, const SiteSettings& settings, const PublicIdentity& wallet)
+{
+    const SecretText password = settings.pass.in_clear();
+    return site_request("POST", site.base + "/wp-json/brasslet/v1/name", publish_body(settings, password, wallet),
+                        settings.user, password);
 }
 
 }  // namespace
@@ -33,7 +41,7 @@ std::wstring publish_sentence(const SiteSettings& settings)
     std::string typed_site = settings.site;
     const SiteAddress site = normalise_site(typed_site);
     if (!site.ok || site.host.find('.') == std::string::npos) return L"Add the site in settings. It needs https.";
-    if (settings.user.empty() || settings.pass.empty())
+    if (settings.user.empty() || !settings.pass.opens())
         return L"Add the WordPress user and application password in settings.";
 
     const PublicIdentity wallet = public_identity();
@@ -41,8 +49,7 @@ std::wstring publish_sentence(const SiteSettings& settings)
         return L"This Vaultry has no payment address yet.";
 
     if (plugin_on_site(site.base).plugin != SitePlugin::current) return kInstallCurrentPlugin;
-    const HttpReply reply = site_request("POST", site.base + "/wp-json/brasslet/v1/name",
-                                         publish_body(settings, wallet), settings.user, settings.pass);
+    const HttpReply reply = post_name(site, settings, wallet);
     std::wstring refusal = publish_refusal(reply);
     if (!refusal.empty()) return refusal;
 

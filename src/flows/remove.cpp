@@ -12,10 +12,18 @@
 
 namespace {
 
-SecretText remove_body(const SiteSettings& settings)
+SecretText remove_body(const SiteSettings& settings, const SecretText& password)
 {
     return SecretText(
-        compact_json({{"alias", settings.alias}, {"login_pass", settings.pass.text()}, {"login_user", settings.user}}));
+        compact_json({{"alias", settings.alias}, {"login_pass", password.text()}, {"login_user", settings.user}}));
+}
+
+// The password is in clear for this one request.
+HttpReply delete_name(const SiteAddress& site, const SiteSettings& settings)
+{
+    const SecretText password = settings.pass.in_clear();
+    return site_request("DELETE", site.base + "/wp-json/brasslet/v1/name", remove_body(settings, password),
+                        settings.user, password);
 }
 
 // The sentence for an answer that is no success; empty when the site has dropped the name. What else the site says of
@@ -43,12 +51,11 @@ std::wstring remove_sentence(const SiteSettings& settings)
     if (!is_valid_alias(settings.alias)) return L"Type the name to remove.";
     std::string typed_site = settings.site;
     const SiteAddress site = normalise_site(typed_site);
-    if (!site.ok || settings.user.empty() || settings.pass.empty()) return L"Add the site login in settings.";
+    if (!site.ok || settings.user.empty() || !settings.pass.opens()) return L"Add the site login in settings.";
 
     const PluginStatus status = plugin_on_site(site.base);
     if (status.plugin != SitePlugin::current) return kInstallCurrentPlugin;
-    const HttpReply reply = site_request("DELETE", site.base + "/wp-json/brasslet/v1/name", remove_body(settings),
-                                         settings.user, settings.pass);
+    const HttpReply reply = delete_name(site, settings);
     std::wstring refusal = remove_refusal(reply);
     if (!refusal.empty()) return refusal;
 

@@ -166,6 +166,13 @@ FileReading read_whole_file(const std::string& path)
     return {ReadStatus::read, std::move(*bytes)};
 }
 
+std::optional<std::string> read_held_file(const std::string& path)
+{
+    UniqueHandle file;
+    if (!open_for_a_moment(file, wide_path(path), GENERIC_READ, kEveryShare, OPEN_EXISTING)) return std::nullopt;
+    return FileContent(file.get()).read_all();
+}
+
 bool write_file(const std::string& path, std::string_view bytes)
 {
     UniqueHandle file;

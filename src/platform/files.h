@@ -40,6 +40,9 @@ inline std::optional<std::string> read_file(const std::string& path)
     return reading.status == ReadStatus::read ? std::optional(std::move(reading.bytes)) : std::nullopt;
 }
 
+// As read_file, but while another program keeps the file to itself, this tries again for a moment.
+std::optional<std::string> read_held_file(const std::string& path);
+
 // Whoever changes a file below tries again for about a second while another program looks at it (a virus scanner, a
 // backup, the wallet application). What will not change by itself, a read-only file or missing rights, is not waited
 // for.

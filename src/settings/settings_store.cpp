@@ -1,18 +1,29 @@
 #include "settings/settings_store.h"
 
 #include "platform/files.h"
-#include "platform/user_protection.h"
-#include "text/base64.h"
+#include "text/clock.h"
+#include "text/exact_json.h"
 #include "text/json.h"
 #include "wallet_bridge/data_directory.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
 
 namespace {
 
 using nlohmann::json;
 
-json read_document()
+enum class FileState { missing, unreadable, damaged, whole };
+
+struct SettingsFile {
+    FileState state = FileState::missing;
+    json document;  // an object, also in a damaged file of which something can be taken; otherwise null
+};
+
+std::string settings_path()
 {
-    return parse_first_json(read_file(settings_folder() + "/ui.json").value_or(""));
+    return settings_folder() + "/ui.json";
 }
 
 // The member, empty when it is absent; nothing when it is no text.
@@ -24,20 +35,64 @@ std::optional<std::string> text_or_nothing(const json& document, const char* key
     return member->get<std::string>();
 }
 
-SecretText unprotected(const std::string& bytes)
+bool has_its_members_as_texts(const json& document)
 {
-    if (bytes.empty()) return {};
-    return unprotect_for_user(bytes).value_or(SecretText());
+    constexpr std::array kMembers = {"alias", "pass", "site", "user"};
+    return std::ranges::all_of(kMembers, [&](const char* key) { return text_or_nothing(document, key).has_value(); });
 }
 
-// Protecting the same password gives other bytes every time. The form that the file holds already serves as well, and
-// leaves the file as it is.
-std::string protected_form(const SecretText& password)
+// `text` is what could be read of it.
+SettingsFile settings_file(const std::optional<std::string>& text)
 {
-    if (password.empty()) return {};
-    const std::string kept = base64_decode(text_member(read_document(), "pass"));
-    if (unprotected(kept).text() == password.text()) return base64_encode(kept);
-    return base64_encode(protect_for_user(password).value_or(""));
+    if (!text)
+        return {file_status(settings_path()) == FileStatus::missing ? FileState::missing : FileState::unreadable, {}};
+    json document = parse_first_exact_json(*text);
+    if (!document.is_object()) return {FileState::damaged, {}};
+    return {has_its_members_as_texts(document) ? FileState::whole : FileState::damaged, std::move(document)};
+}
+
+// What of the file can be taken, up to the first member that is no text.
+void take(const json& document, SiteSettings& settings)
+{
+    if (!document.is_object()) return;
+    const auto site = text_or_nothing(document, "site");
+    if (!site) return;
+    settings.site = *site;
+    const auto user = text_or_nothing(document, "user");
+    if (!user) return;
+    settings.user = *user;
+    const auto pass = text_or_nothing(document, "pass");
+    if (!pass) return;
+    settings.pass = StoredPassword::of_file(*pass);
+}
+
+// The settings were without a file so far: where they are empty, they are the file's.
+void complete(const json& document, SiteSettings& settings)
+{
+    SiteSettings from_file;
+    take(document, from_file);
+    if (settings.site.empty()) settings.site = from_file.site;
+    if (settings.user.empty()) settings.user = from_file.user;
+    if (!settings.pass.is_stored()) settings.pass = from_file.pass;
+    settings.wait_for_file = false;
+}
+
+SettingsNotice notice_of(const SettingsFile& file, const SiteSettings& settings)
+{
+    if (file.state == FileState::unreadable) return SettingsNotice::unreadable;
+    if (file.state == FileState::damaged) return SettingsNotice::damaged;
+    const bool is_locked = settings.pass.is_stored() && !settings.pass.opens();
+    return is_locked ? SettingsNotice::password_is_locked : SettingsNotice::none;
+}
+
+bool is_empty(const SiteSettings& settings, const std::string& name)
+{
+    return settings.site.empty() && settings.user.empty() && !settings.pass.is_stored() && name.empty();
+}
+
+bool move_damaged_file()
+{
+    return rename_file(settings_path(), settings_path() + ".damaged-" + std::to_string(milliseconds_since_epoch()));
 }
 
 }  // namespace
@@ -49,31 +104,47 @@ std::string settings_folder()
     return folder;
 }
 
-void load_settings(SiteSettings& settings)
+SettingsNotice load_settings(SiteSettings& settings)
 {
-    const json document = read_document();
-    if (!document.is_object()) return;
-    const auto site = text_or_nothing(document, "site");
-    if (!site) return;
-    settings.site = *site;
-    const auto user = text_or_nothing(document, "user");
-    if (!user) return;
-    settings.user = *user;
-    const auto pass = text_or_nothing(document, "pass");
-    if (!pass) return;
-    settings.pass = unprotected(base64_decode(*pass));
+    const SettingsFile file = settings_file(read_file(settings_path()));
+    settings.wait_for_file = file.state == FileState::unreadable;
+    take(file.document, settings);
+    return notice_of(file, settings);
 }
 
-void save_settings(const SiteSettings& settings, const std::string& name_field)
+SettingsNotice load_what_waits(SiteSettings& settings)
 {
-    const json document = {{"alias", name_field},
-                           {"pass", protected_form(settings.pass)},
-                           {"site", settings.site},
-                           {"user", settings.user}};
-    update_in_place(settings_folder() + "/ui.json", pretty_json(document));
+    if (!settings.wait_for_file) return SettingsNotice::none;
+    const SettingsFile file = settings_file(read_file(settings_path()));
+    if (file.state != FileState::unreadable) complete(file.document, settings);
+    return notice_of(file, settings);
+}
+
+SettingsNotice save_settings(SiteSettings& settings, const std::string& name_field)
+{
+    SettingsFile file = settings_file(read_held_file(settings_path()));
+    if (file.state == FileState::unreadable) return SettingsNotice::not_saved;
+    std::string name = name_field;
+    SettingsNotice late = SettingsNotice::none;
+    if (settings.wait_for_file) {
+        complete(file.document, settings);
+        if (name.empty()) name = text_member(file.document, "alias");
+        late = notice_of(file, settings);
+    }
+    if (file.state == FileState::damaged) {
+        if (is_empty(settings, name)) return late;
+        if (!move_damaged_file()) return SettingsNotice::not_saved;
+    }
+    json document = file.state == FileState::whole ? std::move(file.document) : json::object();
+    document["alias"] = name;
+    document["pass"] = settings.pass.text_for_file();
+    document["site"] = settings.site;
+    document["user"] = settings.user;
+    update_in_place(settings_path(), pretty_exact_json(document));
+    return late;
 }
 
 std::string saved_name()
 {
-    return text_member(read_document(), "alias");
+    return text_member(settings_file(read_file(settings_path())).document, "alias");
 }

@@ -117,7 +117,8 @@ void toggle_password(HWND window, OpenWindow& open)
 {
     const HWND field = GetDlgItem(window, kPasswordField);
     open.password_is_shown = !open.password_is_shown;
-    if (open.password_is_shown && GetWindowTextLengthW(field) == 0) put_password(field, open.host.settings->pass);
+    if (open.password_is_shown && GetWindowTextLengthW(field) == 0)
+        put_password(field, open.host.settings->pass.in_clear());
     show_password(field, open.password_is_shown);
     name_eye(window, open.password_is_shown);
     InvalidateRect(GetDlgItem(window, kShowPasswordButton), nullptr, FALSE);
@@ -125,8 +126,7 @@ void toggle_password(HWND window, OpenWindow& open)
 
 void take_and_close(HWND window, const OpenWindow& open)
 {
-    take_settings_fields(window);
-    open.host.on_taken();
+    open.host.on_taken(take_settings_fields(window));
     DestroyWindow(window);
 }
 
@@ -225,7 +225,12 @@ void open_settings_window(const SettingsWindowHost& host)
     SetFocus(GetDlgItem(window, kSiteField));
 }
 
-void take_settings_fields(HWND window)
+SettingsNotice take_settings_fields(HWND window)
 {
-    take_typed(typed_settings(window), *open_window(window)->host.settings);
+    return take_typed(typed_settings(window), *open_window(window)->host.settings);
+}
+
+void show_settings_fields(HWND window)
+{
+    show_in_fields(window, *open_window(window)->host.settings);
 }

@@ -83,10 +83,15 @@ void create_settings_controls(HWND window, const SiteSettings& settings, const F
     for (const Row& row : kRows)
         create_control(window, row);
     fit_settings_controls(window, fonts, dpi);
+    show_in_fields(window, settings);
+    prepare_password_field(GetDlgItem(window, kPasswordField), settings.pass.opens());
+    name_eye(window, false);
+}
+
+void show_in_fields(HWND window, const SiteSettings& settings)
+{
     SetDlgItemTextW(window, kSiteField, widen(settings.site).c_str());
     SetDlgItemTextW(window, kUserField, widen(settings.user).c_str());
-    prepare_password_field(GetDlgItem(window, kPasswordField), !settings.pass.empty());
-    name_eye(window, false);
 }
 
 void name_eye(HWND window, bool password_is_shown)

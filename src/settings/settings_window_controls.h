@@ -23,6 +23,9 @@ Size settings_client_size(unsigned dpi);
 // Makes all of them, in their places at `dpi`, and shows what `settings` hold; the password field stays empty.
 void create_settings_controls(HWND window, const SiteSettings& settings, const Fonts& fonts, unsigned dpi);
 
+// Puts site and user into their fields.
+void show_in_fields(HWND window, const SiteSettings& settings);
+
 // Tells screen readers what the eye button would do.
 void name_eye(HWND window, bool password_is_shown);
 

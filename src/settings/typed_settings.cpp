@@ -13,10 +13,13 @@ std::string without_spaces(std::string_view text)
 
 }  // namespace
 
-void take_typed(const TypedSettings& typed, SiteSettings& settings)
+SettingsNotice take_typed(const TypedSettings& typed, SiteSettings& settings)
 {
     settings.site = trimmed(typed.site);
     settings.user = trimmed(typed.user);
-    SecretText password(without_spaces(typed.password.text()));
-    if (!password.empty()) settings.pass = std::move(password);
+    const SecretText password(without_spaces(typed.password.text()));
+    // Protecting the same password gives other bytes every time, and the file would change.
+    if (password.empty() || password.text() == settings.pass.in_clear().text()) return SettingsNotice::none;
+    settings.pass = StoredPassword(password);
+    return settings.pass.is_stored() ? SettingsNotice::none : SettingsNotice::password_is_lost;
 }

@@ -10,5 +10,5 @@ struct TypedSettings {
 };
 
 // Site and user are taken without the white space around them. The password is taken without its spaces; an empty one
-// leaves the password as it was.
-void take_typed(const TypedSettings& typed, SiteSettings& settings);
+// leaves the password as it was. Returns what the user should know of it.
+SettingsNotice take_typed(const TypedSettings& typed, SiteSettings& settings);

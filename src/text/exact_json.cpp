@@ -114,6 +114,12 @@ json parse_exact_json(std::string_view text)
     return builder.take_tree();
 }
 
+json parse_first_exact_json(std::string_view text)
+{
+    const auto first = first_of_json(text);
+    return first ? parse_exact_json(*first) : json(json::value_t::discarded);
+}
+
 std::string pretty_exact_json(const json& document)
 {
     std::string text;

@@ -12,5 +12,8 @@
 // The document, or a value whose is_discarded() is true when the text is no JSON or is nested deeper than kDeepestJson.
 nlohmann::json parse_exact_json(std::string_view text);
 
+// As parse_exact_json, but text after the first complete object or array is not looked at.
+nlohmann::json parse_first_exact_json(std::string_view text);
+
 // As pretty_json, with the numbers of parse_exact_json written as they were read.
 std::string pretty_exact_json(const nlohmann::json& document);

@@ -1,7 +1,5 @@
 #include "text/json.h"
 
-#include <optional>
-
 namespace {
 
 using nlohmann::json;
@@ -35,6 +33,12 @@ json discarded()
 
 }  // namespace
 
+std::optional<std::string_view> first_of_json(std::string_view text)
+{
+    const auto end = end_of_first(text);
+    return end ? std::optional(text.substr(0, *end)) : std::nullopt;
+}
+
 json parse_json(std::string_view text)
 {
     if (!end_of_first(text)) return discarded();
@@ -43,10 +47,10 @@ json parse_json(std::string_view text)
 
 json parse_first_json(std::string_view text)
 {
-    const auto end = end_of_first(text);
-    if (!end) return discarded();
+    const auto first = first_of_json(text);
+    if (!first) return discarded();
     // Not from a stream, although that stops by itself: streams bring every locale's rules into the executable.
-    return json::parse(text.begin(), text.begin() + *end, nullptr, false);
+    return json::parse(first->begin(), first->end(), nullptr, false);
 }
 
 std::string text_member(const json& object, const char* key)

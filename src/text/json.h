@@ -4,10 +4,15 @@
 
 #include <nlohmann/json.hpp>
 
+#include <optional>
 #include <string>
 #include <string_view>
 
 inline constexpr int kDeepestJson = 200;  // levels of objects and arrays
+
+// The text as far as its first object or array goes: all of it when there is none or it is not closed. Nothing when it
+// is nested too deeply.
+std::optional<std::string_view> first_of_json(std::string_view text);
 
 // The document, or a value whose is_discarded() is true when the text is no JSON or is nested too deeply.
 nlohmann::json parse_json(std::string_view text);

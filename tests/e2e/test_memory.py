@@ -1,5 +1,9 @@
 """No copy of a wallet's secrets is left in the program's memory once it has let go of the wallet. What is searched is
 the whole memory of the running process, from outside."""
+import contextlib
+import json
+import os
+import pathlib
 import subprocess
 import sys
 
@@ -7,6 +11,7 @@ import pytest
 
 import desk
 import process_memory
+import site_world
 import wallet_secrets
 
 # An English test vector of BIP39: nobody's wallet is searched for.
@@ -150,6 +155,107 @@ def test_an_approved_wallet_that_does_not_load_leaves_no_secret_in_memory(tmp_pa
     with desk.wallet_application(tmp_path, "--connect", f"approve:{WALLET_ID}"), desk.running_program():
         press(desk.CONNECT, "error: approved, but the wallet would not load.")
         assert secrets_in_memory() == set()
+
+
+def put_house_label(label):
+    """The house registry gives the wallet's key a label that the wallet's own file does not hold yet."""
+    key = wallet_secrets.public_key(wallet_secrets.keys_on_the_way(PHRASE)["m/44'/236'/100'/0/0"][0]).hex()
+    registry = {"names": {label: {"pubkey": key}}}
+    (desk.data_directory() / "corvane_paymail.json").write_text(json.dumps(registry), encoding="utf-8")
+
+
+def test_unbind_after_the_wallet_was_saved_leaves_no_secret_in_memory():
+    path = desk.put_wallet(WALLET_ID, PHRASE, **COUNTERS)
+    put_house_label("sofia")
+    with desk.running_program():
+        assert json.loads(path.read_text(encoding="utf-8"))["paymail"] == "sofia"
+        assert secrets_in_memory() == AT_REST
+        press(desk.UNBIND, UNBOUND)
+        assert secrets_in_memory() == set()
+
+
+@contextlib.contextmanager
+def site_that_waits(method, route):
+    """WordPress holds the requests of this method whose route begins so, until they are let go."""
+    world = pathlib.Path(os.environ["WORLD_DIR"])
+    reached, let_go = world / "reached", world / "let_go"
+    code = f"""add_filter( 'rest_pre_dispatch', function ( $passed, $server, $request ) {{
+        if ( '{method}' === $request->get_method() && 0 === strpos( $request->get_route(), '/brasslet/v1/{route}' ) ) {{
+            touch( '{reached}' );
+            while ( ! file_exists( '{let_go}' ) ) {{ usleep( 10000 ); clearstatcache(); }}
+        }}
+        return $passed;
+    }}, 1, 3 );"""
+    try:
+        with site_world.troubled_by(code):
+            yield reached, let_go
+    finally:
+        for path in (reached, let_go):
+            path.unlink(missing_ok=True)
+
+
+def letters(forms, name):
+    return {form for form in forms if form.startswith(name)}
+
+
+def seen_while_the_site_holds(method, route, secrets):
+    """What is found in the middle of publishing."""
+    with site_that_waits(method, route) as (reached, let_go):
+        desk.drive("type", desk.NAME, "alice")
+        desk.drive("press", desk.PUBLISH)
+        assert desk.wait_until(reached.exists)
+        seen = secrets_in_memory(secrets)
+        let_go.touch()
+        desk.drive("wait-idle", 90)
+    assert desk.drive("text", desk.STATUS) == "Vaultry kept alice@brasslet.test."
+    return seen
+
+
+def test_the_password_is_in_memory_for_the_one_request_alone(user):
+    login = wallet_secrets.forms_of_login("owner", user.replace(" ", ""))
+    with desk.running_program():
+        assert secrets_in_memory(login) == set()
+        assert seen_while_the_site_holds("GET", "status", login) == set()
+        assert seen_while_the_site_holds("POST", "name", login) == set(login)
+        assert seen_while_the_site_holds("GET", "id/", login) == set()
+        assert secrets_in_memory(login) == set()
+        assert desk.remove("alice") == "Removed alice@brasslet.test."
+        assert secrets_in_memory(login) == set()
+
+
+def test_a_refused_password_is_gone_from_memory_too(user):
+    desk.put_settings("https://brasslet.test", "owner", "qjzkwxvpbyfgmucdlsrhtnoi")
+    login = wallet_secrets.forms_of_login("owner", "qjzkwxvpbyfgmucdlsrhtnoi")
+    with desk.running_program():
+        assert desk.publish("alice") == "WordPress refused that application password."
+        assert secrets_in_memory(login) == set()
+
+
+def test_the_password_is_gone_from_memory_when_the_settings_window_closes(user):
+    password = user.replace(" ", "")
+    login = wallet_secrets.forms_of_login("owner", password)
+    with desk.running_program():
+        desk.drive("press", desk.SETTINGS)
+        assert secrets_in_memory(login) == set()
+        desk.drive("press", desk.EYE)
+        assert desk.drive("text", desk.PASSWORD) == password
+        assert secrets_in_memory(login) == letters(login, "the password")
+        desk.drive("press", desk.CLOSE_SETTINGS)
+        assert secrets_in_memory(login) == set()
+
+
+def test_a_password_typed_by_hand_is_gone_from_memory_when_the_settings_window_closes(user):
+    password = "qjzkwxvpbyfgmucdlsrhtnoi"
+    login = wallet_secrets.forms_of_login("owner", password)
+    with desk.running_program():
+        desk.drive("press", desk.SETTINGS)
+        desk.click(desk.PASSWORD)
+        desk.xdotool("type", password)
+        assert desk.wait_until(lambda: desk.drive("text", desk.PASSWORD) == password)
+        desk.drive("press", desk.CLOSE_SETTINGS)
+        assert secrets_in_memory(login) == set()
+        assert desk.publish("alice") == "WordPress refused that application password."
+        assert secrets_in_memory(login) == set()
 
 
 def test_the_phrase_stands_in_no_file_but_the_wallets_own(tmp_path):

@@ -84,6 +84,18 @@ def test_a_newer_wordpress_takes_the_name_too(user):
     assert_kept("alice@newer.brasslet.test")
 
 
+def test_an_address_that_the_site_has_changed_is_put_right_without_a_word(user):
+    with desk.running_program():
+        desk.publish("alice")
+        site_world.run_php("brasslet.test", """
+            $record = get_option('brasslet_record');
+            $record['rows'][0]['address'] = '1BoatSLRHtKNngkdXEeobR76b53LETtpyT';
+            update_option('brasslet_record', $record);""")
+        assert served("brasslet.test", "alice")[1] == "1BoatSLRHtKNngkdXEeobR76b53LETtpyT"
+        assert desk.publish("alice") == KEPT
+    assert_kept()
+
+
 def test_the_house_paymail_is_shown_and_sent(user):
     desk.put_wallet(paymail="Sofia@elsewhere.example")
     with desk.running_program():

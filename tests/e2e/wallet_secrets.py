@@ -1,5 +1,6 @@
 """The secrets of a wallet, computed apart from the program (hashlib and plain integers), and every form in which a
 copy of one could lie in a process's memory."""
+import base64
 import hashlib
 import hmac
 
@@ -83,6 +84,14 @@ def forms_of_bytes(data: bytes) -> list[bytes]:
     """Raw, from its last byte to its first (as libcrypto keeps numbers), as input of a hash, and as hex text."""
     shifted = _as_hash_words(b"\0" + data)[8:]  # behind the zero byte of a hardened child, without its first word
     return [data, data[::-1], _as_hash_words(data), shifted, *_as_text(data.hex()), *_as_text(data.hex().upper())]
+
+
+def forms_of_login(user: str, password: str) -> dict[str, list[bytes]]:
+    """Every third of the password, and of what is sent of it: user and password in base64, as it is and wide."""
+    login = base64.b64encode(f"{user}:{password}".encode()).decode()
+    thirds = {"the password": password, "the login": login[len(login) // 4:]}
+    return {f"{name}'s letters from {start}": _as_text(text[start:start + 8])
+            for name, text in thirds.items() for start in range(0, len(text) - 7, 8)}
 
 
 def runs_of_words(phrase: str, length: int = 4) -> list[str]:

@@ -1,8 +1,7 @@
-// What the wallet bridge and the settings do when the disk refuses.
+// What the wallet bridge does when the disk refuses.
 #include "build_values.h"
 #include "platform_host/native_path.h"
 #include "platform_host/stand_in.h"
-#include "settings/settings_store.h"
 #include "support/wallet_files.h"
 #include "text/json.h"
 #include "wallet_bridge/binding.h"
@@ -189,34 +188,4 @@ TEST(BridgeFaults, AHouseRegistryThatCannotBeReadNowIsNotTakenForAnEmptyOne)
     EXPECT_EQ(set_house_avatar("02ab", "p_0"), "could not write paymail registry");
     stand_in().files.reads_fail = false;
     EXPECT_EQ(folder.read("corvane_paymail.json"), text);
-}
-
-TEST(BridgeFaults, APasswordThatCannotBeProtectedIsNotSaved)
-{
-    const TestFolder folder;
-    SiteSettings settings;
-    settings.pass = SecretText("a password");
-    stand_in().protection_works = false;
-    save_settings(settings, "");
-    EXPECT_EQ(parse_json(folder.read("payname/ui.json"))["pass"], "");
-}
-
-TEST(BridgeFaults, AFullDiskLeavesTheOldSettings)
-{
-    const TestFolder folder;
-    SiteSettings settings;
-    save_settings(settings, "a");
-    const std::string text = folder.read("payname/ui.json");
-    stand_in().files.largest_file = text.size();
-    save_settings(settings, "a longer name");
-    EXPECT_EQ(folder.read("payname/ui.json"), text);
-}
-
-TEST(BridgeFaults, UnchangedSettingsAreNotWrittenAgain)
-{
-    const TestFolder folder;
-    save_settings({}, "a");
-    stand_in().files.written.clear();
-    save_settings({}, "a");
-    EXPECT_TRUE(stand_in().files.written.empty());
 }

@@ -149,7 +149,7 @@ TEST_F(DocumentedFiles, TheSettings)
     SiteSettings settings;
     settings.site = "https://brasslet.test";
     settings.user = "owner";
-    settings.pass = SecretText("abcdefgh");
+    settings.pass = StoredPassword(SecretText("abcdefgh"));
     save_settings(settings, "alice");
     nlohmann::json written = parse_json(folder.read("payname/ui.json"));
     EXPECT_NE(text_member(written, "pass"), "");

@@ -115,7 +115,7 @@ TEST_F(Installing, ASiteThatCannotBeReachedGetsTheZipToo)
 TEST_F(Installing, NeedsNoLogin)
 {
     settings.user.clear();
-    settings.pass.clear();
+    settings.pass = {};
     expect_package(kUpload);
 }
 

@@ -9,7 +9,7 @@ SiteSettings owners_settings()
     SiteSettings settings;
     settings.site = "brasslet.test";
     settings.user = "admin";
-    settings.pass = SecretText("abcdefgh");
+    settings.pass = StoredPassword(SecretText("abcdefgh"));
     settings.alias = "alice";
     return settings;
 }

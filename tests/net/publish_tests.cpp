@@ -73,9 +73,11 @@ TEST_F(Publishing, NeedsASiteWithADotOverHttps)
 
 TEST_F(Publishing, NeedsTheLogin)
 {
-    settings.pass.clear();
-    expect_sentence(L"Add the WordPress user and application password in settings.");
-    settings.pass = SecretText("abcdefgh");
+    for (const char* text : {"", "bG9ja2Vk"}) {  // none, and one that does not open here
+        settings.pass = StoredPassword::of_file(text);
+        expect_sentence(L"Add the WordPress user and application password in settings.");
+    }
+    settings.pass = StoredPassword(SecretText("abcdefgh"));
     settings.user = "";
     expect_sentence(L"Add the WordPress user and application password in settings.");
     EXPECT_TRUE(server.requests().empty());

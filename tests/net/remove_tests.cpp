@@ -99,9 +99,11 @@ TEST_F(Removing, NeedsASiteAndALogin)
         expect_sentence(kAddLogin);
     }
     settings.site = "brasslet.test";
-    settings.pass.clear();
-    expect_sentence(kAddLogin);
-    settings.pass = SecretText("abcdefgh");
+    for (const char* text : {"", "bG9ja2Vk"}) {  // none, and one that does not open here
+        settings.pass = StoredPassword::of_file(text);
+        expect_sentence(kAddLogin);
+    }
+    settings.pass = StoredPassword(SecretText("abcdefgh"));
     settings.user = "";
     expect_sentence(kAddLogin);
     EXPECT_TRUE(server.requests().empty());

@@ -102,6 +102,11 @@ FileReading read_whole_file(const std::string& path)
     return {ReadStatus::read, std::move(*bytes)};
 }
 
+std::optional<std::string> read_held_file(const std::string& path)
+{
+    return read_file(path);
+}
+
 bool write_file(const std::string& path, std::string_view bytes)
 {
     if (!may_change(path) || stand_in().files.writes_fail) return false;

@@ -14,7 +14,7 @@ SiteSettings stored()
     SiteSettings settings;
     settings.site = "old.example";
     settings.user = "admin";
-    settings.pass = SecretText("abcdefghijkl");
+    settings.pass = StoredPassword(SecretText("abcdefghijkl"));
     settings.alias = "ann";
     return settings;
 }
@@ -42,14 +42,14 @@ TEST(TakeTyped, ThePasswordLosesItsSpaces)
 {
     SiteSettings settings = stored();
     take_typed(typed("", "", " abcd efgh  ijkl mnop\r\n"), settings);
-    EXPECT_EQ(settings.pass.text(), "abcdefghijklmnop");
+    EXPECT_EQ(settings.pass.in_clear().text(), "abcdefghijklmnop");
 }
 
 TEST(TakeTyped, OnlySpacesAreRemovedFromWithinThePassword)
 {
     SiteSettings settings = stored();
     take_typed(typed("", "", "ab\tcd \xC2\xA0"), settings);
-    EXPECT_EQ(settings.pass.text(), "ab\tcd\xC2\xA0");
+    EXPECT_EQ(settings.pass.in_clear().text(), "ab\tcd\xC2\xA0");
 }
 
 TEST(TakeTyped, AnEmptyPasswordKeepsTheStoredOne)
@@ -57,6 +57,24 @@ TEST(TakeTyped, AnEmptyPasswordKeepsTheStoredOne)
     for (const char* nothing : {"", " ", "    ", " \t\r\n "}) {
         SiteSettings settings = stored();
         take_typed(typed("", "", nothing), settings);
-        EXPECT_EQ(settings.pass.text(), "abcdefghijkl");
+        EXPECT_EQ(settings.pass.in_clear().text(), "abcdefghijkl");
     }
+}
+
+TEST(TakeTyped, TheSamePasswordKeepsItsProtectedForm)
+{
+    SiteSettings settings = stored();
+    const StoredPassword before = settings.pass;
+    EXPECT_EQ(take_typed(typed("", "", "abcd efgh ijkl"), settings), SettingsNotice::none);
+    EXPECT_EQ(settings.pass, before);
+}
+
+TEST(TakeTyped, ANewPasswordReplacesOneThatDoesNotOpen)
+{
+    SiteSettings settings = stored();
+    settings.pass = StoredPassword::of_file("bG9ja2Vk");
+    EXPECT_EQ(take_typed(typed("", "", ""), settings), SettingsNotice::none);
+    EXPECT_EQ(settings.pass, StoredPassword::of_file("bG9ja2Vk"));
+    EXPECT_EQ(take_typed(typed("", "", "qqqq wwww"), settings), SettingsNotice::none);
+    EXPECT_EQ(settings.pass.in_clear().text(), "qqqqwwww");
 }

@@ -7,7 +7,7 @@ void save(const Saved& settings, const std::string& name)
     SiteSettings kept;
     kept.site = settings.site;
     kept.user = settings.user;
-    kept.pass = SecretText(settings.password);
+    kept.pass = StoredPassword(SecretText(settings.password));
     save_settings(kept, name);
 }
 
@@ -15,5 +15,5 @@ Saved saved()
 {
     SiteSettings kept;
     load_settings(kept);
-    return {kept.site, kept.user, kept.pass.text()};
+    return {kept.site, kept.user, kept.pass.in_clear().text()};
 }

@@ -119,6 +119,30 @@ TEST(SharedFiles, RewritingTriesAgainWhileTheFileIsOpenElsewhere)
     EXPECT_EQ(read_file(path), "newer");
 }
 
+TEST(SharedFiles, AFileThatAnotherProgramKeepsToItselfIsReadOnceItIsFree)
+{
+    const TestFolder folder;
+    const std::string path = folder.path() + "/file";
+    ASSERT_TRUE(write_file(path, "text"));
+    ChildProcess other({folder.path(), "hold-alone", path});
+    ASSERT_EQ(other.read_line(), "open");
+    EXPECT_FALSE(read_file(path));
+    auto reading = std::async(std::launch::async, [&] { return read_held_file(path); });
+    EXPECT_EQ(reading.wait_for(std::chrono::milliseconds(100)), std::future_status::timeout);
+    other.close_input();
+    EXPECT_EQ(reading.get(), "text");
+}
+
+TEST(SharedFiles, AFileThatIsMissingOrRefusedIsNotWaitedFor)
+{
+    const TestFolder folder;
+    pauses = 0;
+    const ReplacedImport<SleepFunction> counted(__imp_Sleep, note_pause);
+    EXPECT_FALSE(read_held_file(folder.path() + "/missing"));
+    EXPECT_FALSE(read_held_file(folder.path()));  // a folder: access is denied
+    EXPECT_EQ(pauses, 0);
+}
+
 TEST(SharedFiles, AnOldWalletThatIsLockedElsewhereStaysAndTheRegistryGainsItsEntry)
 {
     const TestFolder folder;

@@ -59,12 +59,12 @@ TEST(UserProtection, NoFormOfThePasswordStandsInTheSettingsFile)
 {
     const TestFolder folder;
     SiteSettings settings;
-    settings.pass = SecretText("abcdefghijklmnopqrstuvwx");
+    settings.pass = StoredPassword(SecretText("abcdefghijklmnopqrstuvwx"));
     save_settings(settings, "bob");
     const std::string text = folder.read("payname/ui.json");
     EXPECT_EQ(text.find("abcdefgh"), std::string::npos);
     EXPECT_EQ(text.find("YWJjZGVmZ2"), std::string::npos);  // its base64
     SiteSettings loaded;
     load_settings(loaded);
-    EXPECT_EQ(loaded.pass.text(), "abcdefghijklmnopqrstuvwx");
+    EXPECT_EQ(loaded.pass.in_clear().text(), "abcdefghijklmnopqrstuvwx");
 }

@@ -14,12 +14,12 @@ int main(int count, char** words)
     SiteSettings settings;
     settings.site = words[1];
     settings.user = words[2];
-    settings.pass = SecretText(std::move(password));
+    settings.pass = StoredPassword(SecretText(std::move(password)));
     save_settings(settings, count > 3 ? words[3] : "");
 
     SiteSettings written;
     load_settings(written);
-    const bool kept =
-        written.site == settings.site && written.user == settings.user && written.pass.text() == settings.pass.text();
+    const bool kept = written.site == settings.site && written.user == settings.user &&
+                      written.pass.in_clear().text() == settings.pass.in_clear().text();
     return kept ? 0 : 1;
 }
