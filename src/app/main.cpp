@@ -6,6 +6,8 @@
 #include "net/curl_lifetime.h"
 #include "platform/com_apartment.h"
 #include "platform/environment.h"
+#include "platform/process_hardening.h"
+#include "platform/windows_version.h"
 #include "ui/keyboard.h"
 #include "wallet_bridge/binding.h"
 
@@ -62,7 +64,8 @@ int answer_messages()
 
 int WINAPI WinMain(HINSTANCE instance, HINSTANCE, PSTR, int show)
 {
-    SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
+    harden_process();
+    if (!is_on_a_windows_new_enough()) return 0;
     enter_executable_folder();
     if (bring_running_copy_forward()) return 0;
 
