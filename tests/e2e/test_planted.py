@@ -8,7 +8,6 @@ import pytest
 
 import desk
 import process_memory
-import site_world
 
 HOST = "brasslet.test"
 DECOYS = sorted((desk.BUILD / "tests/e2e/planted").glob("*.dll"))
@@ -56,15 +55,6 @@ def test_no_library_beside_the_program_is_loaded(user, planted):
         desk.press(desk.INSTALL)
         assert NAMES <= libraries_of_windows(planted)
     assert marks_in(planted) == []
-
-
-def test_explorer_is_the_one_in_windows_own_folder(planted):
-    shutil.copy(desk.TOOLS / "show_in_explorer.exe", planted)
-    shutil.copy(desk.TOOLS / "find_srv_host.exe", planted / "explorer.exe")
-    path = desk.data_directory() / "absent file.zip"
-    subprocess.run(["wine", planted / "show_in_explorer.exe", f"Z:{path}"], check=True, timeout=60, cwd=planted)
-    shown = str(path).replace("/", "\\")
-    assert desk.wait_until(lambda: desk.explorers_in(f"/select,Z:{shown}") or desk.explorers_in(f'/select,"Z:{shown}"'))
 
 
 @pytest.mark.parametrize("library", ["dwmapi", "msimg32", "normaliz", "crypt32", "bcrypt"])
