@@ -20,6 +20,13 @@
 
 namespace {
 
+// Before every other constructor (101 is the first priority that GCC leaves to programs): the guard of the stack asks
+// Windows for random bytes in one, and Windows loads libraries by name for that.
+[[gnu::constructor(101)]] void harden_before_anything_else()
+{
+    harden_process();
+}
+
 std::optional<unsigned> dpi_under_mouse()
 {
     POINT mouse{};
@@ -64,7 +71,6 @@ int answer_messages()
 
 int WINAPI WinMain(HINSTANCE instance, HINSTANCE, PSTR, int show)
 {
-    harden_process();
     if (!is_on_a_windows_new_enough()) return 0;
     enter_executable_folder();
     if (bring_running_copy_forward()) return 0;
