@@ -13,30 +13,41 @@ def licences_of(component):
     return [{"expression": " AND ".join(names)}]
 
 
-def library(entry, prefix):
+def pedigree_of(entry):
+    """What was done to the work before it was built, and what is to be known about it."""
+    found = {}
+    if entry.patches:
+        found["patches"] = [
+            {"type": "unofficial", "diff": {"url": f"{entry.source_page}#debian/patches/{name}"}} for name in entry.patches]
+    if entry.component.remark:
+        found["notes"] = entry.component.remark
+    return {"pedigree": found} if found else {}
+
+
+def work(entry, prefix):
     component = entry.component
-    found = {
-        "type": "library",
+    versions = {"version": entry.version, "purl": entry.origin} if entry.version else {
+        "hashes": [{"alg": "SHA-256", "content": entry.digest}]}
+    return {
+        "type": "data" if component.is_data else "library",
         "bom-ref": component.name,
         "name": component.name,
-        "version": entry.version,
         "description": component.purpose,
         "licenses": licences_of(component),
         "copyright": component.holders(prefix),
-        "purl": entry.origin,
+        **versions,
         "externalReferences": [
             {"type": "website", "url": component.home},
             {"type": "distribution", "url": entry.source_page, "comment": f"Debian source package {entry.source}"},
         ],
+        **pedigree_of(entry),
+        "properties": [{"name": "brasslet:linked-from", "value": name} for name in entry.archives],
     }
-    if component.remark:
-        found["pedigree"] = {"notes": component.remark}
-    found["properties"] = [{"name": "brasslet:linked-from", "value": name} for name in entry.archives]
-    return found
 
 
-def bill_of_materials(version, company, program, entries, prefix):
-    """The document's text, for the executable's bytes `program` and what is inside them."""
+def bill_of_materials(version, company, program, unsigned, entries, prefix):
+    """The document's text, for the executable's bytes `program`, which are `unsigned` and perhaps a signature, and what
+    is inside them."""
     digest = hashlib.sha256(program).hexdigest()
     document = {
         "$schema": "http://cyclonedx.org/schema/bom-1.5.schema.json",
@@ -52,9 +63,11 @@ def bill_of_materials(version, company, program, entries, prefix):
                 "version": version,
                 "supplier": {"name": company},
                 "hashes": [{"alg": "SHA-256", "content": digest}],
+                "properties": [
+                    {"name": "brasslet:sha256-without-signature", "value": hashlib.sha256(unsigned).hexdigest()}],
             },
         },
-        "components": [library(entry, prefix) for entry in entries],
+        "components": [work(entry, prefix) for entry in entries],
         "dependencies": [{"ref": "Brasslet", "dependsOn": [entry.component.name for entry in entries]}],
         "compositions": [{"aggregate": "complete", "assemblies": ["Brasslet"]}],
     }

@@ -27,7 +27,7 @@ class Component:
     licences: tuple[by.Licence, ...]  # all of them apply
     holders: typing.Callable
     cross_built: bool = False
-    patched: bool = True  # with Debian's patches
+    is_data: bool = False  # a list in the source tree, not code: `package` is a source package that has the same list
     remark: str = ""
 
     def gave(self, file):
@@ -40,14 +40,12 @@ COMPONENTS = (
         "OpenSSL libcrypto", "hashes, ciphers, elliptic curves",
         ("*/.deps/windows/lib/libcrypto.a(*)", "*/.deps/windows/include/openssl/*"),
         "openssl", "https://www.openssl.org/", (by.APACHE,),
-        passage("share/licenses/openssl/README.md", "Copyright (c) 1998", "All rights reserved."), cross_built=True,
-        patched=False, remark="Built from the makers' archive in Debian's source package, without Debian's patches."),
+        passage("share/licenses/openssl/README.md", "Copyright (c) 1998", "All rights reserved."), cross_built=True),
     Component(
         "libcurl", "HTTPS requests",
         ("*/.deps/windows/lib/libcurl.a(*)", "*/.deps/windows/include/curl/*"),
         "curl", "https://curl.se/", (by.CURL,),
-        passage("share/licenses/curl/COPYING", "Copyright (c)", "All rights reserved."), cross_built=True,
-        remark="Built from Debian's source package, with Debian's patches."),
+        passage("share/licenses/curl/COPYING", "Copyright (c)", "All rights reserved."), cross_built=True),
     Component(
         "JSON for Modern C++", "reading and writing JSON; headers only",
         ("*/.deps/windows/include/nlohmann/*",),
@@ -88,4 +86,10 @@ COMPONENTS = (
         "mingw-w64-common", "https://www.mingw-w64.org/", (by.LGPL, by.STDARG, by.PUBLIC_DOMAIN),
         holders(by.MINGW_DOC, "*", *NOT_PUBLIC_DOMAIN),
         remark="Declarations and constants, the use of which section 5 of LGPL-2.1 leaves unrestricted."),
+    Component(
+        "BIP39 English word list", "the words of recovery phrases",
+        ("*/src/wallet/english_words.inc",),
+        "python-mnemonic", "https://github.com/bitcoin/bips/blob/master/bip-0039/english.txt", (by.MIT,),
+        lambda prefix: "Copyright 2013-2014 Pavol Rusnak <stick@satoshilabs.com>", is_data=True,
+        remark="The SHA-256 is that of the published list, a word a line."),
 )

@@ -26,6 +26,12 @@ def cross_built(prefix):
     return versions
 
 
+def patches_of(package, prefix):
+    """The names of Debian's patches that a cross-built library was built with, in their order."""
+    path = pathlib.Path(prefix, "share/patches", package)
+    return tuple(path.read_text(encoding="utf-8").split()) if path.exists() else ()
+
+
 def package_url(package, version, architecture):
     name, version = urllib.parse.quote(package, safe=""), urllib.parse.quote(version, safe="")
     return f"pkg:deb/debian/{name}@{version}?arch={architecture}&distro={release()}"

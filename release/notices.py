@@ -12,12 +12,13 @@ def work(entry, prefix):
     component = entry.component
     licences = " AND ".join(licence.name for licence in component.licences)
     lines = [
-        f"{component.name} {entry.version}",
+        f"{component.name} {entry.version}".rstrip(),
         f"    {component.purpose}",
         f"    Home: {component.home}",
         f"    Debian source package: {entry.source}",
         f"    Licence: {licences}",
     ]
+    lines += [f"    Built here with Debian's patches: {len(entry.patches)}"] if entry.patches else []
     lines += [f"    {component.remark}"] if component.remark else []
     lines += ["    " + line.strip() for line in component.holders(prefix).split("\n") if line.strip()]
     return "\n".join(lines) + "\n"

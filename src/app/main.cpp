@@ -8,6 +8,8 @@
 #include "platform/com_apartment.h"
 #include "platform/crash_reports.h"
 #include "platform/environment.h"
+#include "platform/process_hardening.h"
+#include "platform/windows_version.h"
 #include "ui/keyboard.h"
 #include "wallet_bridge/binding.h"
 
@@ -19,6 +21,13 @@
 #include <optional>
 
 namespace {
+
+// Before every other constructor (101 is the first priority that GCC leaves to programs): the guard of the stack asks
+// Windows for random bytes in one, and Windows loads libraries by name for that.
+[[gnu::constructor(101)]] void harden_before_anything_else()
+{
+    harden_process();
+}
 
 std::optional<unsigned> dpi_under_mouse()
 {
@@ -65,7 +74,7 @@ int answer_messages()
 int WINAPI WinMain(HINSTANCE instance, HINSTANCE, PSTR, int show)
 {
     keep_heap_out_of_crash_reports();
-    SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
+    if (!is_on_a_windows_new_enough()) return 0;
     enter_executable_folder();
     std::optional<StartTurn> turn(std::in_place);
     if (bring_running_copy_forward()) return 0;

@@ -1,5 +1,6 @@
 #include "platform/explorer.h"
 
+#include "platform/shell_text.h"
 #include "platform/windows_path.h"
 
 #include <windows.h>
@@ -34,12 +35,23 @@ bool select_in_folder(const std::wstring& path)
     return SUCCEEDED(SHOpenFolderAndSelectItems(item.get(), 0, nullptr, 0));
 }
 
+// By its full path: of a name alone the shell finds what lies in the current folder first. The folder is the system's
+// own; the one of GetWindowsDirectory may be the user's on a terminal server.
+std::wstring explorer()
+{
+    wchar_t folder[MAX_PATH];
+    const UINT length = GetSystemWindowsDirectoryW(folder, MAX_PATH);
+    return length > 0 && length < MAX_PATH ? std::wstring(folder, length) + L"\\explorer.exe" : std::wstring();
+}
+
 }  // namespace
 
 void show_in_explorer(const std::string& path, WindowHandle owner)
 {
     const std::wstring wide = shell_path(path);
     if (select_in_folder(wide)) return;
-    const std::wstring parameters = L"/select," + wide;
-    ShellExecuteW(owner, L"open", L"explorer.exe", parameters.c_str(), nullptr, SW_SHOWNORMAL);
+    const std::wstring program = explorer();
+    if (program.empty() || !can_be_quoted(wide)) return;
+    const std::wstring parameters = L"/select,\"" + wide + L"\"";
+    ShellExecuteW(owner, L"open", program.c_str(), parameters.c_str(), nullptr, SW_SHOWNORMAL);
 }

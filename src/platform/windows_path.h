@@ -1,5 +1,4 @@
-// Between the program's narrow paths and the wide ones of Windows. The narrow form is in the code page that the file
-// functions of the process use: UTF-8, by the manifest of the program.
+// Between the program's narrow paths, UTF-8 whatever the code page of Windows is, and the wide ones of Windows.
 #pragma once
 
 #include <string>

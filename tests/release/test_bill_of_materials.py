@@ -11,7 +11,7 @@ import urllib.parse
 
 import pytest
 from executable import EXE, ROOT
-from released import MAP, VERSION, bill, licence_names, linked_from
+from released import MAP, VERSION, bill, licence_names, linked_from, text
 
 sys.path.insert(0, str(ROOT / "release"))
 import inventory  # noqa: E402
@@ -38,7 +38,8 @@ def archives_in_the_map():
     members, _, rest = MAP.read_text().partition("\nDiscarded input sections\n")
     archives = re.findall(r"^(/.*\.a)\(", members, re.MULTILINE) + re.findall(r"^LOAD (/.*\.o)$", rest, re.MULTILINE)
     not_empty = set(re.findall(r" 0x0*[1-9a-f][0-9a-f]* (/.*\.[ao])(?:\(|$)", rest, re.MULTILINE))
-    return sorted(os.path.normpath(path) for path in not_empty.intersection(archives))
+    own = str(ROOT / "build/windows/delay_imports") + "/"  # made by the build itself
+    return sorted(os.path.normpath(path) for path in not_empty.intersection(archives) if not path.startswith(own))
 
 
 ARCHIVES = archives_in_the_map()
@@ -85,6 +86,32 @@ def test_an_archive_s_origin_is_the_package_that_it_came_with(path):
     assert origins
     for origin in origins:
         assert urllib.parse.unquote(origin.partition("?")[0]) == f"pkg:deb/debian/{package}@{version}"
+
+
+def test_the_import_libraries_that_the_build_makes_are_in_the_map_and_nobody_elses():
+    own = re.findall(r"^(/.*/delay_imports/lib\w+\.a)\(", MAP.read_text(), re.MULTILINE)
+    assert {os.path.basename(path) for path in own} >= {"libbcrypt.a", "libcrypt32.a", "libdwmapi.a"}
+    assert not {os.path.basename(path) for path in own} & {os.path.basename(path) for path in ARCHIVES}
+
+
+@pytest.mark.parametrize("name, package, fewest", [("OpenSSL libcrypto", "openssl", 5), ("libcurl", "curl", 20)])
+def test_a_cross_built_library_is_named_with_debian_s_patches(name, package, fewest):
+    applied = (ROOT / ".deps/windows/share/patches" / package).read_text(encoding="utf-8").split()
+    assert len(applied) >= fewest
+    patches = COMPONENTS[name]["pedigree"]["patches"]
+    assert [patch["diff"]["url"].partition("#debian/patches/")[2] for patch in patches] == applied
+    assert "-" in COMPONENTS[name]["version"]  # with Debian's own revision
+    notice = text("NOTICES.txt")
+    assert f"{name} {COMPONENTS[name]['version']}\n" in notice
+    assert f"    Built here with Debian's patches: {len(applied)}\n" in notice
+
+
+def test_the_words_of_recovery_phrases_are_the_published_list():
+    words = COMPONENTS["BIP39 English word list"]
+    # Of bips/bip-0039/english.txt, which python-mnemonic has as well.
+    published = "2f5eed53a4727b4bf8880d8f3f199efc90e58503646d9ff8eff3a2ed3b24dbda"
+    assert (words["type"], words["hashes"]) == ("data", [{"alg": "SHA-256", "content": published}])
+    assert licence_names(words) == ["MIT"]
 
 
 def test_every_header_that_was_read_belongs_to_an_entry():

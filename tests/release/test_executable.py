@@ -7,21 +7,9 @@ import pefile
 import pytest
 from executable import EXE, ROOT, RT_MANIFEST, RT_RCDATA, TWIN, opened, resource
 
-WINDOWS_OWN = {
-    "advapi32.dll", "bcrypt.dll", "comctl32.dll", "crypt32.dll", "dwmapi.dll", "gdi32.dll", "kernel32.dll",
-    "msimg32.dll", "msvcrt.dll", "normaliz.dll", "ole32.dll", "secur32.dll", "shcore.dll", "shell32.dll", "user32.dll",
-    "uxtheme.dll", "ws2_32.dll",
-}
-
-
 @pytest.fixture(scope="module")
 def exe():
     return opened()
-
-
-def test_it_imports_only_windows_own_libraries(exe):
-    imported = {entry.dll.decode().lower() for entry in exe.DIRECTORY_ENTRY_IMPORT}
-    assert imported - WINDOWS_OWN == set()
 
 
 def test_it_is_a_64_bit_window_program(exe):

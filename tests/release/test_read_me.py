@@ -28,6 +28,22 @@ def test_it_tells_how_to_check_the_download():
     assert f"    Get-Content {NAME}.zip.sha256\n" in text(READ_ME)
 
 
+def test_it_says_what_the_checksum_proves_and_where_a_second_copy_of_it_is():
+    said = " ".join(text(READ_ME).split())
+    assert "That they agree proves only that the zip arrived whole" in said
+    (page,) = re.findall(r"^    (https://\S+)$", text(READ_ME), re.MULTILINE)
+    values = (ROOT / "build/windows/generated/build_values.h").read_text(encoding="utf-8")
+    assert f'"{page}"' in values
+
+
+def test_it_names_the_oldest_windows_as_the_program_does():
+    refusal = re.search(r'L"Brasslet needs (Windows 10, version \d+) or newer\."',
+                        (ROOT / "src/platform/windows_version.cpp").read_text(encoding="utf-8"))[1]
+    assert f"{refusal}, and newer" in " ".join(text(READ_ME).split())
+    read_me = " ".join((ROOT / "README.md").read_text(encoding="utf-8").split())
+    assert f"{refusal.replace('Windows', '64-bit Windows')}, and newer" in read_me
+
+
 def test_it_prepares_for_windows_warning_as_long_as_the_program_is_not_signed():
     signature = opened().OPTIONAL_HEADER.DATA_DIRECTORY[pefile.DIRECTORY_ENTRY["IMAGE_DIRECTORY_ENTRY_SECURITY"]]
     assert (signature.Size == 0) == ("The program is not signed." in text(READ_ME))

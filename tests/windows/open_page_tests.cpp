@@ -22,3 +22,16 @@ TEST(OpenPage, OpensNothingButHttps)
     ASSERT_TRUE(pages.come_to(1));
     EXPECT_THAT(pages.addresses(), testing::ElementsAre("https://corvane.example/after"));
 }
+
+TEST(OpenPage, OpensNothingThatTheBrowserCouldTakeForSeveralWords)
+{
+    const OpenedPages pages;
+    for (const char* address :
+         {"https://corvane.example/a b", "https://corvane.example/\" --no-sandbox \"", "https://corvane.example/\x01",
+          "https://corvane.example/\ta", "https://corvane.example/\na", "https://corvane.example/\x7F",
+          "https://corvane.example/\xC2\xA0", "https://corvane.example/\xE3\x80\x80"})
+        EXPECT_FALSE(open_page(address)) << address;
+    EXPECT_TRUE(open_page("https://corvane.example/after"));
+    ASSERT_TRUE(pages.come_to(1));
+    EXPECT_THAT(pages.addresses(), testing::ElementsAre("https://corvane.example/after"));
+}
