@@ -2,5 +2,6 @@
 // being used. What was left out, and why, stands in docs/security.md.
 #pragma once
 
-// For the start of the process, before anything else. An older Windows that lacks one of these protections goes on without it.
+// For the start of the process, before anything else. An older Windows that lacks one of these protections goes on
+// without it.
 void harden_process();
