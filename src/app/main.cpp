@@ -88,7 +88,9 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, PSTR, int show)
     turn.reset();
     const int exit_code = answer_messages();
 
-    // A worker may be in the middle of a request or of a wallet query: nothing that it uses is taken down under it.
-    if (worker_is_running()) ExitProcess(static_cast<UINT>(exit_code));
+    // A worker may be in the middle of a request or of a wallet query: nothing that it uses is taken down under it. Nor
+    // are the DLLs told of the end, as ExitProcess would: one that waits for a lock which the worker held when it was
+    // stopped would keep the process from ever ending.
+    if (worker_is_running()) TerminateProcess(GetCurrentProcess(), static_cast<UINT>(exit_code));
     return exit_code;
 }

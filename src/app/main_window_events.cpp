@@ -164,8 +164,7 @@ void on_flow_result(const std::wstring& sentence)
 // is destroyed before.
 void on_session_end()
 {
-    take_open_settings();
-    save_settings(app_state().settings, name_field_text());
+    keep_settings(take_open_settings());
 }
 
 // A result that was posted just before the end finds nobody any more.
