@@ -109,6 +109,8 @@ void write(const json& value, std::size_t indent, std::string& text)
 
 json parse_exact_json(std::string_view text)
 {
+    // The library takes a zero byte for the end. What stands behind it is judged as parse_json judges it.
+    if (!first_of_json(text)) return json(json::value_t::discarded);
     TreeBuilder builder;
     if (!json::sax_parse(text.begin(), text.end(), &builder)) return json(json::value_t::discarded);
     return builder.take_tree();

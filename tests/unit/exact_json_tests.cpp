@@ -94,3 +94,10 @@ TEST(ExactJson, SiblingsDoNotCountAsLevels)
         text += "{},[],";
     EXPECT_NE(rewritten(text + "0]"), "discarded");
 }
+
+TEST(ExactJson, RefusesWhatIsNestedTooDeeplyBehindAZeroByteAsTheOtherFormDoes)
+{
+    const std::string text = std::string("null\0", 5) + std::string(kDeepestJson + 1, '[');
+    EXPECT_TRUE(parse_json(text).is_discarded());
+    EXPECT_TRUE(parse_exact_json(text).is_discarded());
+}
