@@ -1,5 +1,7 @@
 #include "platform/crash_reports.h"
 
+#include "platform/system_function.h"
+
 #include <windows.h>
 
 namespace {
@@ -12,8 +14,5 @@ constexpr DWORD kNoHeap = 1;
 void keep_heap_out_of_crash_reports()
 {
     using SetFlags = HRESULT(WINAPI*)(DWORD);
-    const HMODULE kernel = GetModuleHandleW(L"kernel32.dll");  // in every process from its first moment
-    if (kernel == nullptr) return;
-    const auto set_flags = reinterpret_cast<SetFlags>(reinterpret_cast<void*>(GetProcAddress(kernel, "WerSetFlags")));
-    if (set_flags != nullptr) set_flags(kNoHeap);
+    if (const auto set_flags = system_function<SetFlags>(L"kernel32.dll", "WerSetFlags")) set_flags(kNoHeap);
 }

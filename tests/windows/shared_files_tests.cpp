@@ -178,7 +178,7 @@ TEST(SharedFiles, WhatWindowsDeniesForGoodIsNotWaitedFor)
     const TestFolder folder;
     const std::string path = folder.path() + "/file";
     ASSERT_TRUE(write_file(path, "old"));
-    for (const DWORD attributes : {FILE_ATTRIBUTE_READONLY, FILE_ATTRIBUTE_NORMAL}) {
+    for (const DWORD attributes : {DWORD{FILE_ATTRIBUTE_READONLY}, DWORD{FILE_ATTRIBUTE_NORMAL}}) {
         ASSERT_TRUE(SetFileAttributesW(wide_path(path).c_str(), attributes));
         pauses = 0;
         {
