@@ -7,7 +7,6 @@ import pathlib
 import shutil
 import subprocess
 import time
-import warnings
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 BUILD = pathlib.Path(os.environ.get("BRASSLET_WINDOWS_BUILD", ROOT / "build/windows"))
@@ -118,15 +117,9 @@ def has_ended(process: subprocess.Popen, seconds: float) -> bool:
 
 
 def close_program(process: subprocess.Popen) -> None:
-    """As a user closes it, unless that has been done; then it must end. Twice among some thousand times a program was
-    still there after half a minute, and nobody knows why: as a user does, this closes it once more then, and warns."""
+    """As a user closes it, unless that has been done; then it must end."""
     is_true("close")
-    if has_ended(process, 30):
-        return
-    seen = what_it_does(process)
-    is_true("close")
-    assert has_ended(process, 30), f"the program has not ended: {seen}"
-    warnings.warn(f"the program has ended only when it was closed twice: {seen}", stacklevel=3)
+    assert has_ended(process, 30), f"the program has not ended: {what_it_does(process)}"
 
 
 @contextlib.contextmanager

@@ -342,6 +342,20 @@ def test_the_desktop_is_up_before_the_command():
     assert "explorer.exe /desktop" in up("ps -eo args")
 
 
+def test_the_desktop_stays_while_threads_of_its_own_end():
+    # A folder that is opened gives the desktop's own process some threads more; closed, they end one after the other.
+    seen = up("""
+        desktop=$(pgrep -f '[e]xplorer.exe /desktop')
+        threads() { ls "/proc/$desktop/task" 2>/dev/null | wc -l; }
+        wine explorer 'C:\\windows' &
+        until [ "$(threads)" -gt 5 ]; do sleep 0.1; done
+        pkill -KILL -f '[e]xplorer.exe C:'
+        until [ "$(threads)" -lt 5 ]; do sleep 0.1; done
+        sleep 5
+        kill -0 "$desktop" && echo stayed""")
+    assert seen == "stayed"
+
+
 def test_windows_programs_find_their_places_in_memory_free_every_time():
     personality = "cat /proc/self/personality"
     fixed = up(f"setarch --addr-no-randomize {personality} || {personality}", "--no-desktop")
