@@ -3,8 +3,8 @@
 // and nothing else: no file, no colour, no picture, nothing drawn by the program.
 #include "app/layout.h"
 #include "bench/floor_window.h"
+#include "kit/wallet_files.h"
 #include "net/curl_lifetime.h"
-#include "support/wallet_files.h"
 #include "wallet/wallet_keys.h"
 
 #include <commctrl.h>

@@ -1,9 +1,9 @@
 #include "fuzz/data_folder.h"
 
 #include "fuzz/target.h"
+#include "kit/stand_in/stand_in.h"
+#include "kit/test_folder.h"
 #include "platform/files.h"
-#include "platform_host/stand_in.h"
-#include "support/test_folder.h"
 
 #include <filesystem>
 

@@ -2,10 +2,10 @@
 
 #include "fuzz/data_folder.h"
 #include "fuzz/target.h"
+#include "kit/stand_in/stand_in.h"
+#include "kit/wallet_files.h"
 #include "paymail/payname_registry.h"
 #include "paymail/verification.h"
-#include "platform_host/stand_in.h"
-#include "support/wallet_files.h"
 #include "text/json.h"
 #include "wallet_bridge/binding.h"
 #include "wallet_bridge/wallet_identity.h"

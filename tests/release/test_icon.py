@@ -5,7 +5,7 @@ import subprocess
 import pytest
 from executable import ROOT, RT_GROUP_ICON, RT_ICON, opened, resource
 
-ICON = ROOT / "src/app/brasslet.ico"
+ICON = ROOT / "src/app/windows/brasslet.ico"
 SIZES = [16, 20, 24, 32, 40, 48, 64, 256]
 
 

@@ -38,7 +38,7 @@ def test_it_says_what_the_checksum_proves_and_where_a_second_copy_of_it_is():
 
 def test_it_names_the_oldest_windows_as_the_program_does():
     refusal = re.search(r'L"Brasslet needs (Windows 10, version \d+) or newer\."',
-                        (ROOT / "src/platform/windows_version.cpp").read_text(encoding="utf-8"))[1]
+                        (ROOT / "src/platform/windows/windows_version.cpp").read_text(encoding="utf-8"))[1]
     assert f"{refusal}, and newer" in " ".join(text(READ_ME).split())
     read_me = " ".join((ROOT / "README.md").read_text(encoding="utf-8").split())
     assert f"{refusal.replace('Windows', '64-bit Windows')}, and newer" in read_me

@@ -6,8 +6,8 @@
 #include "paymail/srv_host.h"
 
 #include "fuzz/target.h"
+#include "kit/stand_in/stand_in.h"
 #include "paymail/payname_rules.h"
-#include "platform_host/stand_in.h"
 #include "text/ascii.h"
 
 #include <algorithm>

@@ -1,0 +1,32 @@
+// What the user-interface thread keeps for the life of the process. No other thread may touch it; a worker gets copies.
+#pragma once
+
+#include "app/layout.h"
+#include "app/windows/window_icons.h"
+#include "settings/settings_store.h"
+#include "ui/dpi.h"
+#include "ui/windows/fonts.h"
+
+#include <windows.h>
+
+struct AppState {
+    HWND main_window = nullptr;
+    HWND settings_window = nullptr;  // null while it is closed
+    HWND tips = nullptr;             // for texts that are cut off
+    unsigned dpi = kDefaultDpi;
+    SiteSettings settings;
+    SettingsNotice settings_notice = SettingsNotice::none;  // of the file as it was read at the start
+
+    Fonts fonts;
+    Fonts fonts_at_creation;  // the Close button keeps its first font when the DPI changes
+    Brush card_brush;
+    Brush edit_brush;
+    WindowIcons icons;
+    MainLayout layout;
+
+    bool is_busy = false;
+    int waiting_button = 0;  // id of the button that reads "Wait..."; 0: none
+    bool update_is_available = false;
+};
+
+AppState& app_state();

@@ -1,0 +1,96 @@
+// The program's life: prepare the process, open the window, answer messages until it closes.
+#include "app/windows/app_state.h"
+#include "app/windows/main_window.h"
+#include "app/windows/open_settings.h"
+#include "app/windows/single_instance.h"
+#include "app/windows/workers.h"
+#include "net/curl_lifetime.h"
+#include "platform/environment.h"
+#include "platform/windows/com_apartment.h"
+#include "platform/windows/crash_reports.h"
+#include "platform/windows/process_hardening.h"
+#include "platform/windows/windows_version.h"
+#include "ui/windows/keyboard.h"
+#include "wallet_bridge/binding.h"
+
+#include <windows.h>
+
+#include <commctrl.h>
+#include <shellscalingapi.h>
+
+#include <optional>
+
+namespace {
+
+// Before every other constructor (101 is the first priority that GCC leaves to programs): the guard of the stack asks
+// Windows for random bytes in one, and Windows loads libraries by name for that.
+[[gnu::constructor(101)]] void harden_before_anything_else()
+{
+    harden_process();
+}
+
+std::optional<unsigned> dpi_under_mouse()
+{
+    POINT mouse{};
+    GetCursorPos(&mouse);
+    UINT horizontal = 0;
+    UINT vertical = 0;
+    const HMONITOR monitor = MonitorFromPoint(mouse, MONITOR_DEFAULTTONEAREST);
+    if (FAILED(GetDpiForMonitor(monitor, MDT_EFFECTIVE_DPI, &horizontal, &vertical))) return std::nullopt;
+    return horizontal;
+}
+
+void open_main_window(HINSTANCE instance, int show)
+{
+    const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_STANDARD_CLASSES};
+    InitCommonControlsEx(&controls);
+    register_main_window_class(instance);
+    app_state().dpi = start_dpi(dpi_under_mouse());
+    const HWND window = create_main_window(instance);
+    ShowWindow(window, show);
+    UpdateWindow(window);
+    start_update_check(window);
+}
+
+bool is_taken(HWND window, MSG& message)
+{
+    return window != nullptr && take_as_in_a_dialog(window, message);
+}
+
+int answer_messages()
+{
+    MSG message{};
+    while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+        const AppState& state = app_state();
+        if (is_taken(state.settings_window, message) || is_taken(state.main_window, message)) continue;
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+    return static_cast<int>(message.wParam);
+}
+
+}  // namespace
+
+int WINAPI WinMain(HINSTANCE instance, HINSTANCE, PSTR, int show)
+{
+    keep_heap_out_of_crash_reports();
+    if (!is_on_a_windows_new_enough()) return 0;
+    enter_executable_folder();
+    std::optional<StartTurn> turn(std::in_place);
+    if (bring_running_copy_forward()) return 0;
+
+    SetProcessDpiAwarenessContext(DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2);
+    const ComApartment apartment;
+    bind_at_startup(executable_folder(), "Brasslet");
+    read_settings();
+    const CurlLifetime curl;
+    open_main_window(instance, show);
+    turn.reset();
+    const int exit_code = answer_messages();
+
+    // A worker may be in the middle of a request or of a wallet query: nothing that it uses is taken down under it. Nor
+    // are the DLLs told of the end, as ExitProcess would: one that waits for a lock which the worker held when it was
+    // stopped would keep the process from ever ending.
+    if (worker_is_running()) TerminateProcess(GetCurrentProcess(), static_cast<UINT>(exit_code));
+    return exit_code;
+}

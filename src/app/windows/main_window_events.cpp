@@ -1,0 +1,249 @@
+#include "app/windows/main_window_events.h"
+
+#include "app/windows/app_state.h"
+#include "app/windows/busy_guard.h"
+#include "app/windows/connection.h"
+#include "app/windows/controls.h"
+#include "app/windows/messages.h"
+#include "app/windows/open_settings.h"
+#include "app/windows/posted_text.h"
+#include "app/windows/update_notice.h"
+#include "app/windows/wallet_card.h"
+#include "app/windows/window_icons.h"
+#include "app/windows/window_painting.h"
+#include "flows/install.h"
+#include "flows/publish.h"
+#include "flows/remove.h"
+#include "plugin/package.h"
+#include "ui/windows/drawn_button.h"
+#include "ui/windows/frame.h"
+#include "ui/windows/keyboard.h"
+#include "ui/windows/users_palette.h"
+
+#include <utility>
+
+namespace {
+
+// Those of the user's Windows settings, as they are now.
+void take_colours(HWND window)
+{
+    refresh_users_palette();
+    app_state().card_brush = solid_brush(users_palette().card);
+    app_state().edit_brush = solid_brush(users_palette().field);
+    apply_frame_colours(window);
+}
+
+void on_create(HWND window)
+{
+    AppState& state = app_state();
+    state.main_window = window;
+    state.dpi = start_dpi(GetDpiForWindow(window));
+    show_icons(window, state.dpi, state.icons);
+    state.fonts = make_fonts(state.dpi);
+    take_colours(window);
+    create_controls(window);
+    refresh_version_label();
+    fill_name_field();
+    refresh_wallet_card();
+    refresh_name_preview();
+    tell_of_read_settings();
+    keep_focus(window);
+}
+
+void lay_out(HWND window)
+{
+    AppState& state = app_state();
+    RECT client{};
+    GetClientRect(window, &client);
+    state.layout = main_layout(client.right, state.dpi);
+    place_controls();
+    // The controls too, wherever they stand: what shows behind them goes with the height of the window. Nothing is
+    // erased, since all of them paint everything that they cover. Only the field has a frame to be painted, and a
+    // background that it leaves to be erased.
+    RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+    RedrawWindow(GetDlgItem(window, kNameField), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME);
+}
+
+void on_new_colours(HWND window)
+{
+    take_colours(window);
+    RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
+}
+
+void on_size(HWND window, WPARAM how)
+{
+    if (how != SIZE_MINIMIZED) lay_out(window);
+}
+
+void on_dpi_changed(HWND window, unsigned dpi, const RECT& suggested)
+{
+    AppState& state = app_state();
+    state.dpi = dpi;
+    show_icons(window, dpi, state.icons);
+    // The controls still hold the old fonts: these die only after the new ones have been handed out.
+    Fonts old = std::exchange(state.fonts, make_fonts(dpi));
+    reassign_control_fonts();
+    if (!state.fonts_at_creation.body) state.fonts_at_creation = std::move(old);
+
+    SetWindowPos(window, nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
+                 suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    lay_out(window);
+}
+
+void draw_button(const DRAWITEMSTRUCT& item)
+{
+    const Picture picture = item.CtlID == kSettingsButton ? Picture::gear : Picture::none;
+    paint_drawn_button(item, {app_state().dpi, app_state().fonts.body.get(), picture});
+}
+
+void limit_size(MINMAXINFO& limits)
+{
+    const Size smallest = smallest_window_size(app_state().dpi);
+    limits.ptMinTrackSize = {smallest.width, smallest.height};
+}
+
+// Explorer and the browser are opened by the window's own thread.
+Flow install_flow(HWND window)
+{
+    return [window](const SiteSettings& settings) {
+        return install_sentence(settings, [window] { return PostMessageW(window, MsgShowPackage, 0, 0) != 0; });
+    };
+}
+
+void on_command(HWND window, int id, int notification)
+{
+    if (id == kNameField && notification == EN_CHANGE) refresh_name_preview();
+    // Behind a question nothing is pressed. From mouse and keys Windows keeps it; a screen reader's press comes all
+    // the same.
+    if (!IsWindowEnabled(window)) return;
+    switch (id) {
+    case kVersionLabel:
+        if (notification == STN_CLICKED) open_update_page();
+        break;
+    case kConnectButton:
+        on_connect_pressed();
+        break;
+    case kUnbindButton:
+        on_unbind_pressed();
+        break;
+    case kSettingsButton:
+        open_settings();
+        break;
+    case kInstallButton:
+        start_guarded_flow(id, install_flow(window));
+        break;
+    case kPublishButton:
+        start_guarded_flow(id, publish_sentence);
+        break;
+    case kRemoveButton:
+        start_guarded_flow(id, remove_sentence);
+        break;
+    case kCloseButton:
+        DestroyWindow(window);
+        break;
+    default:
+        break;
+    }
+}
+
+void on_notify(NMHDR& notification)
+{
+    if (notification.hwndFrom == app_state().tips && notification.code == TTN_GETDISPINFOW)
+        answer_tip(reinterpret_cast<NMTTDISPINFOW&>(notification));
+}
+
+void on_flow_result(const std::wstring& sentence)
+{
+    clear_busy();
+    refresh_wallet_card();
+    refresh_name_preview();
+    set_status(sentence);
+}
+
+// The session ends: what closing both windows would keep is kept now. The process is ended as it stands, and no window
+// is destroyed before.
+void on_session_end()
+{
+    keep_settings(take_open_settings());
+}
+
+// A result that was posted just before the end finds nobody any more.
+void discard_late_results(HWND window)
+{
+    MSG late{};
+    while (PeekMessageW(&late, window, MsgFlowResult, MsgFlowResult, PM_REMOVE))
+        take_text<std::wstring>(late.lParam);
+    while (PeekMessageW(&late, window, MsgConnectResult, MsgConnectResult, PM_REMOVE))
+        take_text<std::string>(late.lParam);
+}
+
+void on_destroy(HWND window)
+{
+    keep_settings();
+    if (app_state().settings_window != nullptr) DestroyWindow(app_state().settings_window);
+    discard_late_results(window);  // before there is a quit message, which passes every filter
+    PostQuitMessage(0);
+}
+
+}  // namespace
+
+LRESULT CALLBACK main_window_procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam)
+{
+    if (tells_of_new_colours(message)) on_new_colours(window);
+    switch (message) {
+    case WM_CREATE:
+        on_create(window);
+        return 0;
+    case WM_SIZE:
+        on_size(window, wparam);
+        return 0;
+    case WM_DPICHANGED:
+        on_dpi_changed(window, HIWORD(wparam), *reinterpret_cast<const RECT*>(lparam));
+        return 0;
+    case WM_GETMINMAXINFO:
+        limit_size(*reinterpret_cast<MINMAXINFO*>(lparam));
+        return 0;
+    case WM_ERASEBKGND:
+        return 1;
+    case WM_PAINT:
+        paint_main_window(window);
+        return 0;
+    case WM_DRAWITEM:
+        draw_button(*reinterpret_cast<const DRAWITEMSTRUCT*>(lparam));
+        return 1;
+    case WM_CTLCOLORSTATIC:
+        return reinterpret_cast<LRESULT>(colour_static(reinterpret_cast<HDC>(wparam), reinterpret_cast<HWND>(lparam)));
+    case WM_CTLCOLOREDIT:
+        return reinterpret_cast<LRESULT>(colour_field(reinterpret_cast<HDC>(wparam)));
+    case WM_COMMAND:
+        on_command(window, LOWORD(wparam), HIWORD(wparam));
+        return 0;
+    case WM_NOTIFY:
+        on_notify(*reinterpret_cast<NMHDR*>(lparam));
+        return 0;
+    // A text that no worker has posted is somebody else's: nothing has come to its end.
+    case MsgConnectResult:
+        if (const auto result = take_text<std::string>(lparam)) on_connect_result(*result);
+        return 0;
+    case MsgFlowResult:
+        if (const auto sentence = take_text<std::wstring>(lparam)) on_flow_result(*sentence);
+        return 0;
+    case MsgUpdateResult:
+        take_found_build(static_cast<std::int32_t>(wparam - 1));
+        return 0;
+    case MsgShowPackage:
+        show_plugin_upload(app_state().settings.site, window);
+        return 0;
+    case WM_QUERYENDSESSION:
+        return TRUE;
+    case WM_ENDSESSION:
+        if (wparam != FALSE) on_session_end();
+        return 0;
+    case WM_DESTROY:
+        on_destroy(window);
+        return 0;
+    default:
+        break;
+    }
+    return DefWindowProcW(window, message, wparam, lparam);
+}

@@ -1,0 +1,64 @@
+// The package on a disk that refuses, and how it is shown.
+#include "plugin/package.h"
+
+#include "kit/stand_in/stand_in.h"
+#include "kit/test_folder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr char kZip[] = "payname/brasslet.zip";
+
+void expect_old_zip_stays(const FileFaults& faults)
+{
+    const TestFolder folder;
+    folder.write(kZip, "the old zip");
+    stand_in().files = faults;
+    EXPECT_FALSE(write_plugin_zip(plugin_zip_path(), "the new plugin"));
+    stand_in().files = {};
+    EXPECT_EQ(folder.read(kZip), "the old zip");
+    EXPECT_FALSE(folder.has("payname/brasslet.zip.tmp"));
+}
+
+}  // namespace
+
+TEST(PackageFaults, AFullDiskLeavesTheOldZip)
+{
+    FileFaults faults;
+    faults.largest_file = 100;
+    expect_old_zip_stays(faults);
+}
+
+TEST(PackageFaults, AFolderThatCannotBeWrittenLeavesTheOldZip)
+{
+    FileFaults faults;
+    faults.writes_fail = true;
+    expect_old_zip_stays(faults);
+}
+
+TEST(PackageFaults, AZipThatCannotBeReplacedStays)
+{
+    FileFaults faults;
+    faults.replaces_fail = true;
+    expect_old_zip_stays(faults);
+}
+
+TEST(ShowingThePackage, SelectsTheZipAndOpensTheUploadPage)
+{
+    const TestFolder folder;
+    show_plugin_upload(" Brasslet.TEST/blog/ ", nullptr);
+    EXPECT_THAT(stand_in().shown_files, testing::ElementsAre(folder.data() + "/payname/brasslet.zip"));
+    EXPECT_THAT(stand_in().pages,
+                testing::ElementsAre("https://brasslet.test/blog/wp-admin/plugin-install.php?tab=upload"));
+}
+
+TEST(ShowingThePackage, OpensNoPageForAnAddressThatCannotBeUsed)
+{
+    const TestFolder folder;
+    for (const char* site : {"", "http://brasslet.test", "https://brasslet.test:8443"})
+        show_plugin_upload(site, nullptr);
+    EXPECT_EQ(stand_in().shown_files.size(), 3U);
+    EXPECT_THAT(stand_in().pages, testing::IsEmpty());
+}
