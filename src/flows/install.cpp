@@ -2,8 +2,8 @@
 
 #include "platform/resource.h"
 #include "plugin/package.h"
-#include "site/plugin_status.h"
 #include "site/site_address.h"
+#include "site/site_reply.h"
 
 namespace {
 

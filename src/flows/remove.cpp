@@ -1,12 +1,11 @@
 #include "flows/remove.h"
 
-#include "flows/change_refusal.h"
 #include "paymail/payname_registry.h"
 #include "paymail/payname_rules.h"
 #include "platform/text_conversion.h"
 #include "platform/wallet_app.h"
-#include "site/plugin_status.h"
 #include "site/site_address.h"
+#include "site/site_reply.h"
 #include "site/site_request.h"
 #include "text/json.h"
 

@@ -1,11 +1,23 @@
 #include "net/http_exchange.h"
 
-#include "net/curl_options.h"
 #include "net/curl_owners.h"
-#include "net/host_pin.h"
 #include "net/url_host.h"
+#include "platform/wiping_heap.h"
+
+#include <curl/curl.h>
 
 #include <exception>
+
+CurlLifetime::CurlLifetime()
+    : m_is_started(curl_global_init_mem(CURL_GLOBAL_DEFAULT, wiping_malloc, wiping_free, wiping_realloc, wiping_strdup,
+                                        wiping_calloc) == CURLE_OK)
+{
+}
+
+CurlLifetime::~CurlLifetime()
+{
+    if (m_is_started) curl_global_cleanup();
+}
 
 namespace {
 

@@ -1,4 +1,6 @@
-#include "net/redirects.h"
+// The redirects of http_exchange.h. Not in http_exchange.cpp: the fuzz targets replace exchange() when they are linked,
+// and test this code with it.
+#include "net/http_exchange.h"
 
 #include <curl/curl.h>
 

@@ -1,6 +1,6 @@
 #include "paymail/payment_destination.h"
 
-#include "text/hex.h"
+#include "text/ascii.h"
 #include "text/json.h"
 #include "wallet/address.h"
 

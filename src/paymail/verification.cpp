@@ -2,12 +2,10 @@
 
 #include "build_values.h"
 #include "net/chain_service.h"
-#include "paymail/capability.h"
 #include "paymail/discovery.h"
 #include "paymail/payment_destination.h"
 #include "paymail/payname_registry.h"
 #include "paymail/payname_rules.h"
-#include "paymail/srv_host.h"
 #include "text/ascii.h"
 #include "text/clock.h"
 #include "text/json.h"

@@ -2,7 +2,6 @@
 
 #include "platform/files.h"
 #include "text/clock.h"
-#include "text/exact_json.h"
 #include "text/json.h"
 #include "wallet_bridge/data_directory.h"
 

@@ -1,8 +1,8 @@
 #include "site/site_request.h"
 
-#include "net/redirects.h"
+#include "net/http_exchange.h"
 #include "net/url_host.h"
-#include "text/base64.h"
+#include "text/ascii.h"
 
 #include <chrono>
 

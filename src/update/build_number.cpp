@@ -1,5 +1,6 @@
 #include "update/build_number.h"
 
+#include "build_values.h"
 #include "text/ascii.h"
 
 #include <algorithm>
@@ -81,4 +82,10 @@ std::string version_of_build(std::int32_t build)
     const std::int32_t whole = build / kThousand;
     static_cast<void>(std::snprintf(text, sizeof text, "%d.%03d", whole, build - whole * kThousand));
     return text;
+}
+
+std::string version_text(bool update_is_available)
+{
+    if (update_is_available) return std::string("Update available, ") + kMakersPage;
+    return "Version " + version_of_build(kOwnBuild);
 }

@@ -5,7 +5,7 @@
 #include "bench/pairs.h"
 #include "bench/require.h"
 #include "net/chain_service.h"
-#include "net/curl_lifetime.h"
+#include "net/http_exchange.h"
 #include "paymail/discovery.h"
 #include "site/site_request.h"
 #include "text/clock.h"

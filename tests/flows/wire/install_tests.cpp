@@ -4,7 +4,7 @@
 #include "kit/test_folder.h"
 #include "kit/wire/net_test.h"
 #include "kit/wire/owned_site.h"
-#include "plugin/zip_file.h"
+#include "plugin/package.h"
 
 namespace {
 

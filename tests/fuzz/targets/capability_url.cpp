@@ -2,7 +2,7 @@
 // URL is https on exactly the host that was asked, as libcurl reads the URL too.
 //
 // Three lines: alias, domain and the template of a discovery document.
-#include "paymail/capability.h"
+#include "paymail/discovery.h"
 
 #include "fuzz/libcurl_host.h"
 #include "fuzz/target.h"

@@ -5,7 +5,6 @@
 
 #include "fuzz/target.h"
 #include "text/ascii.h"
-#include "text/hex.h"
 #include "text/json.h"
 #include "wallet/address.h"
 

@@ -1,10 +1,9 @@
 // Property: 401 and 403 always give a sentence, every other status none; the first code of WordPress' that the body
 // holds decides whatever else it says, and without one the message of a JSON object is given as it can be shown.
-#include "site/site_refusal.h"
+#include "site/site_reply.h"
 
 #include "fuzz/target.h"
 #include "platform/text_conversion.h"
-#include "site/shown_text.h"
 #include "text/json.h"
 
 namespace {

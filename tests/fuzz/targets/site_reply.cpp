@@ -1,12 +1,10 @@
 // Property: a reply to a publish is either a success or gives exactly one sentence, and what a success says reads the
 // same when it is written anew with nothing but its host and its names. Whatever the site says has room in the status
 // line and turns nothing there.
-#include "flows/publish_reply.h"
+#include "site/site_reply.h"
+#include "flows/publish.h"
 #include "fuzz/target.h"
 #include "platform/text_conversion.h"
-#include "site/plugin_status.h"
-#include "site/shown_text.h"
-#include "site/site_refusal.h"
 #include "text/ascii.h"
 #include "text/json.h"
 

@@ -3,7 +3,7 @@
 #include "kit/test_folder.h"
 #include "platform/files.h"
 #include "settings/settings_store.h"
-#include "settings/typed_settings.h"
+#include "settings/site_settings.h"
 
 #include <gtest/gtest.h>
 

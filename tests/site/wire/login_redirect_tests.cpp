@@ -1,7 +1,7 @@
 // Where a request with a login goes when the site redirects it: to the same site whole, and to nobody else at all.
 #include "kit/wire/net_test.h"
 #include "kit/wire/untouched.h"
-#include "site/site_refusal.h"
+#include "site/site_reply.h"
 #include "site/site_request.h"
 
 #include <clocale>
