@@ -2,7 +2,6 @@
 
 #include "paymail/payname_rules.h"
 #include "paymail/verification.h"
-#include "platform/text_conversion.h"
 #include "platform/wallet_app.h"
 #include "site/site_address.h"
 #include "site/site_reply.h"
@@ -33,13 +32,13 @@ std::string other_paymails(const HttpReply& reply, const std::string& alias, con
 
 }  // namespace
 
-std::wstring publish_refusal(const HttpReply& reply)
+std::string publish_refusal(const HttpReply& reply)
 {
-    std::wstring refusal = change_refusal(reply);
+    std::string refusal = change_refusal(reply);
     if (!refusal.empty() || reply.is_success()) return refusal;
-    std::wstring message = shown_text(reply_message(reply.body));
+    std::string message = shown_text(reply_message(reply.body));
     if (!message.empty()) return message;
-    return reply.error.empty() ? L"The site did not take the name." : widen(reply.error);
+    return reply.error.empty() ? "The site did not take the name." : reply.error;
 }
 
 std::string published_host(const HttpReply& reply, const std::string& typed_host)
@@ -48,14 +47,14 @@ std::string published_host(const HttpReply& reply, const std::string& typed_host
     return payname_host(host.empty() ? typed_host : host);
 }
 
-std::wstring kept_sentence(const Verification& verification, const std::string& alias, const std::string& host,
-                           const HttpReply& reply)
+std::string kept_sentence(const Verification& verification, const std::string& alias, const std::string& host,
+                          const HttpReply& reply)
 {
     if (!verification.is_kept)
-        return verification.message.empty() ? L"Vaultry did not keep the name." : widen(verification.message);
-    const std::wstring kept = L"Vaultry kept " + widen(alias + "@" + host) + L".";
-    const std::wstring others = shown_text(other_paymails(reply, alias, host));
-    return others.empty() ? kept : kept + L" Still on the site: " + others + L".";
+        return verification.message.empty() ? "Vaultry did not keep the name." : verification.message;
+    const std::string kept = "Vaultry kept " + alias + "@" + host + ".";
+    const std::string others = shown_text(other_paymails(reply, alias, host));
+    return others.empty() ? kept : kept + " Still on the site: " + others + ".";
 }
 
 namespace {
@@ -80,23 +79,22 @@ HttpReply post_name(const SiteAddress& site, const SiteSettings& settings, const
 
 }  // namespace
 
-std::wstring publish_sentence(const SiteSettings& settings)
+std::string publish_sentence(const SiteSettings& settings)
 {
-    if (!wallet_ready()) return L"Connect a Vaultry wallet first.";
-    if (!is_valid_alias(settings.alias)) return L"Type the name. Letters, numbers, and . _ + -";
+    if (!wallet_ready()) return "Connect a Vaultry wallet first.";
+    if (!is_valid_alias(settings.alias)) return "Type the name. Letters, numbers, and . _ + -";
     std::string typed_site = settings.site;
     const SiteAddress site = normalise_site(typed_site);
-    if (!site.ok || site.host.find('.') == std::string::npos) return L"Add the site in settings. It needs https.";
+    if (!site.ok || site.host.find('.') == std::string::npos) return "Add the site in settings. It needs https.";
     if (settings.user.empty() || !settings.pass.opens())
-        return L"Add the WordPress user and application password in settings.";
+        return "Add the WordPress user and application password in settings.";
 
     const PublicIdentity wallet = public_identity();
-    if (wallet.public_key.size() != 66 || wallet.address.size() < 26)
-        return L"This Vaultry has no payment address yet.";
+    if (wallet.public_key.size() != 66 || wallet.address.size() < 26) return "This Vaultry has no payment address yet.";
 
     if (plugin_on_site(site.base).plugin != SitePlugin::current) return kInstallCurrentPlugin;
     const HttpReply reply = post_name(site, settings, wallet);
-    std::wstring refusal = publish_refusal(reply);
+    std::string refusal = publish_refusal(reply);
     if (!refusal.empty()) return refusal;
 
     const std::string host = published_host(reply, site.host);

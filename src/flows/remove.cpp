@@ -2,7 +2,6 @@
 
 #include "paymail/payname_registry.h"
 #include "paymail/payname_rules.h"
-#include "platform/text_conversion.h"
 #include "platform/wallet_app.h"
 #include "site/site_address.h"
 #include "site/site_reply.h"
@@ -27,11 +26,11 @@ HttpReply delete_name(const SiteAddress& site, const SiteSettings& settings)
 
 // The sentence for an answer that is no success; empty when the site has dropped the name. What else the site says of
 // its failure is not shown: all that matters is that the name is still there.
-std::wstring remove_refusal(const HttpReply& reply)
+std::string remove_refusal(const HttpReply& reply)
 {
-    std::wstring refusal = change_refusal(reply);
+    std::string refusal = change_refusal(reply);
     if (!refusal.empty() || reply.is_success()) return refusal;
-    return L"The site kept the name.";
+    return "The site kept the name.";
 }
 
 // Publishing keeps a name at the host that the site calls its own, which may be another than the typed one: with
@@ -45,20 +44,20 @@ void forget(const std::string& alias, const std::string& typed_host, const std::
 
 }  // namespace
 
-std::wstring remove_sentence(const SiteSettings& settings)
+std::string remove_sentence(const SiteSettings& settings)
 {
-    if (!is_valid_alias(settings.alias)) return L"Type the name to remove.";
+    if (!is_valid_alias(settings.alias)) return "Type the name to remove.";
     std::string typed_site = settings.site;
     const SiteAddress site = normalise_site(typed_site);
-    if (!site.ok || settings.user.empty() || !settings.pass.opens()) return L"Add the site login in settings.";
+    if (!site.ok || settings.user.empty() || !settings.pass.opens()) return "Add the site login in settings.";
 
     const PluginStatus status = plugin_on_site(site.base);
     if (status.plugin != SitePlugin::current) return kInstallCurrentPlugin;
     const HttpReply reply = delete_name(site, settings);
-    std::wstring refusal = remove_refusal(reply);
+    std::string refusal = remove_refusal(reply);
     if (!refusal.empty()) return refusal;
 
     forget(settings.alias, site.host, status.host);
     notify_wallet_app();
-    return L"Removed " + widen(settings.alias + "@" + site.host) + L".";
+    return "Removed " + settings.alias + "@" + site.host + ".";
 }

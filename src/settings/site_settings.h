@@ -17,7 +17,7 @@ enum class SettingsNotice {
 };
 
 // The sentence for the status line; empty for `none`.
-std::wstring notice_sentence(SettingsNotice notice);
+std::string notice_sentence(SettingsNotice notice);
 
 // The WordPress application password, in memory as in the settings file: Base64 of the bytes from CryptProtectData. It
 // is in clear only while somebody holds the result of in_clear(). So a crash dump has nothing that opens without the

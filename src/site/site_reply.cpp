@@ -72,7 +72,7 @@ bool is_first_of_pair(wchar_t c)
 
 }  // namespace
 
-std::wstring shown_text(std::string_view text)
+std::string shown_text(std::string_view text)
 {
     std::wstring shown;
     bool is_apart = false;  // a blank comes before the next character
@@ -85,27 +85,27 @@ std::wstring shown_text(std::string_view text)
             shown += c;
         }
     }
-    if (shown.size() <= kLongestShown) return shown;
+    if (shown.size() <= kLongestShown) return narrow(shown);
     shown.resize(kLongestShown - 1);
     if (is_first_of_pair(shown.back())) shown.pop_back();
-    return shown + kEllipsis;
+    return narrow(shown + kEllipsis);
 }
 
 namespace {
 
 struct Refusal {
     const char* code;  // WordPress error code, looked for anywhere in the body
-    const wchar_t* sentence;
+    const char* sentence;
 };
 
-constexpr wchar_t kWrongPassword[] = L"WordPress refused that application password.";
+constexpr char kWrongPassword[] = "WordPress refused that application password.";
 
 // A site that never saw the login runs a plugin that cannot read the second header: uploading the new one helps.
-constexpr wchar_t kLoginHidden[] = L"The site hid the login. Press Install plugin and upload the zip over the old one.";
+constexpr char kLoginHidden[] = "The site hid the login. Press Install plugin and upload the zip over the old one.";
 
 constexpr Refusal kRefusals[] = {
     {"incorrect_password", kWrongPassword},
-    {"invalid_username", L"WordPress does not know that user. Use the username from the profile page."},
+    {"invalid_username", "WordPress does not know that user. Use the username from the profile page."},
     {"rest_not_logged_in", kLoginHidden},
     {"rest_forbidden", kLoginHidden},
 };
@@ -117,29 +117,29 @@ std::string reply_message(const std::string& body)
     return text_member(parse_json(body), "message");
 }
 
-std::wstring sent_on_message(const HttpReply& reply)
+std::string sent_on_message(const HttpReply& reply)
 {
     if (reply.redirect_url.empty()) return {};
-    const std::wstring sent_on = L"The site sends on to " + shown_text(ascii_host(url_host(reply.redirect_url)));
+    const std::string sent_on = "The site sends on to " + shown_text(ascii_host(url_host(reply.redirect_url)));
     if (!is_same_site(reply.redirect_url, reply.redirect_url))
-        return sent_on + L", away from https on port 443. Ask your host to keep it there.";
-    return sent_on + L". Type that site in settings.";
+        return sent_on + ", away from https on port 443. Ask your host to keep it there.";
+    return sent_on + ". Type that site in settings.";
 }
 
-std::wstring refusal_message(const HttpReply& reply)
+std::string refusal_message(const HttpReply& reply)
 {
     if (reply.status != 401 && reply.status != 403) return {};
     for (const Refusal& refusal : kRefusals)
         if (reply.body.find(refusal.code) != std::string::npos) return refusal.sentence;
-    const std::wstring message = shown_text(reply_message(reply.body));
+    const std::string message = shown_text(reply_message(reply.body));
     return message.empty() ? kWrongPassword : message;
 }
 
-std::wstring change_refusal(const HttpReply& reply)
+std::string change_refusal(const HttpReply& reply)
 {
-    std::wstring sent_on = sent_on_message(reply);
+    std::string sent_on = sent_on_message(reply);
     if (!sent_on.empty()) return sent_on;
-    std::wstring refusal = refusal_message(reply);
+    std::string refusal = refusal_message(reply);
     if (!refusal.empty()) return refusal;
-    return reply.status == 404 ? L"Install the plugin first." : L"";
+    return reply.status == 404 ? "Install the plugin first." : "";
 }

@@ -28,22 +28,22 @@ PluginStatus plugin_in(const HttpReply& status_reply);
 // at the window's smallest size.
 inline constexpr std::size_t kLongestShown = 160;
 
-// `text` (UTF-8) as one line for the status line: without control and format characters (invisible ones, and those that
+// `text` as one line for the status line: without control and format characters (invisible ones, and those that
 // change the direction of the text around them), with runs of white space as one blank and none at the ends. A text
 // longer than kLongestShown is cut and ends in an ellipsis (U+2026).
-std::wstring shown_text(std::string_view text);
+std::string shown_text(std::string_view text);
 
-// The "message" of a WordPress error, UTF-8; empty when the body is not a JSON object with one.
+// The "message" of a WordPress error; empty when the body is not a JSON object with one.
 std::string reply_message(const std::string& body);
 
 // The sentence for a redirect that a request with a login did not follow; empty for every other reply.
-std::wstring sent_on_message(const HttpReply& reply);
+std::string sent_on_message(const HttpReply& reply);
 
 // The sentence for a request that was refused (401 or 403); empty for every other status.
-std::wstring refusal_message(const HttpReply& reply);
+std::string refusal_message(const HttpReply& reply);
 
 // The sentence for a publish or remove that was redirected, refused, or answered by a site without the plugin (404);
 // empty for every other reply.
-std::wstring change_refusal(const HttpReply& reply);
+std::string change_refusal(const HttpReply& reply);
 
-inline constexpr wchar_t kInstallCurrentPlugin[] = L"Press Install plugin and upload the zip over the one on the site.";
+inline constexpr char kInstallCurrentPlugin[] = "Press Install plugin and upload the zip over the one on the site.";

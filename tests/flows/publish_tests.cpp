@@ -1,5 +1,7 @@
 #include "flows/publish.h"
 
+#include "platform/text_conversion.h"
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -13,7 +15,7 @@ HttpReply reply(std::int32_t status, const std::string& body, const std::string&
     return made;
 }
 
-std::wstring kept(const std::string& body)
+std::string kept(const std::string& body)
 {
     return kept_sentence({true, ""}, "alice", "example.org", reply(200, body));
 }
@@ -22,43 +24,43 @@ std::wstring kept(const std::string& body)
 
 TEST(PublishRefusal, IsEmptyWhenTheSiteTookTheName)
 {
-    EXPECT_EQ(publish_refusal(reply(200, "{}")), L"");
-    EXPECT_EQ(publish_refusal(reply(299, "<html>")), L"");
+    EXPECT_EQ(publish_refusal(reply(200, "{}")), "");
+    EXPECT_EQ(publish_refusal(reply(299, "<html>")), "");
 }
 
 TEST(PublishRefusal, SaysWhatWordPressRefused)
 {
-    EXPECT_EQ(publish_refusal(reply(401, "incorrect_password")), L"WordPress refused that application password.");
-    EXPECT_EQ(publish_refusal(reply(403, R"({"message":"Nope"})")), L"Nope");
+    EXPECT_EQ(publish_refusal(reply(401, "incorrect_password")), "WordPress refused that application password.");
+    EXPECT_EQ(publish_refusal(reply(403, R"({"message":"Nope"})")), "Nope");
 }
 
 TEST(PublishRefusal, AsksForThePluginWhenTheRouteIsMissing)
 {
-    EXPECT_EQ(publish_refusal(reply(404, R"({"message":"No route"})")), L"Install the plugin first.");
+    EXPECT_EQ(publish_refusal(reply(404, R"({"message":"No route"})")), "Install the plugin first.");
 }
 
 TEST(PublishRefusal, KnowsARefusalAndAMissingRouteByTheirStatusThoughTheTransferFailed)
 {
     EXPECT_EQ(publish_refusal(reply(401, "", "The site did not answer.")),
-              L"WordPress refused that application password.");
+              "WordPress refused that application password.");
     EXPECT_EQ(publish_refusal(reply(404, R"({"message":"No")", "The site did not answer.")),
-              L"Install the plugin first.");
+              "Install the plugin first.");
 }
 
 TEST(PublishRefusal, ShowsTheMessageThenTheTransportErrorThenItsOwnSentence)
 {
-    EXPECT_EQ(publish_refusal(reply(500, R"({"message":"Full"})", "The site did not answer.")), L"Full");
-    EXPECT_EQ(publish_refusal(reply(0, "", "The site did not answer.")), L"The site did not answer.");
-    EXPECT_EQ(publish_refusal(reply(0, "", "Could not reach the site.")), L"Could not reach the site.");
-    EXPECT_EQ(publish_refusal(reply(500, "<html>")), L"The site did not take the name.");
+    EXPECT_EQ(publish_refusal(reply(500, R"({"message":"Full"})", "The site did not answer.")), "Full");
+    EXPECT_EQ(publish_refusal(reply(0, "", "The site did not answer.")), "The site did not answer.");
+    EXPECT_EQ(publish_refusal(reply(0, "", "Could not reach the site.")), "Could not reach the site.");
+    EXPECT_EQ(publish_refusal(reply(500, "<html>")), "The site did not take the name.");
     for (const std::int32_t status : {199, 300, 302, 400, 402, 405})
-        EXPECT_EQ(publish_refusal(reply(status, "")), L"The site did not take the name.") << status;
-    EXPECT_EQ(publish_refusal(reply(0, "")), L"The site did not take the name.");
+        EXPECT_EQ(publish_refusal(reply(status, "")), "The site did not take the name.") << status;
+    EXPECT_EQ(publish_refusal(reply(0, "")), "The site did not take the name.");
 }
 
 TEST(PublishRefusal, ACutAnswerOf200IsNoSuccess)
 {
-    EXPECT_EQ(publish_refusal(reply(200, R"({"ok":tr)", "The site did not answer.")), L"The site did not answer.");
+    EXPECT_EQ(publish_refusal(reply(200, R"({"ok":tr)", "The site did not answer.")), "The site did not answer.");
 }
 
 TEST(PublishedHost, IsTheSitesOwnInLowerCase)
@@ -84,11 +86,11 @@ TEST(PublishedHost, IsTheTypedOneWhenTheReplyNamesNone)
 TEST(KeptSentence, NamesThePaymailAndTheOtherNamesOfTheSite)
 {
     EXPECT_EQ(kept(R"({"aliases":["alice","bob"]})"),
-              L"Vaultry kept alice@example.org. Still on the site: bob@example.org.");
+              "Vaultry kept alice@example.org. Still on the site: bob@example.org.");
     EXPECT_EQ(kept(R"({"aliases":["bob","alice","c.d"]})"),
-              L"Vaultry kept alice@example.org. Still on the site: bob@example.org, c.d@example.org.");
+              "Vaultry kept alice@example.org. Still on the site: bob@example.org, c.d@example.org.");
     EXPECT_EQ(kept(R"({"aliases":["alice","Alice"]})"),
-              L"Vaultry kept alice@example.org. Still on the site: Alice@example.org.");
+              "Vaultry kept alice@example.org. Still on the site: Alice@example.org.");
 }
 
 TEST(KeptSentence, ALongListIsCutWhereTheStatusLineEnds)
@@ -96,11 +98,10 @@ TEST(KeptSentence, ALongListIsCutWhereTheStatusLineEnds)
     std::string names = R"({"aliases":["x\u202ey")";
     for (int i = 0; i < 1000; ++i)
         names += ",\"bob\"";
-    const std::wstring sentence = kept(names + "]}");
-    EXPECT_TRUE(
-        sentence.starts_with(L"Vaultry kept alice@example.org. Still on the site: xy@example.org, bob@example"));
-    EXPECT_TRUE(sentence.ends_with(L"\u2026."));
-    EXPECT_EQ(sentence.size(), std::wstring(L"Vaultry kept alice@example.org. Still on the site: .").size() + 160);
+    const std::string sentence = kept(names + "]}");
+    EXPECT_TRUE(sentence.starts_with("Vaultry kept alice@example.org. Still on the site: xy@example.org, bob@example"));
+    EXPECT_TRUE(sentence.ends_with("\u2026."));
+    EXPECT_EQ(widen(sentence).size(), std::string("Vaultry kept alice@example.org. Still on the site: .").size() + 160);
 }
 
 TEST(KeptSentence, AddsNoListWithoutOtherNames)
@@ -108,19 +109,19 @@ TEST(KeptSentence, AddsNoListWithoutOtherNames)
     for (const char* body :
          {R"({"aliases":["alice"]})", R"({"aliases":[]})", R"({"aliases":"bob"})", R"({"aliases":{"a":"bob"}})",
           R"({"aliases":[7,null,["bob"],{"x":"bob"},true]})", "{}", "<html>", "", R"(["bob"])"})
-        EXPECT_EQ(kept(body), L"Vaultry kept alice@example.org.") << body;
+        EXPECT_EQ(kept(body), "Vaultry kept alice@example.org.") << body;
 }
 
 TEST(KeptSentence, SkipsElementsThatAreNoText)
 {
     EXPECT_EQ(kept(R"({"aliases":[7,"bob",null]})"),
-              L"Vaultry kept alice@example.org. Still on the site: bob@example.org.");
+              "Vaultry kept alice@example.org. Still on the site: bob@example.org.");
 }
 
 TEST(KeptSentence, IsTheVerifiersWhenTheNameWasNotKept)
 {
     const HttpReply taken = reply(200, R"({"aliases":["bob"]})");
     EXPECT_EQ(kept_sentence({false, "The site did not publish the key."}, "alice", "example.org", taken),
-              L"The site did not publish the key.");
-    EXPECT_EQ(kept_sentence({false, ""}, "alice", "example.org", taken), L"Vaultry did not keep the name.");
+              "The site did not publish the key.");
+    EXPECT_EQ(kept_sentence({false, ""}, "alice", "example.org", taken), "Vaultry did not keep the name.");
 }

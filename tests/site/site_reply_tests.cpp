@@ -68,31 +68,31 @@ TEST(PluginStatus, HasNoHostWhereTheReplyNamesNone)
 
 TEST(ShownText, IsTheTextAsItStands)
 {
-    EXPECT_EQ(shown_text(""), L"");
-    EXPECT_EQ(shown_text("Nope."), L"Nope.");
-    EXPECT_EQ(shown_text("<b>50 %s</b> & \"more\""), L"<b>50 %s</b> & \"more\"");
-    EXPECT_EQ(shown_text("\xC3\xA4 \xE6\xBC\xA2 \xD7\x90"), L"\u00e4 \u6f22 \u05d0");
+    EXPECT_EQ(shown_text(""), "");
+    EXPECT_EQ(shown_text("Nope."), "Nope.");
+    EXPECT_EQ(shown_text("<b>50 %s</b> & \"more\""), "<b>50 %s</b> & \"more\"");
+    EXPECT_EQ(shown_text("\xC3\xA4 \xE6\xBC\xA2 \xD7\x90"), "\u00e4 \u6f22 \u05d0");
 }
 
 TEST(ShownText, IsOneLineWithSingleBlanks)
 {
-    EXPECT_EQ(shown_text(" \t\r\nOne\r\n\r\ntwo\tthree   four\n"), L"One two three four");
+    EXPECT_EQ(shown_text(" \t\r\nOne\r\n\r\ntwo\tthree   four\n"), "One two three four");
     EXPECT_EQ(shown_text("a\xE2\x80\xA8"
                          "b\xE2\x80\xA9"
                          "c\xC2\xA0"
                          "d\xC2\x85"
                          "e\xE3\x80\x80"
                          "f"),
-              L"a b c d e f");
-    EXPECT_EQ(shown_text(" \n "), L"");
+              "a b c d e f");
+    EXPECT_EQ(shown_text(" \n "), "");
 }
 
 TEST(ShownText, LosesControlCharacters)
 {
     for (const char* control : {"\x01", "\x07", "\b", "\x0e", "\x1b", "\x1f", "\x7f"})
-        EXPECT_EQ(shown_text(std::string("a") + control + "b"), L"ab") << static_cast<int>(*control);
-    EXPECT_EQ(shown_text(std::string("a\0b", 3)), L"ab");
-    EXPECT_EQ(shown_text("a\xC2\x80\xC2\x9B\xC2\x9F\x62"), L"ab");
+        EXPECT_EQ(shown_text(std::string("a") + control + "b"), "ab") << static_cast<int>(*control);
+    EXPECT_EQ(shown_text(std::string("a\0b", 3)), "ab");
+    EXPECT_EQ(shown_text("a\xC2\x80\xC2\x9B\xC2\x9F\x62"), "ab");
 }
 
 TEST(ShownText, LosesWhatTurnsTheDirectionOrIsNotSeen)
@@ -105,7 +105,7 @@ TEST(ShownText, LosesWhatTurnsTheDirectionOrIsNotSeen)
           "\xE2\x80\xAA", "\xE2\x80\xAB", "\xE2\x80\xAC", "\xE2\x80\xAD", "\xE2\x80\xAE",  // 202A to 202E
           "\xE2\x81\xA0", "\xE2\x81\xA6", "\xE2\x81\xA7", "\xE2\x81\xA8", "\xE2\x81\xA9",  // 2060 to 2069
           "\xE2\x81\xAF", "\xEF\xBB\xBF", "\xEF\xBF\xB9", "\xEF\xBF\xBB"})
-        EXPECT_EQ(shown_text(std::string("a") + mark + "b"), L"ab") << mark;
+        EXPECT_EQ(shown_text(std::string("a") + mark + "b"), "ab") << mark;
 }
 
 TEST(ShownText, KeepsTheNeighboursOfWhatItDrops)
@@ -113,7 +113,7 @@ TEST(ShownText, KeepsTheNeighboursOfWhatItDrops)
     for (const wchar_t c : {L' ', L'~', L'\u00a1', L'\u00ac', L'\u00ae', L'\u061b', L'\u061d', L'\u2010', L'\u2027',
                             L'\u2030', L'\u205e', L'\u2070', L'\ufefe', L'\ufffc', L'\ufffd'}) {
         const std::wstring text = std::wstring(L"a") + c + L"b";
-        EXPECT_EQ(shown_text(narrow(text)), text) << static_cast<unsigned>(c);
+        EXPECT_EQ(widen(shown_text(narrow(text))), text) << static_cast<unsigned>(c);
     }
 }
 
@@ -121,14 +121,14 @@ TEST(ShownText, BytesThatAreNoUtf8AreSeenAsSuch)
 {
     EXPECT_EQ(shown_text("a\xFF"
                          "b"),
-              L"a\ufffdb");
+              "a\ufffdb");
 }
 
 TEST(ShownText, IsCutAtWhatTheStatusLineShows)
 {
-    EXPECT_EQ(shown_text(std::string(160, 'a')), std::wstring(160, L'a'));
-    EXPECT_EQ(shown_text(std::string(161, 'a')), std::wstring(159, L'a') + L'\u2026');
-    EXPECT_EQ(shown_text(std::string(1'000'000, ' ') + "b"), L"b");
+    EXPECT_EQ(shown_text(std::string(160, 'a')), std::string(160, 'a'));
+    EXPECT_EQ(shown_text(std::string(161, 'a')), std::string(159, 'a') + "\u2026");
+    EXPECT_EQ(shown_text(std::string(1'000'000, ' ') + "b"), "b");
 }
 
 TEST(ShownText, ACutLeavesNoHalfOfACharacter)
@@ -136,12 +136,12 @@ TEST(ShownText, ACutLeavesNoHalfOfACharacter)
     std::string smiles;
     for (int i = 0; i < 200; ++i)
         smiles += "\xF0\x9F\x98\x80";
-    const std::wstring shown = shown_text("a" + smiles);
+    const std::wstring shown = widen(shown_text("a" + smiles));
     EXPECT_LE(shown.size(), 160U);
     EXPECT_EQ(shown.back(), L'\u2026');
     const wchar_t before = shown[shown.size() - 2];
     EXPECT_FALSE(before >= 0xD800 && before <= 0xDBFF);
-    const std::wstring other = shown_text(smiles);
+    const std::wstring other = widen(shown_text(smiles));
     const wchar_t last = other[other.size() - 2];
     EXPECT_FALSE(last >= 0xD800 && last <= 0xDBFF);
 }
@@ -156,8 +156,8 @@ HttpReply reply(std::int32_t status, const std::string& body)
     return made;
 }
 
-constexpr wchar_t kWrongPassword[] = L"WordPress refused that application password.";
-constexpr wchar_t kLoginHidden[] = L"The site hid the login. Press Install plugin and upload the zip over the old one.";
+constexpr char kWrongPassword[] = "WordPress refused that application password.";
+constexpr char kLoginHidden[] = "The site hid the login. Press Install plugin and upload the zip over the old one.";
 
 }  // namespace
 
@@ -185,7 +185,7 @@ TEST(RefusalMessage, KnowsTheCodesOfWordPress)
 {
     EXPECT_EQ(refusal_message(reply(401, R"({"code":"incorrect_password"})")), kWrongPassword);
     EXPECT_EQ(refusal_message(reply(401, R"({"code":"invalid_username"})")),
-              L"WordPress does not know that user. Use the username from the profile page.");
+              "WordPress does not know that user. Use the username from the profile page.");
     EXPECT_EQ(refusal_message(reply(401, R"({"code":"rest_not_logged_in"})")), kLoginHidden);
     EXPECT_EQ(refusal_message(reply(403, R"({"code":"rest_forbidden"})")), kLoginHidden);
     EXPECT_EQ(refusal_message(reply(403, "<html>rest_forbidden</html>")), kLoginHidden);
@@ -195,16 +195,16 @@ TEST(RefusalMessage, TakesTheFirstCodeOfTheTableNotOfTheBody)
 {
     EXPECT_EQ(refusal_message(reply(403, "rest_forbidden incorrect_password")), kWrongPassword);
     EXPECT_EQ(refusal_message(reply(403, "rest_not_logged_in invalid_username")),
-              L"WordPress does not know that user. Use the username from the profile page.");
+              "WordPress does not know that user. Use the username from the profile page.");
     EXPECT_EQ(refusal_message(reply(401, R"({"message":"Nope","code":"invalid_username incorrect_password"})")),
               kWrongPassword);
 }
 
 TEST(RefusalMessage, ShowsTheMessageOfAnUnknownCode)
 {
-    EXPECT_EQ(refusal_message(reply(401, R"({"message":"Nope"})")), L"Nope");
+    EXPECT_EQ(refusal_message(reply(401, R"({"message":"Nope"})")), "Nope");
     EXPECT_EQ(refusal_message(reply(403, "{\"message\":\"Zugang f\xc3\xbcr %s gesperrt\"}")),
-              L"Zugang f\u00fcr %s gesperrt");
+              "Zugang f\u00fcr %s gesperrt");
 }
 
 TEST(RefusalMessage, BlamesThePasswordWhenTheSiteSaysNothing)
@@ -217,5 +217,5 @@ TEST(RefusalMessage, BlamesThePasswordWhenTheSiteSaysNothing)
 TEST(RefusalMessage, IsEmptyForEveryOtherStatus)
 {
     for (const std::int32_t status : {0, 200, 302, 400, 402, 404, 500})
-        EXPECT_EQ(refusal_message(reply(status, R"({"message":"incorrect_password"})")), L"") << status;
+        EXPECT_EQ(refusal_message(reply(status, R"({"message":"incorrect_password"})")), "") << status;
 }

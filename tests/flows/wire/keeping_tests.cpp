@@ -66,10 +66,10 @@ TEST_F(Publishing, ANameThatThisPcCannotKeepIsToldToTheUserAndNotToTheWalletAppl
 {
     wallet.folder.write(kRegistry, kOthers);
     hold_the_registry();
-    EXPECT_EQ(publish_sentence(settings), L"Could not keep the name on this PC.");
+    EXPECT_EQ(publish_sentence(settings), "Could not keep the name on this PC.");
     stand_in().files = {};
     stand_in().files.writes_fail = true;
-    EXPECT_EQ(publish_sentence(settings), L"Could not keep the name on this PC.");
+    EXPECT_EQ(publish_sentence(settings), "Could not keep the name on this PC.");
     EXPECT_EQ(kept_names(), kOthers);
     EXPECT_EQ(stand_in().wallet_app_notices, 0);
 }
