@@ -73,8 +73,10 @@ SecretText publish_body(const SiteSettings& settings, const SecretText& password
 HttpReply post_name(const SiteAddress& site, const SiteSettings& settings, const PublicIdentity& wallet)
 {
     const SecretText password = settings.pass.in_clear();
-    return site_request("POST", site.base + "/wp-json/brasslet/v1/name", publish_body(settings, password, wallet),
-                        settings.user, password);
+    return site_request({"POST",
+                         site.base + "/wp-json/brasslet/v1/name",
+                         publish_body(settings, password, wallet),
+                         {settings.user, password}});
 }
 
 }  // namespace

@@ -8,15 +8,15 @@
 #include <string>
 
 // The sentence for a reply that is not a success; empty when the site took the name.
-std::string publish_refusal(const HttpReply& reply);
+[[nodiscard]] std::string publish_refusal(const HttpReply& reply);
 
 // The reply's "host", or `typed_host` when it has none, in its ASCII form.
 std::string published_host(const HttpReply& reply, const std::string& typed_host);
 
 // The last sentence of a publish: the verifier's message, or that the name is kept and which others the site has.
-std::string kept_sentence(const Verification& verification, const std::string& alias, const std::string& host,
-                          const HttpReply& reply);
+[[nodiscard]] std::string kept_sentence(const Verification& verification, const std::string& alias,
+                                        const std::string& host, const HttpReply& reply);
 
 // Publishes settings.alias for the connected wallet, proves from outside that it resolves, keeps it, tells the wallet
 // application, and returns the one sentence for the user. Blocks for as long as the network takes; worker threads only.
-std::string publish_sentence(const SiteSettings& settings);
+[[nodiscard]] std::string publish_sentence(const SiteSettings& settings);

@@ -20,8 +20,10 @@ SecretText remove_body(const SiteSettings& settings, const SecretText& password)
 HttpReply delete_name(const SiteAddress& site, const SiteSettings& settings)
 {
     const SecretText password = settings.pass.in_clear();
-    return site_request("DELETE", site.base + "/wp-json/brasslet/v1/name", remove_body(settings, password),
-                        settings.user, password);
+    return site_request({"DELETE",
+                         site.base + "/wp-json/brasslet/v1/name",
+                         remove_body(settings, password),
+                         {settings.user, password}});
 }
 
 // The sentence for an answer that is no success; empty when the site has dropped the name. What else the site says of

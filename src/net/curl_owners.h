@@ -18,7 +18,7 @@ using CurlEasy = std::unique_ptr<CURL, CurlEasyCleanup>;
 using CurlList = std::unique_ptr<curl_slist, CurlListFree>;
 
 // Appends a copy of `text`. False, with the list unchanged, when there is no memory for it.
-inline bool append(CurlList& list, const char* text)
+[[nodiscard]] inline bool append(CurlList& list, const char* text)
 {
     curl_slist* longer = curl_slist_append(list.get(), text);
     if (longer == nullptr) return false;
@@ -37,7 +37,7 @@ public:
     {
         if (m_code == CURLE_OK) m_code = curl_easy_setopt(m_handle, option, value);
     }
-    CURLcode code() const { return m_code; }  // CURLE_OK, or why an option was refused
+    [[nodiscard]] CURLcode code() const { return m_code; }  // CURLE_OK, or why an option was refused
 
 private:
     CURL* m_handle;
@@ -48,4 +48,4 @@ private:
 // its "www." form on port 443, over IPv4 only and without a proxy, when `url` contains the host name anywhere, in its
 // path or query too. `pins` owns the list that libcurl uses, and must outlive `handle`; it is empty when nothing is
 // pinned. After any other result than CURLE_OK the request must not be sent.
-CURLcode pin_hosts(CURL* handle, const std::string& url, CurlList& pins);
+[[nodiscard]] CURLcode pin_hosts(CURL* handle, const std::string& url, CurlList& pins);

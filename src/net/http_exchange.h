@@ -20,7 +20,7 @@ public:
     CurlLifetime& operator=(const CurlLifetime&) = delete;
     ~CurlLifetime();
 
-    bool is_started() const { return m_is_started; }
+    [[nodiscard]] bool is_started() const { return m_is_started; }
 
 private:
     bool m_is_started = false;
@@ -55,7 +55,7 @@ inline constexpr char kBrassletAgent[] = "Brasslet/0.001";
 
 // Sends the request and blocks until the exchange ends; any thread, while a CurlLifetime exists. On failure the error
 // is libcurl's text for it (curl_easy_strerror), or kNoCurlHandle, and the body holds what was received so far.
-HttpReply exchange(const HttpRequest& request);
+[[nodiscard]] HttpReply exchange(const HttpRequest& request);
 
 // Describes the request for one URL of a chain of redirects; its `redirects` must be 0.
 using DescribeHop = std::function<HttpRequest(const std::string& url, std::chrono::milliseconds time_left)>;
@@ -68,9 +68,15 @@ inline bool every_redirect(const HttpReply&)
     return true;
 }
 
+struct RedirectRules {
+    int most;                              // redirects; one more is an error
+    std::chrono::milliseconds whole_time;  // for the whole chain
+    FollowsRedirect follows = every_redirect;
+};
+
 // Follows the redirects that start at `url` one request at a time, for requests that depend on the host they go to:
 // libcurl, when it follows a redirect itself, drops the body of a POST after 301 and 302, and sends given headers to
-// every host. Returns the last reply; the redirect itself, with its redirect_url, when `follows` refuses it. The error
-// is libcurl's text after more than `most` redirects or when `whole_time` is over.
-HttpReply exchange_hop_by_hop(const std::string& url, int most, std::chrono::milliseconds whole_time,
-                              const DescribeHop& describe, const FollowsRedirect& follows = every_redirect);
+// every host. Returns the last reply; the redirect itself, with its redirect_url, when the rules refuse it. The error
+// is libcurl's text after too many redirects or when the time is over.
+[[nodiscard]] HttpReply exchange_hop_by_hop(const std::string& url, const RedirectRules& rules,
+                                            const DescribeHop& describe);

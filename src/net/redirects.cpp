@@ -19,13 +19,12 @@ milliseconds time_until(Clock::time_point end)
 
 }  // namespace
 
-HttpReply exchange_hop_by_hop(const std::string& url, int most, std::chrono::milliseconds whole_time,
-                              const DescribeHop& describe, const FollowsRedirect& follows)
+HttpReply exchange_hop_by_hop(const std::string& url, const RedirectRules& rules, const DescribeHop& describe)
 {
-    const Clock::time_point end = Clock::now() + whole_time;
+    const Clock::time_point end = Clock::now() + rules.whole_time;
     HttpReply reply = exchange(describe(url, time_until(end)));
-    for (int redirects = 0; reply.error.empty() && !reply.redirect_url.empty() && follows(reply); ++redirects) {
-        if (redirects == most) {
+    for (int redirects = 0; reply.error.empty() && !reply.redirect_url.empty() && rules.follows(reply); ++redirects) {
+        if (redirects == rules.most) {
             reply.error = curl_easy_strerror(CURLE_TOO_MANY_REDIRECTS);
             return reply;
         }

@@ -51,11 +51,10 @@ HttpRequest discovery_request(const std::string& url, std::chrono::milliseconds 
     return request;
 }
 
-// A redirect that leaves the own machine leaves its exception from the certificate check behind: every hop is described
-// for the host that it goes to.
+// Every redirect gets a request of its own: the exception for localhost must not follow it to another host.
 HttpReply discovery_get(const std::string& url)
 {
-    HttpReply reply = exchange_hop_by_hop(url, kMostRedirects, kWholeTime, discovery_request);
+    HttpReply reply = exchange_hop_by_hop(url, {kMostRedirects, kWholeTime}, discovery_request);
     if (reply.error.empty() && (reply.status < 200 || reply.status > 299))
         reply.error = "HTTP " + std::to_string(reply.status);
     return reply;
@@ -63,8 +62,8 @@ HttpReply discovery_get(const std::string& url)
 
 namespace {
 
-// Looking at the end of what was written so far finds the marks that a replacement made too, in one pass however long
-// the template is. A value without braces can neither be nor complete a mark, so this ends.
+// Looking for the mark at the end of the result also finds one that a replacement completed, in one pass. A value
+// without braces can neither be nor complete a mark, so this ends.
 std::string replaced(std::string_view text, std::string_view mark, std::string_view value)
 {
     std::string result;
@@ -93,9 +92,34 @@ bool url_is_on_host(std::string_view url, std::string_view host)
     return authority.find('@') == std::string_view::npos && authority == host;
 }
 
-std::string capability_url(const nlohmann::json& capabilities, const char* key, const std::string& alias,
-                           const std::string& domain, const std::string& host)
+std::string capability_url(const Discovery& discovery, const char* key, const Payname& payname)
 {
-    std::string url = fill_template(text_member(capabilities, key), alias, domain);
-    return url_is_on_host(url, host) || url_is_on_host(url, domain) ? url : std::string();
+    std::string url = fill_template(text_member(discovery.capabilities, key), payname.alias, payname.domain);
+    return url_is_on_host(url, discovery.host) || url_is_on_host(url, payname.domain) ? url : std::string();
+}
+
+namespace {
+
+HttpReply discovery_document(const std::string& host)
+{
+    return discovery_get("https://" + host + "/.well-known/bsvalias");
+}
+
+}  // namespace
+
+std::optional<Discovery> discover(const std::string& domain)
+{
+    const std::string srv_host = find_srv_host(domain);
+    Discovery discovery{is_valid_host(srv_host) ? srv_host : domain, nlohmann::json::object()};
+    HttpReply reply = discovery_document(discovery.host);
+    if (!reply.error.empty() && discovery.host != domain) {
+        discovery.host = domain;
+        reply = discovery_document(domain);
+    }
+    if (!reply.error.empty()) return std::nullopt;
+    const nlohmann::json document = parse_json(reply.body);
+    if (!document.is_object()) return discovery;
+    if (const auto member = document.find("capabilities"); member != document.end() && member->is_object())
+        discovery.capabilities = *member;
+    return discovery;
 }

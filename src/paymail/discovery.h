@@ -7,6 +7,7 @@
 #include <nlohmann/json.hpp>
 
 #include <chrono>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -18,7 +19,7 @@ std::string find_srv_host(const std::string& domain);
 // GET of a discovery document or of a URL in it. Succeeds for a status of 200 to 299, after at most 30 redirects and
 // within 12 seconds. Otherwise the reply's error is libcurl's text, "HTTP " and the status, or kNoCurlHandle.
 // Certificates are checked unless the host is exactly "localhost" or "127.0.0.1", where the user may run a site.
-HttpReply discovery_get(const std::string& url);
+[[nodiscard]] HttpReply discovery_get(const std::string& url);
 
 // The request of discovery_get for its URL or for one that a redirect led to.
 HttpRequest discovery_request(const std::string& url, std::chrono::milliseconds time_left);
@@ -30,7 +31,21 @@ std::string fill_template(std::string_view url_template, std::string_view alias,
 // True when `url` is https and its authority is exactly `host`: no user, no port, no other case.
 bool url_is_on_host(std::string_view url, std::string_view host);
 
-// The filled-in URL of the capability `key` (bsvalias capability discovery). Empty unless it is on `host`, which
-// answered the discovery, or on the domain itself.
-std::string capability_url(const nlohmann::json& capabilities, const char* key, const std::string& alias,
-                           const std::string& domain, const std::string& host);
+struct Payname {
+    std::string alias;
+    std::string domain;
+};
+
+// What a domain's paymail service offers.
+struct Discovery {
+    std::string host;             // that answered
+    nlohmann::json capabilities;  // an object
+};
+
+// Asks the host of the domain's SRV record, then the domain itself, for the discovery document. Empty when neither
+// answers; without capabilities when the document is malformed.
+[[nodiscard]] std::optional<Discovery> discover(const std::string& domain);
+
+// The filled-in URL of the capability `key` (bsvalias capability discovery). Empty unless it is on the host that
+// answered or on the domain itself.
+std::string capability_url(const Discovery& discovery, const char* key, const Payname& payname);

@@ -9,4 +9,4 @@ struct Verification {
 };
 
 // Blocks for as long as DNS and up to five HTTPS exchanges take; worker threads only.
-Verification verify_and_keep(const std::string& payname);
+[[nodiscard]] Verification verify_and_keep(const std::string& payname);

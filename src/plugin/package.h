@@ -20,7 +20,7 @@ std::string plugin_zip_path();
 
 // Writes the zip file whose only entry is "brasslet/brasslet.php" with the bytes of `plugin`. False when it cannot be
 // written; an older zip of that name then stays as it was.
-bool write_plugin_zip(const std::string& path, std::string_view plugin);
+[[nodiscard]] bool write_plugin_zip(const std::string& path, std::string_view plugin);
 
 // Shows the zip file selected in Explorer, then WordPress' own page for uploading a plugin, when `site` (as typed) is
 // an address that can be used. `owner`: the window that shell errors belong to. Reports no

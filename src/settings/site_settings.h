@@ -34,7 +34,7 @@ public:
     static StoredPassword of_file(std::string text);
 
     // Empty when there is none or it cannot be decrypted: another Windows user's, another PC's, or damaged.
-    SecretText in_clear() const;
+    [[nodiscard]] SecretText in_clear() const;
     bool opens() const { return !in_clear().empty(); }
 
     bool is_stored() const { return !m_text.empty(); }  // also one that does not open
@@ -63,4 +63,4 @@ struct TypedSettings {
 
 // Sets site and user, trimmed, and the password without its spaces; an empty password leaves the stored one. Returns
 // `password_is_lost` or `none`.
-SettingsNotice take_typed(const TypedSettings& typed, SiteSettings& settings);
+[[nodiscard]] SettingsNotice take_typed(const TypedSettings& typed, SiteSettings& settings);

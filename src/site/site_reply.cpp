@@ -9,7 +9,7 @@
 
 PluginStatus plugin_on_site(const std::string& base)
 {
-    return plugin_in(site_request("GET", base + "/wp-json/brasslet/v1/status", {}, {}, {}));
+    return plugin_in(site_request({"GET", base + "/wp-json/brasslet/v1/status", {}, {{}, {}}}));
 }
 
 PluginStatus plugin_in(const HttpReply& status_reply)

@@ -19,7 +19,7 @@ struct PluginStatus {
 };
 
 // Asks the site at `base` (of a SiteAddress), without credentials. Blocks until the exchange ends; worker threads only.
-PluginStatus plugin_on_site(const std::string& base);
+[[nodiscard]] PluginStatus plugin_on_site(const std::string& base);
 
 // Reads the reply of the status route.
 PluginStatus plugin_in(const HttpReply& status_reply);
@@ -37,13 +37,13 @@ std::string shown_text(std::string_view text);
 std::string reply_message(const std::string& body);
 
 // The sentence for a redirect that a request with a login did not follow; empty for every other reply.
-std::string sent_on_message(const HttpReply& reply);
+[[nodiscard]] std::string sent_on_message(const HttpReply& reply);
 
 // The sentence for a request that was refused (401 or 403); empty for every other status.
-std::string refusal_message(const HttpReply& reply);
+[[nodiscard]] std::string refusal_message(const HttpReply& reply);
 
 // The sentence for a publish or remove that was redirected, refused, or answered by a site without the plugin (404);
 // empty for every other reply.
-std::string change_refusal(const HttpReply& reply);
+[[nodiscard]] std::string change_refusal(const HttpReply& reply);
 
 inline constexpr char kInstallCurrentPlugin[] = "Press Install plugin and upload the zip over the one on the site.";

@@ -15,10 +15,10 @@ inline constexpr int kDeepestJson = 200;  // levels of objects and arrays
 std::optional<std::string_view> first_of_json(std::string_view text);
 
 // The document. is_discarded() is true when `text` is not JSON or is nested deeper than kDeepestJson.
-nlohmann::json parse_json(std::string_view text);
+[[nodiscard]] nlohmann::json parse_json(std::string_view text);
 
 // As parse_json; what follows the first complete object or array is ignored.
-nlohmann::json parse_first_json(std::string_view text);
+[[nodiscard]] nlohmann::json parse_first_json(std::string_view text);
 
 // The string member `key` of `object`. Empty when `object` is not an object, or has no such member or one of another
 // type.
@@ -30,10 +30,10 @@ std::string pretty_json(const nlohmann::json& document);  // indent 2, keys in b
 // As parse_json, for a document that is written again: numbers keep their digits. The JSON library keeps a number with
 // a fraction, an exponent or more than 64 bits as a double, which it would write with other digits. Here such a number
 // is a binary value, a type that no JSON document has, holding the number's characters.
-nlohmann::json parse_exact_json(std::string_view text);
+[[nodiscard]] nlohmann::json parse_exact_json(std::string_view text);
 
 // As parse_exact_json; what follows the first complete object or array is ignored.
-nlohmann::json parse_first_exact_json(std::string_view text);
+[[nodiscard]] nlohmann::json parse_first_exact_json(std::string_view text);
 
 // As pretty_json, for the documents of parse_exact_json.
 std::string pretty_exact_json(const nlohmann::json& document);

@@ -13,12 +13,12 @@
 std::string base58_encode(std::span<const std::uint8_t> bytes);
 
 // Empty when a character is not in the alphabet. The time grows with the square of the length: bound it first.
-std::optional<std::vector<std::uint8_t>> base58_decode(std::string_view text);
+[[nodiscard]] std::optional<std::vector<std::uint8_t>> base58_decode(std::string_view text);
 
 using Hash160 = std::array<std::uint8_t, 20>;
 
 // RIPEMD-160 of SHA-256. Empty when a hash fails.
-std::optional<Hash160> hash160(std::span<const std::uint8_t> bytes);
+[[nodiscard]] std::optional<Hash160> hash160(std::span<const std::uint8_t> bytes);
 
 // Empty when the checksum cannot be computed.
 std::string address_from_hash160(const Hash160& hash);
@@ -28,4 +28,4 @@ std::string address_from_public_key(std::string_view public_key_hex);
 
 // Empty unless `address` is 26 to 35 Base58 characters for exactly 25 bytes with version byte 0x00 and the right
 // checksum.
-std::optional<Hash160> hash160_from_address(std::string_view address);
+[[nodiscard]] std::optional<Hash160> hash160_from_address(std::string_view address);

@@ -21,10 +21,10 @@ struct SealedText {
 };
 
 // Empty when libcrypto fails.
-std::optional<SealedText> encrypt(std::span<const std::uint8_t, 32> key, const SecretText& plain);
+[[nodiscard]] std::optional<SealedText> encrypt(std::span<const std::uint8_t, 32> key, const SecretText& plain);
 
 // Empty when the IV or the tag has another size, the ciphertext is empty, or the tag does not match.
-std::optional<SecretText> decrypt(std::span<const std::uint8_t, 32> key, const SealedText& sealed);
+[[nodiscard]] std::optional<SecretText> decrypt(std::span<const std::uint8_t, 32> key, const SealedText& sealed);
 
 struct LockKey {
     bool is_held = false;
@@ -42,8 +42,9 @@ bool is_lock_record(std::string_view text);
 std::string lock_record_text(const LockKey& lock, const SealedText& sealed);
 
 // The plain text of the lock record `record`. Empty when no key is held, the record is malformed or the key is wrong.
-std::optional<SecretText> open_lock_record(const LockKey& lock, std::string_view record);
+[[nodiscard]] std::optional<SecretText> open_lock_record(const LockKey& lock, std::string_view record);
 
 // Encrypts `plain` and hands the lock record's text to `write`, whose result it returns. False, with nothing written,
 // when no key is held or the encryption fails.
-bool seal(const LockKey& lock, const SecretText& plain, const std::function<bool(const std::string&)>& write);
+[[nodiscard]] bool seal(const LockKey& lock, const SecretText& plain,
+                        const std::function<bool(const std::string&)>& write);

@@ -12,13 +12,13 @@
 std::optional<std::uint16_t> word_position(std::string_view word);
 
 // True for exactly twelve words of the list with a valid checksum, ignoring case. Runs of blanks and tabs separate.
-bool is_valid_phrase(const SecretText& phrase);
+[[nodiscard]] bool is_valid_phrase(const SecretText& phrase);
 
 using Seed = WipedBuffer<64>;
 
 // The seed of `phrase`, computed over its bytes unchanged (blanks and capitals included), without a passphrase. Empty
 // when libcrypto fails.
-std::optional<Seed> seed_from_phrase(const SecretText& phrase);
+[[nodiscard]] std::optional<Seed> seed_from_phrase(const SecretText& phrase);
 
 // PBKDF2-HMAC-SHA512 of `phrase` with 2048 rounds. BIP39's salt is "mnemonic" followed by the passphrase.
-std::optional<Seed> stretched_phrase(const SecretText& phrase, std::string_view salt);
+[[nodiscard]] std::optional<Seed> stretched_phrase(const SecretText& phrase, std::string_view salt);

@@ -48,10 +48,10 @@ struct Wallet {
 // The wallet in `text`, its keys derived. Empty for a malformed document, an invalid phrase or key, and a lock record,
 // for which this program holds no key. The keys of `known`, a wallet that was read before, are copied instead of
 // derived again when phrase and counters are the same.
-std::optional<Wallet> read_wallet(SecretText text, const Wallet* known = nullptr);
+[[nodiscard]] std::optional<Wallet> read_wallet(SecretText text, const Wallet* known = nullptr);
 
 // The document of `wallet` to replace its source: known members set from the wallet; unknown ones and all array
 // elements of the source unchanged, down to the digits of a number. Keys sorted, indent 2. Empty when the source is not
 // an object, its format version is above 2 or a known member has another type than in this format: a newer wallet
 // application gave it a meaning that this program does not know, so it must not rewrite it.
-SecretText wallet_text(const Wallet& wallet);
+[[nodiscard]] SecretText wallet_text(const Wallet& wallet);

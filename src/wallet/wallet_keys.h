@@ -19,7 +19,7 @@ struct DerivedKey {
 };
 
 // Key at the five-step `path` below `master`. Empty when a step fails.
-std::optional<DerivedKey> derive_key(const ExtendedKey& master, const DerivationPath& path);
+[[nodiscard]] std::optional<DerivedKey> derive_key(const ExtendedKey& master, const DerivationPath& path);
 
 // 66 lower-case hex digits; empty when `private_key_hex` is not 32 bytes or is zero or not below the group order.
 std::string public_key_from_private(const SecretText& private_key_hex);

@@ -41,7 +41,7 @@ namespace {
 
 std::string pki_url(const std::string& document, const std::string& host = "pay.example.org")
 {
-    return capability_url(parse_json(document), "pki", "alice", "example.org", host);
+    return capability_url({host, parse_json(document)}, "pki", {"alice", "example.org"});
 }
 
 }  // namespace

@@ -86,7 +86,8 @@ SiteSettings stored()
 TEST(TakeTyped, SiteAndUserLoseTheWhiteSpaceAroundThem)
 {
     SiteSettings settings = stored();
-    take_typed(typed(" \t\n\v\f\rhttps://New.example/a b \r\n", "\tZo\xC3\xAB Doe ", ""), settings);
+    EXPECT_EQ(take_typed(typed(" \t\n\v\f\rhttps://New.example/a b \r\n", "\tZo\xC3\xAB Doe ", ""), settings),
+              SettingsNotice::none);
     EXPECT_EQ(settings.site, "https://New.example/a b");
     EXPECT_EQ(settings.user, "Zo\xC3\xAB Doe");
     EXPECT_EQ(settings.alias, "ann");
@@ -95,7 +96,7 @@ TEST(TakeTyped, SiteAndUserLoseTheWhiteSpaceAroundThem)
 TEST(TakeTyped, AnEmptySiteAndUserAreTaken)
 {
     SiteSettings settings = stored();
-    take_typed(typed("", " ", ""), settings);
+    EXPECT_EQ(take_typed(typed("", " ", ""), settings), SettingsNotice::none);
     EXPECT_EQ(settings.site, "");
     EXPECT_EQ(settings.user, "");
 }
@@ -103,14 +104,14 @@ TEST(TakeTyped, AnEmptySiteAndUserAreTaken)
 TEST(TakeTyped, ThePasswordLosesItsSpaces)
 {
     SiteSettings settings = stored();
-    take_typed(typed("", "", " abcd efgh  ijkl mnop\r\n"), settings);
+    EXPECT_EQ(take_typed(typed("", "", " abcd efgh  ijkl mnop\r\n"), settings), SettingsNotice::none);
     EXPECT_EQ(settings.pass.in_clear().text(), "abcdefghijklmnop");
 }
 
 TEST(TakeTyped, OnlySpacesAreRemovedFromWithinThePassword)
 {
     SiteSettings settings = stored();
-    take_typed(typed("", "", "ab\tcd \xC2\xA0"), settings);
+    EXPECT_EQ(take_typed(typed("", "", "ab\tcd \xC2\xA0"), settings), SettingsNotice::none);
     EXPECT_EQ(settings.pass.in_clear().text(), "ab\tcd\xC2\xA0");
 }
 
@@ -118,7 +119,7 @@ TEST(TakeTyped, AnEmptyPasswordKeepsTheStoredOne)
 {
     for (const char* nothing : {"", " ", "    ", " \t\r\n "}) {
         SiteSettings settings = stored();
-        take_typed(typed("", "", nothing), settings);
+        EXPECT_EQ(take_typed(typed("", "", nothing), settings), SettingsNotice::none);
         EXPECT_EQ(settings.pass.in_clear().text(), "abcdefghijkl");
     }
 }

@@ -31,7 +31,7 @@ TEST_F(Publishing, SendsTheHousePaymailOfTheWallet)
 {
     wallet.folder.write(kBoundWalletFile, R"({"version":2,"mnemonic":"abandon abandon abandon abandon abandon abandon )"
                                           R"(abandon abandon abandon abandon abandon about","paymail":"alice"})");
-    publish_sentence(settings);
+    EXPECT_EQ(publish_sentence(settings), kKept);
     EXPECT_THAT(server.requests()[1], HasSubstr(R"("house":"alice@corvane.example")"));
 }
 

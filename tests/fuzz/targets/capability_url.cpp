@@ -40,7 +40,7 @@ void check(std::string_view bytes)
     require(filled.find("{alias}") == std::string::npos, "no mark is left");
 
     const nlohmann::json capabilities = {{"pki", std::string(bytes)}};
-    const std::string url = capability_url(capabilities, "pki", alias, domain, "pay.example.org");
+    const std::string url = capability_url({"pay.example.org", capabilities}, "pki", {alias, domain});
     if (url.empty()) return;
     require(url == filled, "a capability URL is the filled template");
     const bool is_on_host = url_is_on_host(url, "pay.example.org");

@@ -19,7 +19,7 @@ protected:
 
 std::string post(const std::string& url)
 {
-    return post_json(url, "{}", std::chrono::seconds(12), 1).error;
+    return post_json({url, "{}", std::chrono::seconds(12), 1}).error;
 }
 
 std::vector<std::string> entries(const CurlList& list)
@@ -92,7 +92,7 @@ TEST_F(HostPin, OtherRequestsGoThroughTheProxyOfTheEnvironment)
     request.url = "https://brasslet.test/x";
     request.transfer_timeout = std::chrono::milliseconds(300);
     request.pin_wallet_service = true;
-    exchange(request);
+    EXPECT_NE(exchange(request).error, "");
     EXPECT_FALSE(proxy.is_untouched());
 }
 

@@ -82,7 +82,7 @@ TEST_F(Exchange, ReportsAMissingHandle)
 
 TEST_F(Exchange, SendsOnlyWhatIsAskedFor)
 {
-    exchange(request("https://brasslet.test/x"));
+    EXPECT_EQ(exchange(request("https://brasslet.test/x")).error, "");
     EXPECT_THAT(server.requests(),
                 testing::ElementsAre("GET /x HTTP/1.1\r\nHost: brasslet.test\r\nAccept: */*\r\n\r\n"));
 }
@@ -112,7 +112,7 @@ class LibcurlOptions : public NetTest {};
 
 TEST_F(LibcurlOptions, OfASiteRequestWithAllThatItCanCarry)
 {
-    site_request("DELETE", kUrl, SecretText("{}"), "u", SecretText("p"));
+    site_request({"DELETE", kUrl, SecretText("{}"), {"u", SecretText("p")}});
     const long time = options_set().at(CURLOPT_TIMEOUT_MS);
     EXPECT_GT(time, 19'000);
     EXPECT_LE(time, 20'000);
@@ -128,7 +128,7 @@ TEST_F(LibcurlOptions, OfASiteRequestWithAllThatItCanCarry)
 
 TEST_F(LibcurlOptions, OfASiteRequestWithNothing)
 {
-    site_request("GET", kUrl, {}, {}, SecretText("p"));
+    site_request({"GET", kUrl, {}, {{}, SecretText("p")}});
     EXPECT_THAT(options_set(),
                 UnorderedElementsAre(
                     Pair(CURLOPT_URL, 0), Pair(CURLOPT_PROTOCOLS_STR, 0), Pair(CURLOPT_REDIR_PROTOCOLS_STR, 0),
@@ -140,7 +140,7 @@ TEST_F(LibcurlOptions, OfASiteRequestWithNothing)
 
 TEST_F(LibcurlOptions, OfAJsonPost)
 {
-    post_json(kUrl, "{}", std::chrono::seconds(7), 1);
+    post_json({kUrl, "{}", std::chrono::seconds(7), 1});
     EXPECT_THAT(
         options_set(),
         UnorderedElementsAre(Pair(CURLOPT_URL, 0), Pair(CURLOPT_PROTOCOLS_STR, 0), Pair(CURLOPT_REDIR_PROTOCOLS_STR, 0),
@@ -156,13 +156,14 @@ TEST_F(LibcurlOptions, OfAJsonPost)
 TEST_F(LibcurlOptions, NothingIsSentThatWouldAskForRevocationInAnotherWay)
 {
     refuse_option(CURLOPT_SSL_OPTIONS);
-    EXPECT_EQ(exchange(json_post(kUrl, "{}", std::chrono::seconds(7))).error, curl_easy_strerror(CURLE_UNKNOWN_OPTION));
+    EXPECT_EQ(exchange(json_post({kUrl, "{}", std::chrono::seconds(7)})).error,
+              curl_easy_strerror(CURLE_UNKNOWN_OPTION));
     EXPECT_TRUE(server.requests().empty());
 }
 
 TEST_F(LibcurlOptions, OfADiscoveryGetThatHasTwelveSecondsInAll)
 {
-    discovery_get(kUrl);
+    [[maybe_unused]] const HttpReply reply = discovery_get(kUrl);
     const long time = options_set().at(CURLOPT_TIMEOUT_MS);
     EXPECT_GT(time, 0);
     EXPECT_LE(time, 12'000);

@@ -143,7 +143,7 @@ TEST_F(DiscoveryGet, ARedirectSharesTheTimeOfTheWhole)
     server.answer("GET /x", redirect_to("/y"));
     server.answer("GET /y", {200, "", {}, Fault::stall});
     std::vector<std::chrono::milliseconds> times;
-    const HttpReply reply = exchange_hop_by_hop("https://brasslet.test/x", 30, std::chrono::milliseconds(1'500),
+    const HttpReply reply = exchange_hop_by_hop("https://brasslet.test/x", {30, std::chrono::milliseconds(1'500)},
                                                 [&times](const std::string& url, std::chrono::milliseconds time_left) {
                                                     times.push_back(time_left);
                                                     return discovery_request(url, time_left);

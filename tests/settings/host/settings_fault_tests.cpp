@@ -74,7 +74,7 @@ TEST_F(UnreadableSettings, AreLeftAsTheyAreByASaveThatCanReadThemAgain)
 
 TEST_F(UnreadableSettings, KeepAllThatWasNotTypedAnew)
 {
-    take_typed({"typed.example", "", SecretText()}, settings);
+    EXPECT_EQ(take_typed({"typed.example", "", SecretText()}, settings), SettingsNotice::none);
     let_it_be_read();
     EXPECT_EQ(save_settings(settings, ""), SettingsNotice::none);
     EXPECT_EQ(on_disk().site, "typed.example");
@@ -85,7 +85,7 @@ TEST_F(UnreadableSettings, KeepAllThatWasNotTypedAnew)
 
 TEST_F(UnreadableSettings, GiveWayToAllThatWasTyped)
 {
-    take_typed({"typed.example", "zoe", SecretText("qqqqwwww")}, settings);
+    EXPECT_EQ(take_typed({"typed.example", "zoe", SecretText("qqqqwwww")}, settings), SettingsNotice::none);
     let_it_be_read();
     save_settings(settings, "bob");
     EXPECT_EQ(on_disk().site + on_disk().user + on_disk().pass.in_clear().text(), "typed.examplezoeqqqqwwww");
@@ -109,7 +109,7 @@ TEST_F(UnreadableSettings, OnceReadAreSavedAsTheyWereTyped)
 {
     let_it_be_read();
     load_what_waits(settings);
-    take_typed({"", "zoe", SecretText()}, settings);
+    EXPECT_EQ(take_typed({"", "zoe", SecretText()}, settings), SettingsNotice::none);
     save_settings(settings, "");
     EXPECT_EQ(on_disk().site, "");
     EXPECT_EQ(on_disk().user, "zoe");

@@ -36,7 +36,7 @@ class LoginRedirect : public NetTest {
 protected:
     static HttpReply send(const std::string& method, const std::string& host)
     {
-        return site_request(method, "https://" + host + kPath, SecretText("{\"a\":1}"), "u", SecretText("p"));
+        return site_request({method, "https://" + host + kPath, SecretText("{\"a\":1}"), {"u", SecretText("p")}});
     }
     std::vector<std::string> new_requests()
     {
@@ -148,8 +148,8 @@ TEST_F(LoginRedirect, TheLoginStandsInNoReply)
 {
     for (const char* location : {"/x", "https://brasslet.test/x", "https://other.test/x", "//brasslet.test:8443/x"}) {
         server.answer(std::string("POST ") + kPath, redirect_to(location, 303));
-        HttpRequest request = describe_site_request("POST", std::string("https://brasslet.test") + kPath,
-                                                    SecretText("{}"), "user", SecretText("secret"));
+        HttpRequest request = describe_site_request(
+            {"POST", std::string("https://brasslet.test") + kPath, SecretText("{}"), {"user", SecretText("secret")}});
         request.redirects = 0;
         const HttpReply reply = exchange(request);
         EXPECT_NE(reply.redirect_url, "") << location;
