@@ -51,7 +51,6 @@ struct HttpRequest {
 
 inline constexpr std::size_t kLargestBody = 1'000'000;  // bytes; a longer body ends the exchange with an error
 inline constexpr char kNoCurlHandle[] = "curl init failed";
-inline constexpr char kBrassletAgent[] = "Brasslet/0.001";
 
 // Sends the request and blocks until the exchange ends; any thread, while a CurlLifetime exists. On failure the error
 // is libcurl's text for it (curl_easy_strerror), or kNoCurlHandle, and the body holds what was received so far.

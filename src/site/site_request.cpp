@@ -1,6 +1,6 @@
 #include "site/site_request.h"
 
-#include "net/http_exchange.h"
+#include "build_values.h"
 #include "net/url_host.h"
 #include "text/ascii.h"
 

@@ -1,7 +1,5 @@
-// Build numbers, in thousandths of a version (build 1 is version 0.001), and the program's own.
+// Build numbers, in thousandths of a version (build 1234 is version 1.234).
 #pragma once
-
-#include "update/version.h"
 
 #include <cstdint>
 #include <string>
@@ -18,10 +16,8 @@ std::int32_t build_of_version(std::string_view version);
 // one after "Version" wins over all after "Current build".
 std::int32_t build_on_page(std::string_view page);
 
-// "0.001" of 1.
+// "1.234" of 1234.
 std::string version_of_build(std::int32_t build);
-
-inline constexpr std::int32_t kOwnBuild = BRASSLET_BUILD;
 
 // The text of the version label: the program's version, or the page that offers a newer one.
 std::string version_text(bool update_is_available);
