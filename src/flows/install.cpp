@@ -8,7 +8,7 @@
 namespace {
 
 constexpr int kPluginResource = 2;
-constexpr std::size_t kSmallestPlugin = 16;  // bytes; what is smaller is no plugin
+constexpr std::size_t kSmallestPlugin = 16;  // bytes; a smaller resource is not the plugin
 
 bool save_package()
 {

@@ -14,7 +14,7 @@ namespace {
 
 using nlohmann::json;
 
-// The names of the reply but `alias`, as paymails joined by ", ".
+// The reply's names other than `alias`, as paymails joined by ", ".
 std::string other_paymails(const HttpReply& reply, const std::string& alias, const std::string& host)
 {
     const json document = parse_json(reply.body);

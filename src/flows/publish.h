@@ -18,5 +18,5 @@ std::string published_host(const HttpReply& reply, const std::string& typed_host
                                         const std::string& host, const HttpReply& reply);
 
 // Publishes settings.alias for the connected wallet, proves from outside that it resolves, keeps it, tells the wallet
-// application, and returns the one sentence for the user. Blocks for as long as the network takes; worker threads only.
+// application, and returns the sentence for the user. Blocks on the network; worker threads only.
 [[nodiscard]] std::string publish_sentence(const SiteSettings& settings);

@@ -26,8 +26,8 @@ HttpReply delete_name(const SiteAddress& site, const SiteSettings& settings)
                          {settings.user, password}});
 }
 
-// The sentence for an answer that is no success; empty when the site has dropped the name. What else the site says of
-// its failure is not shown: all that matters is that the name is still there.
+// The sentence for a reply that is not a success; empty when the site deleted the name. Any other message of the site
+// is not shown: what matters is that the name is still there.
 std::string remove_refusal(const HttpReply& reply)
 {
     std::string refusal = change_refusal(reply);
@@ -35,8 +35,8 @@ std::string remove_refusal(const HttpReply& reply)
     return "The site kept the name.";
 }
 
-// Publishing keeps a name at the host that the site calls its own, which may be another than the typed one: with
-// "www.", say. So it is forgotten at both.
+// Publishing keeps a name at the host of the site's reply, which may differ from the typed one (by "www.", for
+// example). So the name is removed at both.
 void forget(const std::string& alias, const std::string& typed_host, const std::string& own_host)
 {
     const std::string host = payname_host(typed_host);

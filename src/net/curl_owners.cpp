@@ -11,7 +11,7 @@ CURLcode pin_hosts(CURL* handle, const std::string& url, CurlList& pins)
     CurlOptions options(handle);
     options.set(CURLOPT_RESOLVE, pins.get());
     options.set(CURLOPT_IPRESOLVE, static_cast<long>(CURL_IPRESOLVE_V4));
-    // A proxy, as the environment may name one, would be given the name and look it up itself.
+    // A proxy from the environment (https_proxy) would resolve the name itself.
     options.set(CURLOPT_PROXY, "");
     return options.code();
 }

@@ -11,7 +11,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using std::chrono::milliseconds;
 
-// Never 0, which would mean no limit: libcurl then says itself that the time is over.
+// At least 1 ms: 0 would mean no limit. libcurl then reports the timeout.
 milliseconds time_until(Clock::time_point end)
 {
     return std::max(std::chrono::duration_cast<milliseconds>(end - Clock::now()), milliseconds(1));

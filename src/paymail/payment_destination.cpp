@@ -40,7 +40,7 @@ bool read_satoshis(const json& output, std::int64_t most, std::int64_t& satoshis
     return true;
 }
 
-// The error text; empty on success.
+// The error; empty on success.
 std::string read_outputs(const json& list, std::vector<PaymentOutput>& outputs)
 {
     if (list.size() > kMostOutputs) return kTooManyOutputs;

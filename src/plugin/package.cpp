@@ -22,7 +22,7 @@ std::uint32_t crc32(std::string_view bytes)
 
 namespace {
 
-constexpr std::uint16_t kVersion = 20;  // 2.0: folders in names
+constexpr std::uint16_t kVersion = 20;  // needed to extract: 2.0, for folders in names
 constexpr std::uint16_t kStored = 0;
 
 // Integers, least significant byte first.
@@ -38,7 +38,7 @@ void put32(std::string& out, std::size_t value)
     put16(out, value >> 16 & 0xFFFF);
 }
 
-// What the local header and the central directory say alike.
+// The fields that local header and central directory share.
 void put_description(std::string& out, std::string_view name, std::string_view data)
 {
     put16(out, kVersion);
@@ -48,7 +48,7 @@ void put_description(std::string& out, std::string_view name, std::string_view d
     put16(out, 0);  // date
     put32(out, crc32(data));
     put32(out, data.size());  // compressed
-    put32(out, data.size());  // as it was
+    put32(out, data.size());  // uncompressed
     put16(out, name.size());
     put16(out, 0);  // extra fields
 }
@@ -68,10 +68,10 @@ std::string central_directory(std::string_view name, std::string_view data)
     put16(out, kVersion);  // made by
     put_description(out, name, data);
     put16(out, 0);  // comment
-    put16(out, 0);  // number of the disk
+    put16(out, 0);  // disk number
     put16(out, 0);  // internal attributes
     put32(out, 0);  // external attributes
-    put32(out, 0);  // where the local header is
+    put32(out, 0);  // offset of the local header
     out += name;
     return out;
 }
@@ -79,7 +79,7 @@ std::string central_directory(std::string_view name, std::string_view data)
 std::string end_record(std::size_t directory_offset, std::size_t directory_size)
 {
     std::string out = "PK\x05\x06";
-    put16(out, 0);  // number of this disk
+    put16(out, 0);  // disk number
     put16(out, 0);  // disk with the directory
     put16(out, 1);  // entries on this disk
     put16(out, 1);  // entries in all

@@ -59,7 +59,7 @@ SettingsNotice take_typed(const TypedSettings& typed, SiteSettings& settings)
     settings.site = trimmed(typed.site);
     settings.user = trimmed(typed.user);
     const SecretText password(without_spaces(typed.password.text()));
-    // Protecting the same password gives other bytes every time, and the file would change.
+    // Encrypting the same password again gives other bytes, which would change the file.
     if (password.empty() || password.text() == settings.pass.in_clear().text()) return SettingsNotice::none;
     settings.pass = StoredPassword(password);
     return settings.pass.is_stored() ? SettingsNotice::none : SettingsNotice::password_is_lost;

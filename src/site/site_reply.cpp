@@ -35,7 +35,7 @@ bool is_in(wchar_t c, std::initializer_list<Range> ranges)
     return std::any_of(ranges.begin(), ranges.end(), [c](Range range) { return c >= range.first && c <= range.last; });
 }
 
-// White space of every script, and what separates lines and paragraphs (Unicode's property White_Space).
+// Unicode's property White_Space.
 bool is_blank(wchar_t c)
 {
     return is_in(c, {{0x0009, 0x000D},
@@ -50,7 +50,7 @@ bool is_blank(wchar_t c)
                      {0x3000, 0x3000}});
 }
 
-// Control characters (Cc) and format characters (Cf): a text can be read without them, if not always as well joined.
+// Unicode's categories Cc (control) and Cf (format). Without joiners a text stays readable.
 bool is_unseen(wchar_t c)
 {
     return is_in(c, {{0x0000, 0x001F},
@@ -75,7 +75,7 @@ bool is_first_of_pair(wchar_t c)
 std::string shown_text(std::string_view text)
 {
     std::wstring shown;
-    bool is_apart = false;  // a blank comes before the next character
+    bool is_apart = false;  // a blank is due before the next character
     for (const wchar_t c : widen(text)) {
         if (is_blank(c)) {
             is_apart = !shown.empty();
@@ -100,7 +100,7 @@ struct Refusal {
 
 constexpr char kWrongPassword[] = "WordPress refused that application password.";
 
-// A site that never saw the login runs a plugin that cannot read the second header: uploading the new one helps.
+// WordPress saw no login: the host strips the Authorization header and the plugin is too old to read the other one.
 constexpr char kLoginHidden[] = "The site hid the login. Press Install plugin and upload the zip over the old one.";
 
 constexpr Refusal kRefusals[] = {

@@ -7,8 +7,8 @@ namespace {
 
 using nlohmann::json;
 
-// Where the first object or array ends, judged by its brackets alone: whether they match is the parser's business. The
-// end of the text when there is none or it is not closed; nothing when it is nested too deeply.
+// Offset behind the first object or array, found by counting brackets outside strings; the parser checks that they
+// match. text.size() when there is none or it is not closed; empty when it is nested deeper than kDeepestJson.
 std::optional<std::size_t> end_of_first(std::string_view text)
 {
     int depth = 0;
@@ -52,7 +52,7 @@ json parse_first_json(std::string_view text)
 {
     const auto first = first_of_json(text);
     if (!first) return discarded();
-    // Not from a stream, although that stops by itself: streams bring every locale's rules into the executable.
+    // A stream would stop there itself, but iostreams add all of the locale code to the executable.
     return json::parse(first->begin(), first->end(), nullptr, false);
 }
 
@@ -83,7 +83,7 @@ public:
     bool boolean(bool value) override { return add(value); }
     bool number_integer(json::number_integer_t value) override
     {
-        // The reader keeps what has no minus as unsigned, so that this zero was written as "-0".
+        // A number without a minus sign arrives as unsigned, so this zero was "-0".
         return value == 0 ? add_number("-0") : add(value);
     }
     bool number_unsigned(json::number_unsigned_t value) override { return add(value); }
@@ -175,7 +175,7 @@ void write(const json& value, std::size_t indent, std::string& text)
 
 json parse_exact_json(std::string_view text)
 {
-    // The library takes a zero byte for the end. What stands behind it is judged as parse_json judges it.
+    // The library's SAX parser stops at a NUL byte. Depth is limited here over the whole text, as in parse_json.
     if (!first_of_json(text)) return json(json::value_t::discarded);
     TreeBuilder builder;
     if (!json::sax_parse(text.begin(), text.end(), &builder)) return json(json::value_t::discarded);

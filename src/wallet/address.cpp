@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::string_view kAlphabet = "123456789ABCDEFGHJKLMNPQRSTUVWXYZabcdefghijkmnopqrstuvwxyz";
 
-// number = number * factor + addend, for a number of digits in `base`, the least significant first.
+// number = number * factor + addend. The digits are in `base`, least significant first.
 void multiply_and_add(std::vector<std::uint8_t>& number, std::uint32_t base, std::uint32_t factor, std::uint32_t addend)
 {
     std::uint32_t carry = addend;

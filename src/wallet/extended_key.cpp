@@ -1,4 +1,4 @@
-// EC_KEY is deprecated, but its replacement cannot make the public key that belongs to a private one.
+// EC_KEY is deprecated; its replacement, EVP_PKEY, cannot compute the public key of a private key.
 #define OPENSSL_SUPPRESS_DEPRECATED
 #include "wallet/extended_key.h"
 
@@ -26,7 +26,7 @@ using Scratch = std::unique_ptr<BN_CTX, FreedBy<BN_CTX_free>>;
 using Key = std::unique_ptr<EC_KEY, FreedBy<EC_KEY_free>>;
 using Point = std::unique_ptr<EC_POINT, FreedBy<EC_POINT_free>>;
 
-// What every calculation here needs. Unusable when one of them could not be made.
+// Curve parameters and scratch space; not usable when an allocation failed.
 struct Curve {
     Scratch scratch{BN_CTX_new()};
     Key key{EC_KEY_new_by_curve_name(NID_secp256k1)};
@@ -89,7 +89,7 @@ namespace {
 
 using ChildData = WipedBuffer<37>;  // a key in 33 bytes, then the index
 
-// A hardened child comes from the private key, behind a zero byte; any other from the compressed public key.
+// BIP32: 0x00 and the private key for a hardened child, the compressed public key for any other.
 bool put_key(const ExtendedKey& parent, bool is_hardened, ChildData& data)
 {
     if (is_hardened) {

@@ -15,7 +15,7 @@ namespace {
 
 constexpr int kIvSize = 12;
 constexpr int kTagSize = 16;
-constexpr std::size_t kSpareRoom = 16;  // what a cipher may write beyond its input
+constexpr std::size_t kSpareRoom = 16;  // bytes that EVP_CipherUpdate may write beyond its input
 constexpr std::size_t kLongestText = INT_MAX - kSpareRoom;
 
 struct FreeCipher {
@@ -25,7 +25,7 @@ using Cipher = std::unique_ptr<EVP_CIPHER_CTX, FreeCipher>;
 
 enum class Direction { kDecrypt = 0, kEncrypt = 1 };
 
-// Null when it cannot be made.
+// Null when libcrypto fails.
 Cipher started_cipher(std::span<const std::uint8_t, 32> key, const std::vector<std::uint8_t>& iv, Direction direction)
 {
     Cipher cipher(EVP_CIPHER_CTX_new());
@@ -38,7 +38,7 @@ Cipher started_cipher(std::span<const std::uint8_t, 32> key, const std::vector<s
     return cipher;
 }
 
-// Runs all of `input` through the cipher. On success `output` holds exactly what came out.
+// Encrypts or decrypts all of `input` into `output`.
 bool run(EVP_CIPHER_CTX* cipher, std::span<const std::uint8_t> input, std::vector<std::uint8_t>& output)
 {
     output.resize(input.size() + kSpareRoom);
@@ -117,7 +117,7 @@ const LockKey& lock_key()
 bool is_lock_record(std::string_view text)
 {
     const bool is_record = has_lock_mark(parse_json(text));
-    wipe_finished_stack();  // an open wallet file may have gone through the parser
+    wipe_finished_stack();  // `text` may be an open wallet file, with its phrase
     return is_record;
 }
 

@@ -38,9 +38,9 @@ constexpr std::size_t kWordCount = 12;
 constexpr std::size_t kBitsPerWord = 11;
 constexpr std::size_t kEntropySize = 16;
 
-using PackedWords = WipedBuffer<kEntropySize + 1>;  // the entropy, then the checksum in the high half of the last byte
+using PackedWords = WipedBuffer<kEntropySize + 1>;  // entropy, then the checksum in the high four bits of the last byte
 
-// Takes the next word off `rest`; empty when there is none left.
+// Removes the next word from `rest` and returns it; empty at the end.
 std::string_view next_word(std::string_view& rest)
 {
     rest.remove_prefix(std::min(rest.find_first_not_of(kSeparators), rest.size()));

@@ -16,7 +16,7 @@ using nlohmann::json;
 
 constexpr std::size_t kOrdinalsCounter = 5;
 
-// The member's own text, not a copy of it: empty when it is missing, null when it is no text.
+// The member's string, not copied because it may be secret; "" when it is missing, null when it is not a string.
 const std::string* text_or_nothing(const json& document, const char* key)
 {
     static const std::string kEmpty;
@@ -98,7 +98,7 @@ namespace {
 
 constexpr std::uint64_t kFormatVersion = 2;
 
-// What is there of the members known here has the type that the format gives it.
+// True when every known member of the document has the type of this format.
 bool is_understood(const json& document)
 {
     const auto is_each = [&document](bool (json::*has_type)() const noexcept, std::initializer_list<const char*> keys) {

@@ -71,7 +71,7 @@ OrdinalItem ordinal_from(const json& object)
 
 json object_of(const OrdinalItem& item)
 {
-    // "created" has a meaning for the wallet application alone, which sets it.
+    // Only the wallet application uses "created".
     json object{{"origin", item.origin}, {"txid", item.txid}, {"vout", item.vout}, {"created", false}};
     const auto add = [&object](const char* key, const std::string& text) {
         if (!text.empty()) object[key] = text;

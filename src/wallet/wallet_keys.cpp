@@ -70,7 +70,7 @@ bool derive_all(const ExtendedKey& master, std::uint32_t receive_index, std::uin
     keys.address = std::move(payment->address);
     keys.identity_key = std::move(identity->public_key);
     keys.identity_address = std::move(identity->address);
-    // A wallet without its ordinals address still pays and proves who it is.
+    // The ordinals address is optional: without it the wallet can still be paid and identified.
     auto ordinals = account_key(master, kOrdinalsAccount, ordinals_index);
     if (ordinals) keys.ordinals_address = std::move(ordinals->address);
     return true;

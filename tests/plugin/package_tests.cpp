@@ -12,7 +12,7 @@ TEST(Crc32, OfNothingIsZero)
     EXPECT_EQ(crc32(""), 0U);
 }
 
-// The check value that catalogues of CRCs give for this one (CRC-32/ISO-HDLC).
+// The check value of CRC-32/ISO-HDLC in catalogues of CRCs.
 TEST(Crc32, GivesTheCheckValue)
 {
     EXPECT_EQ(crc32("123456789"), 0xCBF43926U);

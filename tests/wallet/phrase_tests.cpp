@@ -148,7 +148,7 @@ TEST(Seed, OfThePublishedPhraseWithoutPassPhrase)
 
 TEST(Seed, IsComputedOverThePhraseAsItStands)
 {
-    // Computed with Python's hashlib.pbkdf2_hmac over the very text.
+    // Computed with Python's hashlib.pbkdf2_hmac over the same bytes.
     EXPECT_EQ(
         seed_hex("Abandon  abandon abandon abandon abandon abandon abandon abandon abandon abandon abandon\tABOUT"),
         "1612900cdc1787ed49213ef8e79a14d71c07c081874ecca90b53734469979c9b"

@@ -74,7 +74,7 @@ const SecretText
 
 }  // namespace
 
-// The expected keys were computed apart from this program, with Python's own integers and hashlib.
+// The expected keys were computed independently, with Python's integers and hashlib.
 TEST(WalletKeys, OfThePublishedPhrase)
 {
     WalletKeys keys;

@@ -7,7 +7,7 @@ namespace {
 
 constexpr char kOthers[] = R"({"names":[{"paymail":"bob@x.org"}]})";
 
-// The registry, and with it every file that is read after it, is held by somebody just when it is used.
+// From the first access to the registry on, that file and every later one is held by another program.
 void hold_the_registry()
 {
     stand_in().files.on_use = [](const std::string& path) {

@@ -10,7 +10,7 @@
 
 namespace {
 
-// The system's own name resolution leads to where nothing listens; only the fixed address has the server.
+// Name resolution gives an address where nothing listens; only the pinned address has the server.
 class HostPin : public testing::Test {
 protected:
     CurlLifetime curl;

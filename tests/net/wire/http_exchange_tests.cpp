@@ -96,8 +96,8 @@ TEST_F(Exchange, WhatLibcurlFreesIsWiped)
     EXPECT_EQ(wiped_blocks(), before + 1);
 }
 
-// What the program asks of libcurl for each kind of request, and what it leaves at libcurl's own values: the names and
-// certificates that are checked, the proxies, the versions of TLS.
+// The libcurl options of each kind of request, and those left at libcurl's defaults: checks of host name and
+// certificate, proxies, TLS versions.
 
 namespace {
 
@@ -151,8 +151,8 @@ TEST_F(LibcurlOptions, OfAJsonPost)
                              Pair(CURLOPT_WRITEFUNCTION, 0), Pair(CURLOPT_WRITEDATA, 0)));
 }
 
-// One place sets it, so one kind of request stands for all of them: a revoked certificate is refused, a list of revoked
-// ones that cannot be fetched is no refusal.
+// Set in one place, so one kind of request is enough: a revoked certificate is refused, a certificate whose revocation
+// status cannot be fetched is accepted.
 TEST_F(LibcurlOptions, NothingIsSentThatWouldAskForRevocationInAnotherWay)
 {
     refuse_option(CURLOPT_SSL_OPTIONS);

@@ -68,7 +68,7 @@ namespace {
 
 class DiscoveryGet : public NetTest {};
 
-// A server on the owner's own machine, with a certificate that nobody vouches for.
+// A server on this machine with an untrusted certificate.
 class DiscoveryOnTheOwnMachine : public testing::Test {
 protected:
     CurlLifetime curl;

@@ -1,4 +1,4 @@
-// What becomes of the settings when their file cannot be read, moved or protected.
+// The settings when their file cannot be read or renamed, or the password not encrypted.
 #include "kit/stand_in/stand_in.h"
 #include "kit/test_folder.h"
 #include "platform/files.h"
@@ -11,7 +11,7 @@ namespace {
 
 constexpr char kFile[] = "payname/ui.json";
 
-// A PC with settings in the file, which the program cannot read at its start.
+// The file has settings and cannot be read when the program starts.
 class UnreadableSettings : public testing::Test {
 protected:
     UnreadableSettings()

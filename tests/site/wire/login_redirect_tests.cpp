@@ -1,4 +1,4 @@
-// Where a request with a login goes when the site redirects it: to the same site whole, and to nobody else at all.
+// Redirects of a request with a login: repeated whole on the same site, not followed anywhere else.
 #include "kit/wire/net_test.h"
 #include "kit/wire/untouched.h"
 #include "platform/text_conversion.h"
@@ -67,7 +67,7 @@ protected:
             }
     }
 
-    // Nothing but the first request is sent, and the user reads where the site sends on to.
+    // Only the first request is sent, and the sentence names the other site.
     void expect_refused(const std::string& location, const std::string& sentence, const Untouched& other)
     {
         for (const std::string method : {"POST", "DELETE"})
@@ -212,7 +212,7 @@ TEST_F(LoginRedirect, FourAreFollowedAndAFifthIsNot)
 
 TEST_F(LoginRedirect, TheAsciiFormOfATypedHostIsTheSameHost)
 {
-    // Here libcurl takes a host for text of the locale; on Windows it is always UTF-8.
+    // On Linux libcurl reads a host in the encoding of the locale; on Windows always as UTF-8.
     ASSERT_NE(std::setlocale(LC_CTYPE, "C.UTF-8"), nullptr);
     server.answer(std::string("POST ") + kPath,
                   {redirect_to("https://xn--bcher-kva.test/wp-json/brasslet/v1/name"), {200, "end", {}, Fault::none}});

@@ -178,7 +178,7 @@ TEST_F(SiteRequestOnTheWire, ACertificateOfAnUnknownAuthorityIsRefused)
 
 TEST_F(SiteRequestOnTheWire, AHostOutsideAsciiIsAskedByItsAsciiName)
 {
-    // Here libcurl takes a host for text of the locale; on Windows it is always UTF-8.
+    // On Linux libcurl reads a host in the encoding of the locale; on Windows always as UTF-8.
     ASSERT_NE(std::setlocale(LC_CTYPE, "C.UTF-8"), nullptr);
     answer("GET /x", "found");
     EXPECT_EQ(get("https://b\xC3\xBC"
