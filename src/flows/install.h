@@ -1,4 +1,4 @@
-// Bringing the plugin to the user's site. The program uploads nothing: it hands over the zip, the user uploads it.
+// Installing the plugin on the user's site: the program writes the zip, the user uploads it in WordPress.
 #pragma once
 
 #include "settings/settings_store.h"
@@ -6,7 +6,6 @@
 #include <functional>
 #include <string>
 
-// Asks the site for its plugin. When that is current, says so; otherwise writes the zip, has it shown by
-// `show_package`, which returns false when it cannot, and returns what the user does next. Blocks for as long as the
-// network takes; worker threads only.
-std::wstring install_sentence(const SiteSettings& settings, const std::function<bool()>& show_package);
+// Asks the site for its plugin. Unless that is current, writes the zip and calls `show_package`, which returns false
+// when it cannot show it. Returns the sentence for the user. Blocks on the network; worker threads only.
+[[nodiscard]] std::string install_sentence(const SiteSettings& settings, const std::function<bool()>& show_package);

@@ -1,12 +1,10 @@
 #include "flows/remove.h"
 
-#include "flows/change_refusal.h"
 #include "paymail/payname_registry.h"
 #include "paymail/payname_rules.h"
-#include "platform/text_conversion.h"
 #include "platform/wallet_app.h"
-#include "site/plugin_status.h"
 #include "site/site_address.h"
+#include "site/site_reply.h"
 #include "site/site_request.h"
 #include "text/json.h"
 
@@ -22,21 +20,23 @@ SecretText remove_body(const SiteSettings& settings, const SecretText& password)
 HttpReply delete_name(const SiteAddress& site, const SiteSettings& settings)
 {
     const SecretText password = settings.pass.in_clear();
-    return site_request("DELETE", site.base + "/wp-json/brasslet/v1/name", remove_body(settings, password),
-                        settings.user, password);
+    return site_request({"DELETE",
+                         site.base + "/wp-json/brasslet/v1/name",
+                         remove_body(settings, password),
+                         {settings.user, password}});
 }
 
-// The sentence for an answer that is no success; empty when the site has dropped the name. What else the site says of
-// its failure is not shown: all that matters is that the name is still there.
-std::wstring remove_refusal(const HttpReply& reply)
+// The sentence for a reply that is not a success; empty when the site deleted the name. Any other message of the site
+// is not shown: what matters is that the name is still there.
+std::string remove_refusal(const HttpReply& reply)
 {
-    std::wstring refusal = change_refusal(reply);
+    std::string refusal = change_refusal(reply);
     if (!refusal.empty() || reply.is_success()) return refusal;
-    return L"The site kept the name.";
+    return "The site kept the name.";
 }
 
-// Publishing keeps a name at the host that the site calls its own, which may be another than the typed one: with
-// "www.", say. So it is forgotten at both.
+// Publishing keeps a name at the host of the site's reply, which may differ from the typed one (by "www.", for
+// example). So the name is removed at both.
 void forget(const std::string& alias, const std::string& typed_host, const std::string& own_host)
 {
     const std::string host = payname_host(typed_host);
@@ -46,20 +46,20 @@ void forget(const std::string& alias, const std::string& typed_host, const std::
 
 }  // namespace
 
-std::wstring remove_sentence(const SiteSettings& settings)
+std::string remove_sentence(const SiteSettings& settings)
 {
-    if (!is_valid_alias(settings.alias)) return L"Type the name to remove.";
+    if (!is_valid_alias(settings.alias)) return "Type the name to remove.";
     std::string typed_site = settings.site;
     const SiteAddress site = normalise_site(typed_site);
-    if (!site.ok || settings.user.empty() || !settings.pass.opens()) return L"Add the site login in settings.";
+    if (!site.ok || settings.user.empty() || !settings.pass.opens()) return "Add the site login in settings.";
 
     const PluginStatus status = plugin_on_site(site.base);
     if (status.plugin != SitePlugin::current) return kInstallCurrentPlugin;
     const HttpReply reply = delete_name(site, settings);
-    std::wstring refusal = remove_refusal(reply);
+    std::string refusal = remove_refusal(reply);
     if (!refusal.empty()) return refusal;
 
     forget(settings.alias, site.host, status.host);
     notify_wallet_app();
-    return L"Removed " + widen(settings.alias + "@" + site.host) + L".";
+    return "Removed " + settings.alias + "@" + site.host + ".";
 }

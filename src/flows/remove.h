@@ -5,6 +5,6 @@
 
 #include <string>
 
-// Has the site drop settings.alias, forgets the name on this PC, tells the wallet application, and returns the one
-// sentence for the user. Needs no wallet. Blocks for as long as the network takes; worker threads only.
-std::wstring remove_sentence(const SiteSettings& settings);
+// Deletes settings.alias on the site, then on this PC, tells the wallet application, and returns the sentence for the
+// user. Needs no wallet. Blocks on the network; worker threads only.
+[[nodiscard]] std::string remove_sentence(const SiteSettings& settings);

@@ -25,33 +25,32 @@ void sleep_for(std::chrono::milliseconds time)
     std::this_thread::sleep_for(time);
 }
 
-HttpRequest json_post(const std::string& url, const std::string& body, std::chrono::seconds timeout)
+HttpRequest json_post(const JsonPost& post)
 {
     HttpRequest request;
-    request.url = url;
+    request.url = post.url;
     request.method = "POST";
     request.headers.emplace_back("Content-Type: application/json");
-    request.body = SecretText(body);
+    request.body = SecretText(post.body);
     request.user_agent = kWalletAgent;
     request.connect_timeout = std::chrono::seconds(8);
-    request.transfer_timeout = timeout;
+    request.transfer_timeout = post.timeout;
     request.pin_wallet_service = true;
     return request;
 }
 
-HttpReply post_json(const std::string& url, const std::string& body, std::chrono::seconds timeout, int attempts,
-                    const Pause& pause)
+HttpReply post_json(const JsonPost& post, const Pause& pause)
 {
     HttpReply reply;
     reply.error = kRateLimited;
-    const HttpRequest request = json_post(url, body, timeout);
+    const HttpRequest request = json_post(post);
     std::chrono::milliseconds pause_time = kFirstPause;
-    for (int attempt = 1; attempt <= attempts; ++attempt) {
+    for (int attempt = 1; attempt <= post.attempts; ++attempt) {
         reply = exchange(request);
         if (!reply.error.empty()) return reply;
         if (reply.status >= 200 && reply.status <= 299) return reply;
         reply.error = service_error(reply.status, reply.body);
-        if (reply.status != kTooManyRequests || attempt == attempts) return reply;
+        if (reply.status != kTooManyRequests || attempt == post.attempts) return reply;
         pause(pause_time);
         pause_time *= 2;
     }

@@ -1,15 +1,27 @@
 #include "net/http_exchange.h"
 
-#include "net/curl_options.h"
 #include "net/curl_owners.h"
-#include "net/host_pin.h"
 #include "net/url_host.h"
+#include "platform/wiping_heap.h"
+
+#include <curl/curl.h>
 
 #include <exception>
 
+CurlLifetime::CurlLifetime()
+    : m_is_started(curl_global_init_mem(CURL_GLOBAL_DEFAULT, wiping_malloc, wiping_free, wiping_realloc, wiping_strdup,
+                                        wiping_calloc) == CURLE_OK)
+{
+}
+
+CurlLifetime::~CurlLifetime()
+{
+    if (m_is_started) curl_global_cleanup();
+}
+
 namespace {
 
-// libcurl's write callback: it ends the transfer when less is taken than was given.
+// libcurl's write callback: any other result than `count` aborts the transfer.
 std::size_t take_body(const char* bytes, std::size_t, std::size_t count, void* body) noexcept
 {
     auto& text = *static_cast<std::string*>(body);
@@ -39,8 +51,8 @@ CURLcode describe(CURL* handle, const HttpRequest& request, const curl_slist* he
     options.set(CURLOPT_USERAGENT, request.user_agent.c_str());
     options.set(CURLOPT_CONNECTTIMEOUT_MS, static_cast<long>(request.connect_timeout.count()));
     options.set(CURLOPT_TIMEOUT_MS, static_cast<long>(request.transfer_timeout.count()));
-    // Schannel would refuse every certificate whose revocation list it cannot fetch: behind a proxy or an antivirus
-    // that inspects TLS, and where the lists' servers are blocked, no site would ever answer, though browsers show it.
+    // By default Schannel refuses a certificate whose revocation status it cannot fetch. Behind TLS inspection, or
+    // where revocation servers are blocked, every request would fail while browsers show the site.
     options.set(CURLOPT_SSL_OPTIONS, static_cast<long>(CURLSSLOPT_REVOKE_BEST_EFFORT));
     if (!request.check_certificate) {
         options.set(CURLOPT_SSL_VERIFYPEER, 0L);
@@ -56,7 +68,7 @@ void read_outcome(CURL* handle, HttpReply& reply)
     long status = 0;
     if (curl_easy_getinfo(handle, CURLINFO_RESPONSE_CODE, &status) == CURLE_OK)
         reply.status = static_cast<std::int32_t>(status);
-    // libcurl writes the credentials of the request into this URL when the redirect names no host of its own.
+    // For a relative redirect libcurl adds the credentials of the request to this URL.
     const char* redirect_url = nullptr;
     if (curl_easy_getinfo(handle, CURLINFO_REDIRECT_URL, &redirect_url) == CURLE_OK && redirect_url != nullptr)
         reply.redirect_url = without_user(redirect_url);

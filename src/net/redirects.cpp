@@ -1,4 +1,6 @@
-#include "net/redirects.h"
+// The redirects of http_exchange.h. Not in http_exchange.cpp: the fuzz targets replace exchange() when they are linked,
+// and test this code with it.
+#include "net/http_exchange.h"
 
 #include <curl/curl.h>
 
@@ -9,7 +11,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using std::chrono::milliseconds;
 
-// Never 0, which would mean no limit: libcurl then says itself that the time is over.
+// At least 1 ms: 0 would mean no limit. libcurl then reports the timeout.
 milliseconds time_until(Clock::time_point end)
 {
     return std::max(std::chrono::duration_cast<milliseconds>(end - Clock::now()), milliseconds(1));
@@ -17,13 +19,12 @@ milliseconds time_until(Clock::time_point end)
 
 }  // namespace
 
-HttpReply exchange_hop_by_hop(const std::string& url, int most, std::chrono::milliseconds whole_time,
-                              const DescribeHop& describe, const FollowsRedirect& follows)
+HttpReply exchange_hop_by_hop(const std::string& url, const RedirectRules& rules, const DescribeHop& describe)
 {
-    const Clock::time_point end = Clock::now() + whole_time;
+    const Clock::time_point end = Clock::now() + rules.whole_time;
     HttpReply reply = exchange(describe(url, time_until(end)));
-    for (int redirects = 0; reply.error.empty() && !reply.redirect_url.empty() && follows(reply); ++redirects) {
-        if (redirects == most) {
+    for (int redirects = 0; reply.error.empty() && !reply.redirect_url.empty() && rules.follows(reply); ++redirects) {
+        if (redirects == rules.most) {
             reply.error = curl_easy_strerror(CURLE_TOO_MANY_REDIRECTS);
             return reply;
         }

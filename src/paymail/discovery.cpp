@@ -1,8 +1,31 @@
 #include "paymail/discovery.h"
 
 #include "net/chain_service.h"
-#include "net/redirects.h"
+#include "net/http_exchange.h"
 #include "net/url_host.h"
+#include "paymail/payname_rules.h"
+#include "platform/dns_query.h"
+#include "text/ascii.h"
+#include "text/json.h"
+
+#include <cstdint>
+#include <string_view>
+
+std::string find_srv_host(const std::string& domain)
+{
+    std::string best;
+    std::uint16_t best_priority = 65535;
+    for (const SrvRecord& record : query_srv("_bsvalias._tcp." + domain)) {
+        if (record.type != kDnsTypeSrv || !record.target || record.port != 443 || record.priority > best_priority)
+            continue;
+        const std::string_view target = *record.target;
+        const std::string host = lower_ascii(target.substr(0, target.find_last_not_of('.') + 1));
+        if (!is_valid_host(host)) continue;
+        best = host;
+        best_priority = record.priority;
+    }
+    return best;
+}
 
 namespace {
 
@@ -28,12 +51,75 @@ HttpRequest discovery_request(const std::string& url, std::chrono::milliseconds 
     return request;
 }
 
-// A redirect that leaves the own machine leaves its exception from the certificate check behind: every hop is described
-// for the host that it goes to.
+// Every redirect gets a request of its own: the exception for localhost must not follow it to another host.
 HttpReply discovery_get(const std::string& url)
 {
-    HttpReply reply = exchange_hop_by_hop(url, kMostRedirects, kWholeTime, discovery_request);
+    HttpReply reply = exchange_hop_by_hop(url, {kMostRedirects, kWholeTime}, discovery_request);
     if (reply.error.empty() && (reply.status < 200 || reply.status > 299))
         reply.error = "HTTP " + std::to_string(reply.status);
     return reply;
+}
+
+namespace {
+
+// Looking for the mark at the end of the result also finds one that a replacement completed, in one pass. A value
+// without braces can neither be nor complete a mark, so this ends.
+std::string replaced(std::string_view text, std::string_view mark, std::string_view value)
+{
+    std::string result;
+    for (const char c : text) {
+        result += c;
+        if (!result.ends_with(mark)) continue;
+        result.resize(result.size() - mark.size());
+        result += value;
+    }
+    return result;
+}
+
+}  // namespace
+
+std::string fill_template(std::string_view url_template, std::string_view alias, std::string_view domain)
+{
+    return replaced(replaced(url_template, "{alias}", alias), "{domain.tld}", domain);
+}
+
+bool url_is_on_host(std::string_view url, std::string_view host)
+{
+    constexpr std::string_view kScheme = "https://";
+    if (!url.starts_with(kScheme)) return false;
+    url.remove_prefix(kScheme.size());
+    const std::string_view authority = url.substr(0, url.find('/'));
+    return authority.find('@') == std::string_view::npos && authority == host;
+}
+
+std::string capability_url(const Discovery& discovery, const char* key, const Payname& payname)
+{
+    std::string url = fill_template(text_member(discovery.capabilities, key), payname.alias, payname.domain);
+    return url_is_on_host(url, discovery.host) || url_is_on_host(url, payname.domain) ? url : std::string();
+}
+
+namespace {
+
+HttpReply discovery_document(const std::string& host)
+{
+    return discovery_get("https://" + host + "/.well-known/bsvalias");
+}
+
+}  // namespace
+
+std::optional<Discovery> discover(const std::string& domain)
+{
+    const std::string srv_host = find_srv_host(domain);
+    Discovery discovery{is_valid_host(srv_host) ? srv_host : domain, nlohmann::json::object()};
+    HttpReply reply = discovery_document(discovery.host);
+    if (!reply.error.empty() && discovery.host != domain) {
+        discovery.host = domain;
+        reply = discovery_document(domain);
+    }
+    if (!reply.error.empty()) return std::nullopt;
+    const nlohmann::json document = parse_json(reply.body);
+    if (!document.is_object()) return discovery;
+    if (const auto member = document.find("capabilities"); member != document.end() && member->is_object())
+        discovery.capabilities = *member;
+    return discovery;
 }

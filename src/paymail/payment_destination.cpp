@@ -1,6 +1,6 @@
 #include "paymail/payment_destination.h"
 
-#include "text/hex.h"
+#include "text/ascii.h"
 #include "text/json.h"
 #include "wallet/address.h"
 
@@ -16,7 +16,7 @@ constexpr char kTooManyOutputs[] = "that paymail host asked for too many outputs
 constexpr char kNoAddress[] = "that paymail host did not return a payment address";
 constexpr char kOtherAmount[] = "that paymail host returned a different amount";
 
-// The address that a pay-to-public-key-hash script pays; empty for every other script and for a value that is no text.
+// The address of a pay-to-public-key-hash script; empty for every other script and for a value that is not a string.
 std::string script_address(const json& script)
 {
     if (!script.is_string()) return {};
@@ -30,7 +30,7 @@ std::string script_address(const json& script)
     return address_from_hash160(hash);
 }
 
-// True only for a whole number from 1 to `most`; however large the number of the reply is, nothing overflows.
+// True for an integer from 1 to `most`; compared as JSON numbers, so that none overflows.
 bool read_satoshis(const json& output, std::int64_t most, std::int64_t& satoshis)
 {
     const auto member = output.find("satoshis");
@@ -40,7 +40,7 @@ bool read_satoshis(const json& output, std::int64_t most, std::int64_t& satoshis
     return true;
 }
 
-// The error text; empty on success.
+// The error; empty on success.
 std::string read_outputs(const json& list, std::vector<PaymentOutput>& outputs)
 {
     if (list.size() > kMostOutputs) return kTooManyOutputs;
@@ -59,7 +59,7 @@ std::string read_outputs(const json& list, std::vector<PaymentOutput>& outputs)
     return total == kAskedFor ? std::string() : kOtherAmount;
 }
 
-// The older answers: one script, or one address, without an amount.
+// The older replies: one script, or one address, without an amount.
 std::string read_single(const json& reply, std::vector<PaymentOutput>& outputs)
 {
     std::string address;
@@ -75,16 +75,14 @@ std::string read_single(const json& reply, std::vector<PaymentOutput>& outputs)
 
 }  // namespace
 
-bool read_payment_destination(const std::string& body, std::vector<PaymentOutput>& outputs, std::string& error)
+PaymentDestination read_payment_destination(const std::string& body)
 {
-    outputs.clear();
     const json reply = parse_json(body);
-    if (!reply.is_object()) {
-        error = kNoAddress;
-        return false;
-    }
+    if (!reply.is_object()) return {{}, kNoAddress};
+    PaymentDestination destination;
     const auto list = reply.find("outputs");
-    error = list != reply.end() && list->is_array() ? read_outputs(*list, outputs) : read_single(reply, outputs);
-    if (!error.empty()) outputs.clear();
-    return error.empty();
+    destination.error = list != reply.end() && list->is_array() ? read_outputs(*list, destination.outputs)
+                                                                : read_single(reply, destination.outputs);
+    if (!destination.error.empty()) destination.outputs.clear();
+    return destination;
 }

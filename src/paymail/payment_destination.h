@@ -10,6 +10,10 @@ struct PaymentOutput {
     std::int64_t satoshis = 0;  // the request asks for one, so this is 1
 };
 
-// The outputs that the reply `body` asks for: always exactly one satoshi in all. False for anything else; then
-// `outputs` is empty and `error` says why.
-bool read_payment_destination(const std::string& body, std::vector<PaymentOutput>& outputs, std::string& error);
+struct PaymentDestination {
+    std::vector<PaymentOutput> outputs;  // of exactly one satoshi in all; empty after an error
+    std::string error;                   // empty on success
+};
+
+// Reads the reply `body`.
+[[nodiscard]] PaymentDestination read_payment_destination(const std::string& body);

@@ -4,7 +4,6 @@
 #include "paymail/payname_rules.h"
 #include "platform/files.h"
 #include "text/ascii.h"
-#include "text/exact_json.h"
 #include "text/json.h"
 #include "wallet_bridge/data_directory.h"
 #include "wallet_bridge/wallet_identity.h"

@@ -1,4 +1,4 @@
-// What a payname may look like (bsvalias paymail addressing).
+// The syntax of paynames (bsvalias paymail addressing).
 #pragma once
 
 #include <string>
@@ -7,5 +7,5 @@
 bool is_valid_alias(std::string_view alias);  // 1 to 64 of: ASCII letters, digits, "+", "-", ".", "_"
 bool is_valid_host(std::string_view host);    // 3 to 253 of: letters, digits, "-", "."; a dot inside, no ".."
 
-// The host of a site as it stands in a payname: the ASCII form that DNS, certificates and every paying wallet use.
+// The domain of a site's paynames: the host's ASCII form, as DNS, certificates and wallets use it.
 std::string payname_host(const std::string& host);

@@ -2,12 +2,10 @@
 
 #include "build_values.h"
 #include "net/chain_service.h"
-#include "paymail/capability.h"
 #include "paymail/discovery.h"
 #include "paymail/payment_destination.h"
 #include "paymail/payname_registry.h"
 #include "paymail/payname_rules.h"
-#include "paymail/srv_host.h"
 #include "text/ascii.h"
 #include "text/clock.h"
 #include "text/json.h"
@@ -19,17 +17,6 @@ namespace {
 
 using nlohmann::json;
 
-struct Payname {
-    std::string alias;
-    std::string domain;
-};
-
-// What the world says about a domain's paymail service.
-struct Discovered {
-    std::string host;  // that answered
-    json capabilities = json::object();
-};
-
 Payname split_payname(const std::string& payname)
 {
     const std::size_t at = payname.find('@');
@@ -37,30 +24,7 @@ Payname split_payname(const std::string& payname)
     return {payname.substr(0, at), payname.substr(at + 1)};
 }
 
-HttpReply discovery_document(const std::string& host)
-{
-    return discovery_get("https://" + host + "/.well-known/bsvalias");
-}
-
-// False when no host answers.
-bool discover(const std::string& domain, Discovered& discovered)
-{
-    const std::string srv_host = find_srv_host(domain);
-    discovered.host = is_valid_host(srv_host) ? srv_host : domain;
-    HttpReply reply = discovery_document(discovered.host);
-    if (!reply.error.empty() && discovered.host != domain) {
-        discovered.host = domain;
-        reply = discovery_document(domain);
-    }
-    if (!reply.error.empty()) return false;
-    const json document = parse_json(reply.body);
-    if (!document.is_object()) return true;
-    if (const auto member = document.find("capabilities"); member != document.end() && member->is_object())
-        discovered.capabilities = *member;
-    return true;
-}
-
-// Asks for one satoshi's destination. The sender's name is fixed: nobody is paid, and the site learns no name from it.
+// Asks where to pay one satoshi. Nobody pays, so the sender's name is fixed and tells the site nothing.
 std::string destination_request()
 {
     return compact_json({{"senderName", "payname"},
@@ -72,10 +36,8 @@ std::string destination_request()
 
 bool pays_only(const std::string& reply_body, const std::string& address)
 {
-    std::vector<PaymentOutput> outputs;
-    std::string error;
-    return read_payment_destination(reply_body, outputs, error) && outputs.size() == 1 &&
-           outputs.front().address == address;
+    const PaymentDestination destination = read_payment_destination(reply_body);
+    return destination.outputs.size() == 1 && destination.outputs.front().address == address;
 }
 
 // The sentence for the user; empty when the name is kept.
@@ -90,22 +52,19 @@ std::string verify(const std::string& payname)
     const std::string key = lower_ascii(wallet.public_key);
     if (key.size() != 66 || wallet.address.size() < 26) return "This Vaultry has no payment address yet.";
 
-    Discovered discovered;
-    if (!discover(name.domain, discovered)) return "The site did not answer the paymail address.";
-    const auto url_of = [&](const char* key_of_capability) {
-        return capability_url(discovered.capabilities, key_of_capability, name.alias, name.domain, discovered.host);
-    };
+    const auto discovery = discover(name.domain);
+    if (!discovery) return "The site did not answer the paymail address.";
 
-    const std::string pki_url = url_of("pki");
+    const std::string pki_url = capability_url(*discovery, "pki", name);
     if (pki_url.empty()) return "The site did not publish the key.";
     const HttpReply pki = discovery_get(pki_url);
     if (!pki.error.empty()) return "The site did not publish the key.";
     if (lower_ascii(text_member(parse_json(pki.body), "pubkey")) != key)
         return "That site is not publishing this Vaultry.";
 
-    const std::string destination_url = url_of("paymentDestination");
+    const std::string destination_url = capability_url(*discovery, "paymentDestination", name);
     if (destination_url.empty()) return "The site did not publish a payment address.";
-    const HttpReply destination = post_json(destination_url, destination_request(), std::chrono::seconds(12), 1);
+    const HttpReply destination = post_json({destination_url, destination_request(), std::chrono::seconds(12), 1});
     if (!destination.error.empty()) return "The site did not publish a payment address.";
     if (!pays_only(destination.body, wallet.address)) return "That site is paying a different address.";
 

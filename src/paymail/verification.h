@@ -1,12 +1,12 @@
-// Proves from outside, as a paying client would, that a published payname resolves to the connected wallet.
+// Proves that a published payname resolves to the connected wallet, by the requests of a paying wallet.
 #pragma once
 
 #include <string>
 
 struct Verification {
-    bool is_kept = false;  // the name resolves to this wallet and stands in the payname registry
-    std::string message;   // the sentence for the user otherwise
+    bool is_kept = false;  // the name resolves to this wallet and is in the payname registry
+    std::string message;   // otherwise the sentence for the user
 };
 
-// Blocks for as long as DNS and up to five HTTPS exchanges take; worker threads only.
-Verification verify_and_keep(const std::string& payname);
+// Blocks on DNS and up to five HTTPS exchanges; worker threads only.
+[[nodiscard]] Verification verify_and_keep(const std::string& payname);

@@ -3,7 +3,7 @@
 // Secrets pass through memory that no type of ours reaches: the JSON reader's copy of its last token, buffers that grew
 // and moved, a library's own text. wiping_heap.cpp therefore replaces the global operator delete by one that zeroes
 // what it frees. C libraries that accept an allocator get the functions below: libcurl when it is started
-// (net/curl_lifetime.cpp), libcrypto before main begins (libcrypto_memory.cpp).
+// (net/http_exchange.cpp), libcrypto before main begins (libcrypto_memory.cpp).
 #pragma once
 
 #include <cstddef>

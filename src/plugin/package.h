@@ -3,16 +3,26 @@
 
 #include "platform/open_page.h"
 
+#include <cstdint>
 #include <string>
 #include <string_view>
+
+// CRC-32 of zip files (PKWARE's APPNOTE): reflected polynomial 0xEDB88320, initial value and final XOR of all ones; 0
+// for no bytes.
+std::uint32_t crc32(std::string_view bytes);
+
+// A zip file (PKWARE's APPNOTE) with one uncompressed entry that has `name` ("/" separates, no entry for the folder)
+// and holds `data`, less than 4 GiB. The entry's date is zero: the same data always gives the same bytes.
+std::string stored_zip(std::string_view name, std::string_view data);
 
 // "brasslet.zip" in the folder of the settings; the folder is made when it is missing.
 std::string plugin_zip_path();
 
 // Writes the zip file whose only entry is "brasslet/brasslet.php" with the bytes of `plugin`. False when it cannot be
 // written; an older zip of that name then stays as it was.
-bool write_plugin_zip(const std::string& path, std::string_view plugin);
+[[nodiscard]] bool write_plugin_zip(const std::string& path, std::string_view plugin);
 
 // Shows the zip file selected in Explorer, then WordPress' own page for uploading a plugin, when `site` (as typed) is
-// an address that can be used. `owner`: the window that shell errors belong to. Silent. User-interface thread only.
+// an address that can be used. `owner`: the window that shell errors belong to. Reports no
+// failure. User-interface thread only.
 void show_plugin_upload(std::string site, WindowHandle owner);

@@ -2,7 +2,6 @@
 
 #include "platform/files.h"
 #include "text/clock.h"
-#include "text/exact_json.h"
 #include "text/json.h"
 #include "wallet_bridge/data_directory.h"
 
@@ -18,7 +17,7 @@ enum class FileState { missing, unreadable, damaged, whole };
 
 struct SettingsFile {
     FileState state = FileState::missing;
-    json document;  // an object, also in a damaged file of which something can be taken; otherwise null
+    json document;  // an object when the file holds one, also when it is damaged; otherwise null
 };
 
 std::string settings_path()
@@ -26,7 +25,7 @@ std::string settings_path()
     return settings_folder() + "/ui.json";
 }
 
-// The member, empty when it is absent; nothing when it is no text.
+// The string member `key`, "" when it is missing. Empty optional when it is not a string.
 std::optional<std::string> text_or_nothing(const json& document, const char* key)
 {
     const auto member = document.find(key);
@@ -41,7 +40,7 @@ bool has_its_members_as_texts(const json& document)
     return std::ranges::all_of(kMembers, [&](const char* key) { return text_or_nothing(document, key).has_value(); });
 }
 
-// `text` is what could be read of it.
+// `text`: the file's bytes, or empty when it could not be read.
 SettingsFile settings_file(const std::optional<std::string>& text)
 {
     if (!text)
@@ -51,7 +50,7 @@ SettingsFile settings_file(const std::optional<std::string>& text)
     return {has_its_members_as_texts(document) ? FileState::whole : FileState::damaged, std::move(document)};
 }
 
-// What of the file can be taken, up to the first member that is no text.
+// Takes the members of the file, up to the first that is not a string.
 void take(const json& document, SiteSettings& settings)
 {
     if (!document.is_object()) return;
@@ -66,7 +65,7 @@ void take(const json& document, SiteSettings& settings)
     settings.pass = StoredPassword::of_file(*pass);
 }
 
-// The settings were without a file so far: where they are empty, they are the file's.
+// Fills what is empty in settings that could not be read before from the file.
 void complete(const json& document, SiteSettings& settings)
 {
     SiteSettings from_file;

@@ -1,4 +1,4 @@
-// The address of the user's WordPress site, in the one form that the rest of the program uses.
+// The address of the user's WordPress site, normalised.
 #pragma once
 
 #include <string>
@@ -6,9 +6,9 @@
 struct SiteAddress {
     std::string base;  // "https://" + host + path, no trailing "/"
     std::string host;  // lower case, without port
-    bool ok = false;   // false: unusable, and both texts are empty
+    bool ok = false;   // false: both strings are empty
 };
 
-// Turns what the user typed into a SiteAddress. Plain http, user information and any port but 443 are refused.
-// `typed` is trimmed in place, so that the settings keep the trimmed text.
+// Normalises the typed address. Plain http, user information and any port but 443 are refused. `typed` is trimmed in
+// place: the settings keep the trimmed string.
 SiteAddress normalise_site(std::string& typed);

@@ -1,8 +1,8 @@
 #include "site/site_request.h"
 
-#include "net/redirects.h"
+#include "build_values.h"
 #include "net/url_host.h"
-#include "text/base64.h"
+#include "text/ascii.h"
 
 #include <chrono>
 
@@ -10,20 +10,20 @@ namespace {
 
 constexpr int kMostRedirects = 4;
 
-// Nothing of it is left behind: the sum is made where the secret takes it from.
+// The temporary string is moved into the secret, which wipes it.
 SecretText joined(const std::string& front, const std::string& back)
 {
     return SecretText(front + back);
 }
 
-// After these the same request is made at the other address. RFC 9110 lets a client turn a POST into a GET after 301
-// and 302; the plugin's site means the request as it was. 303 says that it has been carried out.
+// After these statuses the request is repeated at the other URL. RFC 9110 allows a client to change a POST to a GET
+// after 301 and 302; here the method stays. 303 means that the request has been carried out.
 bool repeats_request(std::int32_t status)
 {
     return status == 301 || status == 302 || status == 307 || status == 308;
 }
 
-// libcurl would send the plugin's own header, and after 307 and 308 the body too, to whatever host a redirect names.
+// libcurl itself would send the header with the login, and after 307 and 308 the body, to any host.
 HttpReply exchange_on_site(const HttpRequest& first)
 {
     const auto describe = [&](const std::string& url, std::chrono::milliseconds time_left) {
@@ -36,39 +36,37 @@ HttpReply exchange_on_site(const HttpRequest& first)
     const auto follows = [&](const HttpReply& reply) {
         return repeats_request(reply.status) && is_same_site(first.url, reply.redirect_url);
     };
-    HttpReply reply = exchange_hop_by_hop(first.url, kMostRedirects, first.transfer_timeout, describe, follows);
+    HttpReply reply = exchange_hop_by_hop(first.url, {kMostRedirects, first.transfer_timeout, follows}, describe);
     if (!reply.error.empty() || is_same_site(first.url, reply.redirect_url)) reply.redirect_url.clear();
     return reply;
 }
 
 }  // namespace
 
-HttpRequest describe_site_request(const std::string& method, const std::string& url, const SecretText& body,
-                                  const std::string& user, const SecretText& password)
+HttpRequest describe_site_request(const SiteRequest& request)
 {
-    HttpRequest request;
-    request.url = url;
-    request.method = method;
-    request.headers.emplace_back("Accept: application/json");
-    if (!body.empty()) request.headers.emplace_back("Content-Type: application/json");
-    request.body = body;
-    if (!user.empty()) {
-        request.credentials = joined(user + ":", password.text());
-        const SecretText encoded(base64_encode(request.credentials.text()));
-        request.headers.push_back(joined("X-Brasslet-Auth: Basic ", encoded.text()));
+    HttpRequest described;
+    described.url = request.url;
+    described.method = request.method;
+    described.headers.emplace_back("Accept: application/json");
+    if (!request.body.empty()) described.headers.emplace_back("Content-Type: application/json");
+    described.body = request.body;
+    if (!request.login.user.empty()) {
+        described.credentials = joined(request.login.user + ":", request.login.password.text());
+        const SecretText encoded(base64_encode(described.credentials.text()));
+        described.headers.push_back(joined("X-Brasslet-Auth: Basic ", encoded.text()));
     }
-    request.user_agent = kBrassletAgent;
-    request.connect_timeout = std::chrono::seconds(8);
-    request.transfer_timeout = std::chrono::seconds(20);
-    request.redirects = kMostRedirects;
-    return request;
+    described.user_agent = kBrassletAgent;
+    described.connect_timeout = std::chrono::seconds(8);
+    described.transfer_timeout = std::chrono::seconds(20);
+    described.redirects = kMostRedirects;
+    return described;
 }
 
-HttpReply site_request(const std::string& method, const std::string& url, const SecretText& body,
-                       const std::string& user, const SecretText& password)
+HttpReply site_request(const SiteRequest& request)
 {
-    const HttpRequest request = describe_site_request(method, url, body, user, password);
-    HttpReply reply = request.credentials.empty() ? exchange(request) : exchange_on_site(request);
+    const HttpRequest first = describe_site_request(request);
+    HttpReply reply = first.credentials.empty() ? exchange(first) : exchange_on_site(first);
     if (!reply.error.empty()) reply.error = reply.error == kNoCurlHandle ? kSiteUnreachable : kSiteSilent;
     return reply;
 }

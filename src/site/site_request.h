@@ -9,18 +9,27 @@
 inline constexpr char kSiteUnreachable[] = "Could not reach the site.";
 inline constexpr char kSiteSilent[] = "The site did not answer.";
 
-// `method` is "GET", "POST" or "DELETE", `url` a SiteAddress's base and a path, `body` JSON or empty. With a user, the
-// credentials travel twice: as Basic authentication and in a header of the plugin's own, because some hosts strip the
-// standard one before WordPress sees it. Blocks until the exchange ends; worker threads only.
-//
-// At most four redirects are followed, and none away from https. A request with a login follows only those that may
-// repeat it (301, 302, 307, 308) and stay on the same site (is_same_site): method, body and login are then sent anew.
-//
-// The reply's error is one of the two texts above, or empty: then there was an answer, of whatever status. It has a
-// redirect_url only when the site sends on to where the login does not go.
-HttpReply site_request(const std::string& method, const std::string& url, const SecretText& body,
-                       const std::string& user, const SecretText& password);
+struct SiteLogin {
+    std::string user;  // empty: the request has no login, whatever the password is
+    SecretText password;
+};
 
-// What site_request sends to the first host.
-HttpRequest describe_site_request(const std::string& method, const std::string& url, const SecretText& body,
-                                  const std::string& user, const SecretText& password);
+struct SiteRequest {
+    std::string method;  // "GET", "POST" or "DELETE"
+    std::string url;     // the base of a SiteAddress and a path
+    SecretText body;     // JSON; empty: none is sent
+    SiteLogin login;
+};
+
+// Sends `request`. A login is sent twice, as Basic authentication and in the header "X-Brasslet-Auth", because some
+// hosts strip the standard one before WordPress sees it. Blocks until the exchange ends; worker threads only.
+//
+// At most four redirects are followed, all of them https. With a login, only 301, 302, 307 and 308 on the same site
+// (is_same_site) are followed, each by the same method with the same body and login.
+//
+// The reply's error is kSiteUnreachable, kSiteSilent, or empty for a response of any status. Its redirect_url is set
+// only when a request with a login was redirected to where the login must not go.
+HttpReply site_request(const SiteRequest& request);
+
+// The request that site_request sends first.
+HttpRequest describe_site_request(const SiteRequest& request);

@@ -1,4 +1,4 @@
-// Paths as Windows writes them, taken as text: "\" and "/" both separate.
+// Windows paths as strings: both "\" and "/" separate.
 #pragma once
 
 #include <string_view>

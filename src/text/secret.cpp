@@ -16,7 +16,7 @@ void wipe(std::string& text)
 
 void wipe_finished_stack()
 {
-    std::array<std::uint8_t, 32'768> deep{};  // more than any parser or cipher call here has been seen to use
+    std::array<std::uint8_t, 32'768> deep{};  // more than any parser or cipher call was measured to use
     wipe(deep.data(), deep.size());
 }
 

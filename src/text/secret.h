@@ -1,8 +1,7 @@
-// Types for bytes and text that must not outlive their use: they wipe themselves.
+// Owners of secret bytes and strings that zero them on destruction.
 //
-// Text that libraries copy on their way is caught elsewhere: the program's operator delete wipes what it frees
-// (platform/wiping_heap). What remains is what stands inside an object or on a stack, and that is these types'
-// business.
+// Copies that libraries make on the heap are zeroed by the program's operator delete (platform/wiping_heap.h). These
+// types cover the rest: bytes inside an object or on the stack.
 #pragma once
 
 #include <array>
@@ -12,15 +11,14 @@
 #include <string>
 #include <utility>
 
-// Zeroes the memory in a way that no compiler removes.
+// Zeroes `size` bytes; the compiler does not optimise it away.
 void wipe(void* memory, std::size_t size);
 void wipe(std::string& text);  // its whole capacity, then empties it
 
-// Zeroes the stack below the caller, where finished calls into libraries have left their buffers.
+// Zeroes the stack below the caller, where library calls that have returned left their buffers.
 void wipe_finished_stack();
 
-// `Size` bytes, zeroed at the start and when it dies. A move wipes its source; a copy is asked for with clone(),
-// never made by accident.
+// `Size` bytes, zero at first and zeroed on destruction. A move zeroes its source. Not copyable; see clone().
 template <std::size_t Size>
 class WipedBuffer {
 public:
@@ -56,7 +54,7 @@ private:
     std::array<std::uint8_t, Size> m_bytes{};
 };
 
-// Text that wipes itself, the short form inside the object included.
+// A string that is zeroed on destruction, also when it is short enough to lie inside the object.
 class SecretText {
 public:
     SecretText() = default;

@@ -1,5 +1,6 @@
 #include "update/build_number.h"
 
+#include "build_values.h"
 #include "text/ascii.h"
 
 #include <algorithm>
@@ -12,7 +13,7 @@ namespace {
 constexpr std::int32_t kThousand = 1000;
 constexpr int kFractionDigits = 3;
 
-// Decimal; empty is 0. Nothing when a character is no digit or the number goes beyond `most`.
+// Decimal; an empty string is 0. Empty optional when a character is not a digit or the number is above `most`.
 std::optional<std::int64_t> number(std::string_view digits, std::int64_t most)
 {
     std::int64_t value = 0;
@@ -42,7 +43,7 @@ bool is_part_of_number(char c)
     return is_ascii_digit(c) || c == '.';
 }
 
-// The run of digits and dots at the start of `text`, behind what may stand before it.
+// The digits and dots at the start of `text`, after blanks, ":" and "=".
 std::string_view leading_version(std::string_view text)
 {
     text.remove_prefix(
@@ -81,4 +82,10 @@ std::string version_of_build(std::int32_t build)
     const std::int32_t whole = build / kThousand;
     static_cast<void>(std::snprintf(text, sizeof text, "%d.%03d", whole, build - whole * kThousand));
     return text;
+}
+
+std::string version_text(bool update_is_available)
+{
+    if (update_is_available) return std::string("Update available, ") + kMakersPage;
+    return "Version " + version_of_build(kOwnBuild);
 }

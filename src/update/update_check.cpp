@@ -1,5 +1,6 @@
 #include "update/update_check.h"
 
+#include "build_values.h"
 #include "update/build_number.h"
 
 HttpRequest page_request(const std::string& url)

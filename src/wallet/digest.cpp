@@ -1,4 +1,4 @@
-// RIPEMD160() is deprecated, but its replacement lives in a provider that not every libcrypto can load.
+// RIPEMD160() is deprecated; its replacement needs OpenSSL's legacy provider, which not every libcrypto can load.
 #define OPENSSL_SUPPRESS_DEPRECATED
 #include "wallet/digest.h"
 

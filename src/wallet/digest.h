@@ -1,4 +1,4 @@
-// The hashes that keys and addresses are made with.
+// The hash functions of keys and addresses (libcrypto).
 #pragma once
 
 #include "text/secret.h"
@@ -11,10 +11,11 @@
 
 using Digest = WipedBuffer<32>;
 
-// All of them: empty when libcrypto fails.
-std::optional<Digest> sha256(std::span<const std::uint8_t> bytes);
-std::optional<std::array<std::uint8_t, 20>> ripemd160(std::span<const std::uint8_t> bytes);
-std::optional<WipedBuffer<64>> hmac_sha512(std::span<const std::uint8_t> key, std::span<const std::uint8_t> data);
+// Each is empty when libcrypto fails.
+[[nodiscard]] std::optional<Digest> sha256(std::span<const std::uint8_t> bytes);
+[[nodiscard]] std::optional<std::array<std::uint8_t, 20>> ripemd160(std::span<const std::uint8_t> bytes);
+[[nodiscard]] std::optional<WipedBuffer<64>> hmac_sha512(std::span<const std::uint8_t> key,
+                                                         std::span<const std::uint8_t> data);
 
-// The bytes of a text, as the hashes take them.
+// The bytes of `text`.
 std::span<const std::uint8_t> bytes_of(std::string_view text);

@@ -1,7 +1,90 @@
 #include "wallet/lock_record.h"
 
-#include "text/hex.h"
+#include "text/ascii.h"
 #include "text/json.h"
+#include "wallet/digest.h"
+
+#include <openssl/evp.h>
+#include <openssl/rand.h>
+
+#include <climits>
+#include <memory>
+#include <string>
+
+namespace {
+
+constexpr int kIvSize = 12;
+constexpr int kTagSize = 16;
+constexpr std::size_t kSpareRoom = 16;  // bytes that EVP_CipherUpdate may write beyond its input
+constexpr std::size_t kLongestText = INT_MAX - kSpareRoom;
+
+struct FreeCipher {
+    void operator()(EVP_CIPHER_CTX* cipher) const { EVP_CIPHER_CTX_free(cipher); }  // wipes its key
+};
+using Cipher = std::unique_ptr<EVP_CIPHER_CTX, FreeCipher>;
+
+enum class Direction { kDecrypt = 0, kEncrypt = 1 };
+
+// Null when libcrypto fails.
+Cipher started_cipher(std::span<const std::uint8_t, 32> key, const std::vector<std::uint8_t>& iv, Direction direction)
+{
+    Cipher cipher(EVP_CIPHER_CTX_new());
+    const int encrypts = static_cast<int>(direction);
+    if (!cipher || EVP_CipherInit_ex(cipher.get(), EVP_aes_256_gcm(), nullptr, nullptr, nullptr, encrypts) != 1 ||
+        EVP_CIPHER_CTX_ctrl(cipher.get(), EVP_CTRL_GCM_SET_IVLEN, kIvSize, nullptr) != 1 ||
+        EVP_CipherInit_ex(cipher.get(), nullptr, nullptr, key.data(), iv.data(), encrypts) != 1) {
+        return nullptr;
+    }
+    return cipher;
+}
+
+// Encrypts or decrypts all of `input` into `output`.
+bool run(EVP_CIPHER_CTX* cipher, std::span<const std::uint8_t> input, std::vector<std::uint8_t>& output)
+{
+    output.resize(input.size() + kSpareRoom);
+    int size = 0;
+    int last = 0;
+    if (EVP_CipherUpdate(cipher, output.data(), &size, input.data(), static_cast<int>(input.size())) != 1 ||
+        EVP_CipherFinal_ex(cipher, output.data() + size, &last) != 1) {
+        return false;
+    }
+    output.resize(static_cast<std::size_t>(size) + static_cast<std::size_t>(last));
+    return true;
+}
+
+}  // namespace
+
+std::optional<SealedText> encrypt(std::span<const std::uint8_t, 32> key, const SecretText& plain)
+{
+    if (plain.text().size() > kLongestText) return std::nullopt;
+    SealedText sealed;
+    sealed.iv.resize(kIvSize);
+    if (RAND_bytes(sealed.iv.data(), kIvSize) != 1) return std::nullopt;
+
+    const Cipher cipher = started_cipher(key, sealed.iv, Direction::kEncrypt);
+    if (!cipher || !run(cipher.get(), bytes_of(plain.text()), sealed.ciphertext)) return std::nullopt;
+    sealed.tag.resize(kTagSize);
+    if (EVP_CIPHER_CTX_ctrl(cipher.get(), EVP_CTRL_GCM_GET_TAG, kTagSize, sealed.tag.data()) != 1) return std::nullopt;
+    return sealed;
+}
+
+std::optional<SecretText> decrypt(std::span<const std::uint8_t, 32> key, const SealedText& sealed)
+{
+    if (sealed.iv.size() != kIvSize || sealed.tag.size() != kTagSize) return std::nullopt;
+    if (sealed.ciphertext.empty() || sealed.ciphertext.size() > kLongestText) return std::nullopt;
+
+    const Cipher cipher = started_cipher(key, sealed.iv, Direction::kDecrypt);
+    auto tag = sealed.tag;
+    if (!cipher || EVP_CIPHER_CTX_ctrl(cipher.get(), EVP_CTRL_GCM_SET_TAG, kTagSize, tag.data()) != 1) {
+        return std::nullopt;
+    }
+    std::vector<std::uint8_t> plain;
+    std::optional<SecretText> text;
+    if (run(cipher.get(), sealed.ciphertext, plain)) text.emplace(std::string(plain.begin(), plain.end()));
+    plain.resize(plain.capacity());
+    wipe(plain.data(), plain.size());
+    return text;
+}
 
 namespace {
 
@@ -34,7 +117,7 @@ const LockKey& lock_key()
 bool is_lock_record(std::string_view text)
 {
     const bool is_record = has_lock_mark(parse_json(text));
-    wipe_finished_stack();  // an open wallet file may have gone through the parser
+    wipe_finished_stack();  // `text` may be an open wallet file, with its phrase
     return is_record;
 }
 

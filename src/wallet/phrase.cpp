@@ -1,10 +1,35 @@
 #include "wallet/phrase.h"
 
 #include "wallet/digest.h"
-#include "wallet/word_list.h"
+
+#include <openssl/evp.h>
 
 #include <algorithm>
+#include <array>
+#include <climits>
 #include <string_view>
+
+namespace {
+
+constexpr std::array<std::string_view, 2048> kWords{
+#include "wallet/english_words.inc"
+};
+
+bool same_letter(char typed, char listed)
+{
+    return (typed >= 'A' && typed <= 'Z' ? typed - 'A' + 'a' : typed) == listed;
+}
+
+}  // namespace
+
+std::optional<std::uint16_t> word_position(std::string_view word)
+{
+    const auto found = std::find_if(kWords.begin(), kWords.end(), [word](std::string_view listed) {
+        return std::equal(word.begin(), word.end(), listed.begin(), listed.end(), same_letter);
+    });
+    if (found == kWords.end()) return std::nullopt;
+    return static_cast<std::uint16_t>(found - kWords.begin());
+}
 
 namespace {
 
@@ -13,9 +38,9 @@ constexpr std::size_t kWordCount = 12;
 constexpr std::size_t kBitsPerWord = 11;
 constexpr std::size_t kEntropySize = 16;
 
-using PackedWords = WipedBuffer<kEntropySize + 1>;  // the entropy, then the checksum in the high half of the last byte
+using PackedWords = WipedBuffer<kEntropySize + 1>;  // entropy, then the checksum in the high four bits of the last byte
 
-// Takes the next word off `rest`; empty when there is none left.
+// Removes the next word from `rest` and returns it; empty at the end.
 std::string_view next_word(std::string_view& rest)
 {
     rest.remove_prefix(std::min(rest.find_first_not_of(kSeparators), rest.size()));
@@ -48,4 +73,23 @@ bool is_valid_phrase(const SecretText& phrase)
 
     const auto digest = sha256(packed.bytes().first<kEntropySize>());
     return digest && (digest->data()[0] & 0xF0) == packed.data()[kEntropySize];
+}
+
+std::optional<Seed> seed_from_phrase(const SecretText& phrase)
+{
+    return stretched_phrase(phrase, "mnemonic");
+}
+
+std::optional<Seed> stretched_phrase(const SecretText& phrase, std::string_view salt)
+{
+    constexpr int kRounds = 2048;
+    const std::string& password = phrase.text();
+    if (password.size() > INT_MAX || salt.size() > INT_MAX) return std::nullopt;
+    Seed seed;
+    if (PKCS5_PBKDF2_HMAC(password.data(), static_cast<int>(password.size()), bytes_of(salt).data(),
+                          static_cast<int>(salt.size()), kRounds, EVP_sha512(), static_cast<int>(seed.size()),
+                          seed.data()) != 1) {
+        return std::nullopt;
+    }
+    return seed;
 }

@@ -42,17 +42,16 @@ struct Wallet {
     std::vector<OrdinalItem> ordinals;
     std::vector<Contact> contacts;
     WalletKeys keys;
-    SecretText source;  // the text that this wallet was read from: a rewrite keeps what it does not know
+    SecretText source;  // the document that the wallet was read from: a rewrite keeps its unknown members
 };
 
-// The wallet in `text`, its keys derived. Empty for anything malformed, a phrase that fails its check, a key that is no
-// key, and a lock record, for which this program holds no key. The keys of `known`, a wallet that was read before, are
-// taken over instead of derived again when they come from the same phrase and the same counters.
-std::optional<Wallet> read_wallet(SecretText text, const Wallet* known = nullptr);
+// The wallet in `text`, its keys derived. Empty for a malformed document, an invalid phrase or key, and a lock record,
+// for which this program holds no key. The keys of `known`, a wallet that was read before, are copied instead of
+// derived again when phrase and counters are the same.
+[[nodiscard]] std::optional<Wallet> read_wallet(SecretText text, const Wallet* known = nullptr);
 
-// The document of `wallet` to put in the place of its source: the members known here set from the wallet, all others
-// and all array elements of the source kept as they were, down to the digits of a number. Keys sorted, indent 2. Empty
-// when it cannot be made, and when the source is of a format version above 2 or gives a member that is known here
-// another type than the format does: then a newer wallet application means something else by it, and it is not ours to
-// rewrite.
-SecretText wallet_text(const Wallet& wallet);
+// The document of `wallet` to replace its source: known members set from the wallet; unknown ones and all array
+// elements of the source unchanged, down to the digits of a number. Keys sorted, indent 2. Empty when the source is not
+// an object, its format version is above 2 or a known member has another type than in this format: a newer wallet
+// application gave it a meaning that this program does not know, so it must not rewrite it.
+[[nodiscard]] SecretText wallet_text(const Wallet& wallet);

@@ -1,7 +1,43 @@
 #include "wallet/wallet_keys.h"
 
-#include "wallet/keys.h"
-#include "wallet/seed.h"
+#include "text/ascii.h"
+#include "wallet/address.h"
+#include "wallet/extended_key.h"
+#include "wallet/phrase.h"
+
+#include <algorithm>
+
+std::optional<DerivedKey> derive_key(const ExtendedKey& master, const DerivationPath& path)
+{
+    ExtendedKey key{master.private_key.clone(), master.chain_code.clone()};
+    for (const std::uint32_t index : path) {
+        auto child = derive_child(key, index);
+        if (!child) return std::nullopt;
+        key = std::move(*child);
+    }
+    const auto public_key = public_key_of(key.private_key.bytes());
+    if (!public_key) return std::nullopt;
+
+    DerivedKey derived;
+    derived.private_key = SecretText(hex_encode(key.private_key.bytes()));
+    derived.public_key = hex_encode(*public_key);
+    derived.address = address_from_public_key(derived.public_key);
+    if (derived.address.empty()) return std::nullopt;
+    return derived;
+}
+
+std::string public_key_from_private(const SecretText& private_key_hex)
+{
+    WipedBuffer<32> private_key;
+    auto bytes = hex_decode(private_key_hex.text());
+    const bool is_key_size = bytes.size() == private_key.size();
+    if (is_key_size) std::copy(bytes.begin(), bytes.end(), private_key.data());
+    wipe(bytes.data(), bytes.size());
+    if (!is_key_size) return {};
+
+    const auto public_key = public_key_of(private_key.bytes());
+    return public_key ? hex_encode(*public_key) : std::string();
+}
 
 namespace {
 
@@ -34,7 +70,7 @@ bool derive_all(const ExtendedKey& master, std::uint32_t receive_index, std::uin
     keys.address = std::move(payment->address);
     keys.identity_key = std::move(identity->public_key);
     keys.identity_address = std::move(identity->address);
-    // A wallet without its ordinals address still pays and proves who it is.
+    // The ordinals address is optional: without it the wallet can still be paid and identified.
     auto ordinals = account_key(master, kOrdinalsAccount, ordinals_index);
     if (ordinals) keys.ordinals_address = std::move(ordinals->address);
     return true;

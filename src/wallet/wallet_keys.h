@@ -1,10 +1,28 @@
-// The keys that the program uses of one wallet, at purpose 44' and coin type 236'.
+// Keys and addresses as strings: at a derivation path, of a single private key, and those of a wallet that the program
+// uses, at purpose 44' and coin type 236'.
 #pragma once
 
 #include "text/secret.h"
+#include "wallet/extended_key.h"
 
+#include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
+
+using DerivationPath = std::array<std::uint32_t, 5>;
+
+struct DerivedKey {
+    SecretText private_key;  // 64 lower-case hex digits
+    std::string public_key;  // 66 lower-case hex digits, compressed
+    std::string address;     // Base58Check, version 0x00
+};
+
+// Key at the five-step `path` below `master`. Empty when a step fails.
+[[nodiscard]] std::optional<DerivedKey> derive_key(const ExtendedKey& master, const DerivationPath& path);
+
+// 66 lower-case hex digits; empty when `private_key_hex` is not 32 bytes or is zero or not below the group order.
+std::string public_key_from_private(const SecretText& private_key_hex);
 
 struct WalletKeys {
     SecretText private_key;    // of the payment key, or the single key: 64 hex digits

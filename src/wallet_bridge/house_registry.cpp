@@ -3,7 +3,6 @@
 #include "build_values.h"
 #include "platform/files.h"
 #include "text/ascii.h"
-#include "text/exact_json.h"
 #include "text/json.h"
 #include "wallet_bridge/data_directory.h"
 

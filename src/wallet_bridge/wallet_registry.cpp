@@ -1,7 +1,6 @@
 #include "wallet_bridge/wallet_registry.h"
 
 #include "platform/files.h"
-#include "text/exact_json.h"
 #include "text/json.h"
 #include "wallet_bridge/data_directory.h"
 #include "wallet_bridge/registry_lock.h"

@@ -4,7 +4,7 @@
 #include "app/layout.h"
 #include "bench/floor_window.h"
 #include "kit/wallet_files.h"
-#include "net/curl_lifetime.h"
+#include "net/http_exchange.h"
 #include "wallet/wallet_keys.h"
 
 #include <commctrl.h>

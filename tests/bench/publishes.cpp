@@ -5,7 +5,7 @@
 #include "bench/pairs.h"
 #include "bench/require.h"
 #include "net/chain_service.h"
-#include "net/curl_lifetime.h"
+#include "net/http_exchange.h"
 #include "paymail/discovery.h"
 #include "site/site_request.h"
 #include "text/clock.h"
@@ -78,11 +78,11 @@ std::vector<HttpRequest> requests_of(const Publish& publish)
                                                {"dt", milliseconds_since_epoch()},
                                                {"amount", 1},
                                                {"purpose", "payment"}});
-    return {describe_site_request("GET", rest + "/status", SecretText(), "", SecretText()),
-            describe_site_request("POST", rest + "/name", body, publish.user, publish.password),
+    return {describe_site_request({"GET", rest + "/status", SecretText(), {"", SecretText()}}),
+            describe_site_request({"POST", rest + "/name", body, {publish.user, publish.password}}),
             discovery_request(publish.site + "/.well-known/bsvalias", patience),
             discovery_request(rest + "/id/" + publish.alias, patience),
-            json_post(rest + "/address/" + publish.alias, question, patience)};
+            json_post({rest + "/address/" + publish.alias, question, patience, 1})};
 }
 
 HWND control(int id)

@@ -9,7 +9,7 @@
 #include "platform/files.h"
 #include "text/json.h"
 #include "wallet/extended_key.h"
-#include "wallet/seed.h"
+#include "wallet/phrase.h"
 #include "wallet_bridge/loaded_wallet.h"
 #include "wallet_bridge/wallet_identity.h"
 

@@ -46,7 +46,7 @@ TEST(ServiceError, DropsBlanksAndLineEndsAtTheEndBeforeItCuts)
 TEST(PostJson, WithoutAnAttemptSaysRateLimitedAndSendsNothing)
 {
     for (const int attempts : {0, -1}) {
-        const HttpReply reply = post_json("https://brasslet.test/", "{}", std::chrono::seconds(12), attempts);
+        const HttpReply reply = post_json({"https://brasslet.test/", "{}", std::chrono::seconds(12), attempts});
         EXPECT_EQ(reply.error, kRateLimited);
         EXPECT_EQ(reply.status, 0);
     }
@@ -54,7 +54,7 @@ TEST(PostJson, WithoutAnAttemptSaysRateLimitedAndSendsNothing)
 
 TEST(PostJson, PresentsItselfAsTheWalletApplication)
 {
-    const HttpRequest request = json_post("https://brasslet.test/pay", "{\"a\":1}", std::chrono::seconds(12));
+    const HttpRequest request = json_post({"https://brasslet.test/pay", "{\"a\":1}", std::chrono::seconds(12), 1});
     EXPECT_EQ(request.url, "https://brasslet.test/pay");
     EXPECT_EQ(request.body.text(), "{\"a\":1}");
     ASSERT_EQ(request.headers.size(), 1U);

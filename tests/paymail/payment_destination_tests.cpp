@@ -28,19 +28,15 @@ std::string outputs(const std::string& list)
 
 std::string error_of(const std::string& body)
 {
-    std::vector<PaymentOutput> read = {{"left from before", 7}};
-    std::string error = "left from before";
-    const bool ok = read_payment_destination(body, read, error);
-    EXPECT_EQ(ok, error.empty()) << body;
-    EXPECT_EQ(ok, !read.empty()) << body;
-    return error;
+    const PaymentDestination destination = read_payment_destination(body);
+    EXPECT_EQ(destination.error.empty(), !destination.outputs.empty()) << body;
+    return destination.error;
 }
 
 void expect_paid(const std::string& body)
 {
-    std::vector<PaymentOutput> read;
-    std::string error;
-    ASSERT_TRUE(read_payment_destination(body, read, error)) << body << ": " << error;
+    const auto [read, error] = read_payment_destination(body);
+    ASSERT_EQ(error, "") << body;
     ASSERT_EQ(read.size(), 1U);
     EXPECT_EQ(read[0].address, kAddress);
     EXPECT_EQ(read[0].satoshis, 1);

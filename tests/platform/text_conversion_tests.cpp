@@ -1,6 +1,6 @@
 #include "platform/text_conversion.h"
 
-#include "text/hex.h"
+#include "text/ascii.h"
 
 #include <gtest/gtest.h>
 

@@ -6,7 +6,8 @@ import zipfile
 from executable import ROOT
 
 FOLDER = ROOT / "build/package"
-VERSION = re.search(r'BRASSLET_VERSION "(.*)"', (ROOT / "src/update/version.h").read_text())[1]
+BUILD = int(re.search(r"set\(BRASSLET_BUILD (\d+)\)", (ROOT / "cmake/build_values.cmake").read_text())[1])
+VERSION = f"{BUILD // 1000}.{BUILD % 1000:03}"
 NAME = f"Brasslet-{VERSION}-win64"
 ZIP = FOLDER / f"{NAME}.zip"
 MAP = ROOT / "build/windows/src/Brasslet.map"

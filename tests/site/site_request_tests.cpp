@@ -20,7 +20,7 @@ std::vector<std::string> header_texts(const HttpRequest& request)
 TEST(SiteRequest, ADeleteWithABodyAndALoginSaysAllOfIt)
 {
     const HttpRequest request =
-        describe_site_request("DELETE", kUrl, SecretText("{}"), "admin", SecretText("abcd efgh"));
+        describe_site_request({"DELETE", kUrl, SecretText("{}"), {"admin", SecretText("abcd efgh")}});
     EXPECT_EQ(request.url, kUrl);
     EXPECT_EQ(request.method, "DELETE");
     EXPECT_EQ(request.body.text(), "{}");
@@ -32,27 +32,27 @@ TEST(SiteRequest, ADeleteWithABodyAndALoginSaysAllOfIt)
 
 TEST(SiteRequest, AGetWithoutABodyHasNoContentType)
 {
-    const HttpRequest request = describe_site_request("GET", kUrl, {}, "admin", SecretText("p"));
+    const HttpRequest request = describe_site_request({"GET", kUrl, {}, {"admin", SecretText("p")}});
     EXPECT_THAT(header_texts(request),
                 testing::ElementsAre("Accept: application/json", "X-Brasslet-Auth: Basic YWRtaW46cA=="));
 }
 
 TEST(SiteRequest, AnEmptyUserSendsNoCredentialsEvenWithAPassword)
 {
-    const HttpRequest request = describe_site_request("GET", kUrl, {}, "", SecretText("secret"));
+    const HttpRequest request = describe_site_request({"GET", kUrl, {}, {"", SecretText("secret")}});
     EXPECT_TRUE(request.credentials.empty());
     EXPECT_THAT(header_texts(request), testing::ElementsAre("Accept: application/json"));
 }
 
 TEST(SiteRequest, AnEmptyPasswordIsSentWithItsUser)
 {
-    const HttpRequest request = describe_site_request("GET", kUrl, {}, "admin", {});
+    const HttpRequest request = describe_site_request({"GET", kUrl, {}, {"admin", {}}});
     EXPECT_EQ(request.credentials.text(), "admin:");
 }
 
 TEST(SiteRequest, WaitsEightSecondsToConnectAndTwentyInAllAndFollowsFourRedirects)
 {
-    const HttpRequest request = describe_site_request("GET", kUrl, {}, "", {});
+    const HttpRequest request = describe_site_request({"GET", kUrl, {}, {"", {}}});
     EXPECT_EQ(request.connect_timeout, std::chrono::seconds(8));
     EXPECT_EQ(request.transfer_timeout, std::chrono::seconds(20));
     EXPECT_EQ(request.redirects, 4);

@@ -8,7 +8,7 @@
 
 namespace {
 
-// Puts a T into memory that outlives it, so that what its destructor left there can be looked at.
+// Constructs a T in memory that outlives it, to read what its destructor left there.
 template <typename T>
 struct Grave {
     alignas(T) unsigned char memory[sizeof(T)] = {};

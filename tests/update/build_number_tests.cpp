@@ -1,5 +1,7 @@
 #include "update/build_number.h"
 
+#include "build_values.h"
+
 #include <gtest/gtest.h>
 
 TEST(BuildOfVersion, CountsThousandthsAndPadsThem)
@@ -101,4 +103,10 @@ TEST(VersionOfBuild, HasThreeDigitsAfterTheDot)
     EXPECT_EQ(version_of_build(0), "0.000");
     EXPECT_EQ(version_of_build(1500), "1.500");
     EXPECT_EQ(version_of_build(2147483647), "2147483.647");
+}
+
+TEST(VersionText, IsTheOwnVersionOrWhereTheUpdateIs)
+{
+    EXPECT_EQ(version_text(false), "Version 0.001");
+    EXPECT_EQ(version_text(true), std::string("Update available, ") + kMakersPage);
 }

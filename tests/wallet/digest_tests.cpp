@@ -1,6 +1,6 @@
 #include "wallet/digest.h"
 
-#include "text/hex.h"
+#include "text/ascii.h"
 
 #include <gtest/gtest.h>
 

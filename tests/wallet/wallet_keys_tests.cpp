@@ -1,9 +1,71 @@
 #include "wallet/wallet_keys.h"
 
+#include "text/ascii.h"
 #include "wallet/address.h"
-#include "wallet/keys.h"
+#include "wallet/vectors/bip32.h"
 
 #include <gtest/gtest.h>
+
+namespace {
+
+constexpr char kGenerator[] = "0279be667ef9dcbbac55a06295ce870b07029bfcdb2dce28d959f2815b16f81798";
+
+std::string public_key_of_text(const std::string& private_key)
+{
+    return public_key_from_private(SecretText(private_key));
+}
+
+}  // namespace
+
+TEST(Keys, AtTheEndOfTheFiveStepsOfAPublishedChain)
+{
+    // Vectors 1 and 2 have exactly five steps below their master keys.
+    for (const auto& vector : {kChainVectors[0], kChainVectors[1]}) {
+        ASSERT_EQ(vector.steps.size(), 6U);
+        DerivationPath path{};
+        for (std::size_t i = 0; i < path.size(); ++i)
+            path[i] = vector.steps[i + 1].index;
+        const auto key = derive_key(master_key(hex_decode(vector.seed)).value(), path);
+        ASSERT_TRUE(key);
+        const auto expected_private = base58_decode(vector.steps[5].extended_private_key).value();
+        const auto expected_public = base58_decode(vector.steps[5].extended_public_key).value();
+        EXPECT_EQ(key->private_key.text(), hex_encode(std::span(expected_private).subspan(46, 32)));
+        EXPECT_EQ(key->public_key, hex_encode(std::span(expected_public).subspan(45, 33)));
+        EXPECT_EQ(key->address, address_from_public_key(key->public_key));
+    }
+}
+
+TEST(Keys, DerivingLeavesTheMasterKeyAsItWas)
+{
+    const auto master = master_key(hex_decode("000102030405060708090a0b0c0d0e0f")).value();
+    const auto first = derive_key(master, {1, 2, 3, 4, 5});
+    const auto second = derive_key(master, {1, 2, 3, 4, 5});
+    ASSERT_TRUE(first && second);
+    EXPECT_EQ(first->public_key, second->public_key);
+}
+
+TEST(Keys, AFailedStepGivesNothing)
+{
+    EXPECT_FALSE(derive_key(ExtendedKey{}, {0, 1, 2, 3, 4}));
+}
+
+TEST(Keys, PublicKeyOfAPrivateKey)
+{
+    EXPECT_EQ(public_key_of_text(std::string(63, '0') + "1"), kGenerator);
+    // A published pair (Bitcoin wiki, "Technical background of version 1 Bitcoin addresses").
+    constexpr char kPublished[] = "0250863ad64a87ae8a2fe83c1af1a8403cb53f53e486d8511dad8a04887e5b2352";
+    EXPECT_EQ(public_key_of_text("18e14a7b6a307f426a94f8114701e7c8e774e7f9a47e2c2035db29a206321725"), kPublished);
+    EXPECT_EQ(public_key_of_text("18E14A7B6A307F426A94F8114701E7C8E774E7F9A47E2C2035DB29A206321725"), kPublished);
+    EXPECT_EQ(address_from_public_key(kPublished), "1PMycacnJaSqwwJqjawXBErnLsZ7RkXUAs");
+}
+
+TEST(Keys, NoPublicKeyOfATextThatIsNoPrivateKey)
+{
+    const std::string key = "18e14a7b6a307f426a94f8114701e7c8e774e7f9a47e2c2035db29a206321725";
+    for (const std::string& text : {std::string(), key.substr(1), key.substr(2), key + "00", key.substr(1) + "g",
+                                    std::string(64, '0'), std::string(64, 'f')})
+        EXPECT_EQ(public_key_of_text(text), "") << text;
+}
 
 namespace {
 
@@ -12,7 +74,7 @@ const SecretText
 
 }  // namespace
 
-// The expected keys were computed apart from this program, with Python's own integers and hashlib.
+// The expected keys were computed independently, with Python's integers and hashlib.
 TEST(WalletKeys, OfThePublishedPhrase)
 {
     WalletKeys keys;

@@ -4,7 +4,7 @@
 #include "app/windows/open_settings.h"
 #include "app/windows/single_instance.h"
 #include "app/windows/workers.h"
-#include "net/curl_lifetime.h"
+#include "net/http_exchange.h"
 #include "platform/environment.h"
 #include "platform/windows/com_apartment.h"
 #include "platform/windows/crash_reports.h"

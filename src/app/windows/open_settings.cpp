@@ -3,13 +3,14 @@
 #include "app/windows/app_state.h"
 #include "app/windows/controls.h"
 #include "app/windows/wallet_card.h"
+#include "platform/text_conversion.h"
 #include "settings/windows/settings_window.h"
 
 namespace {
 
 void tell(SettingsNotice notice)
 {
-    if (notice != SettingsNotice::none) set_status(notice_sentence(notice));
+    if (notice != SettingsNotice::none) set_status(widen(notice_sentence(notice)));
 }
 
 // The file could not be read at the start, and now it was.

@@ -1,7 +1,7 @@
 // The settings window as the main window opens it.
 #pragma once
 
-#include "settings/settings_notice.h"
+#include "settings/site_settings.h"
 
 void open_settings();
 

@@ -7,7 +7,6 @@
 #include "platform/text_conversion.h"
 #include "ui/windows/link.h"
 #include "update/build_number.h"
-#include "update/version_text.h"
 
 namespace {
 

@@ -3,6 +3,7 @@
 #include "app/windows/messages.h"
 #include "app/windows/posted_text.h"
 #include "build_values.h"
+#include "platform/text_conversion.h"
 #include "update/update_check.h"
 #include "wallet_bridge/connect.h"
 
@@ -35,7 +36,7 @@ void check_for_update(HWND window)
 
 void start_flow(HWND window, const Flow& flow, const SiteSettings& settings)
 {
-    start_worker([=] { post_text(window, MsgFlowResult, std::make_unique<std::wstring>(flow(settings))); });
+    start_worker([=] { post_text(window, MsgFlowResult, std::make_unique<std::wstring>(widen(flow(settings)))); });
 }
 
 void start_connecting(HWND window)

@@ -8,9 +8,9 @@
 #include <functional>
 #include <string>
 
-// One of the things the user can have done on the site: decides everything and returns the sentence to show. Runs on a
-// worker thread.
-using Flow = std::function<std::wstring(const SiteSettings& settings)>;
+// One of the things the user can have done on the site: decides everything and returns the sentence to show, UTF-8.
+// Runs on a worker thread.
+using Flow = std::function<std::string(const SiteSettings& settings)>;
 
 // Runs `flow` on a worker thread with its own copy of the settings, then posts exactly one MsgFlowResult to `window`.
 void start_flow(HWND window, const Flow& flow, const SiteSettings& settings);

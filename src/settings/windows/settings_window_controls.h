@@ -2,7 +2,7 @@
 #pragma once
 
 #include "settings/settings_store.h"
-#include "settings/typed_settings.h"
+#include "settings/site_settings.h"
 #include "ui/windows/fonts.h"
 
 enum SettingsControlId : int {

@@ -5,7 +5,7 @@
 #include "kit/windows/stalled_site.h"
 #include "kit/windows/wallet_on_disk.h"
 #include "platform/user_protection.h"
-#include "text/base64.h"
+#include "text/ascii.h"
 #include "text/json.h"
 
 #include <gmock/gmock.h>

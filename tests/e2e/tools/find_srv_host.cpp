@@ -1,6 +1,6 @@
 // Prints the host that the system's DNS client names for the paymails of a domain: find_srv_host DOMAIN. An empty line:
 // there is none.
-#include "paymail/srv_host.h"
+#include "paymail/discovery.h"
 
 #include <iostream>
 

@@ -4,23 +4,22 @@
 #include "kit/test_folder.h"
 #include "kit/wire/net_test.h"
 #include "kit/wire/owned_site.h"
-#include "plugin/zip_file.h"
+#include "plugin/package.h"
 
 namespace {
 
 constexpr char kZip[] = "payname/brasslet.zip";
-constexpr wchar_t kOnTheSite[] = L"Plugin is on the site.";
-constexpr wchar_t kUploadOver[] =
-    L"Brasslet.zip is selected in the folder that opened. Upload it over the plugin already "
-    L"there. This one sends the login in the form.";
-constexpr wchar_t kUpload[] =
-    L"Brasslet.zip is selected in the folder that opened. Upload it, activate it, then press Install plugin again.";
-constexpr wchar_t kNotWritten[] = L"Could not write the plugin.";
+constexpr char kOnTheSite[] = "Plugin is on the site.";
+constexpr char kUploadOver[] = "Brasslet.zip is selected in the folder that opened. Upload it over the plugin already "
+                               "there. This one sends the login in the form.";
+constexpr char kUpload[] =
+    "Brasslet.zip is selected in the folder that opened. Upload it, activate it, then press Install plugin again.";
+constexpr char kNotWritten[] = "Could not write the plugin.";
 
 class Installing : public NetTest {
 protected:
     Installing() { stand_in().resource = "<?php // the plugin"; }
-    std::wstring sentence()
+    std::string sentence()
     {
         return install_sentence(settings, [this] {
             ++times_shown;
@@ -28,7 +27,7 @@ protected:
             return folder_opens;
         });
     }
-    void expect_package(const std::wstring& expected)
+    void expect_package(const std::string& expected)
     {
         times_shown = 0;
         is_written_before_it_is_shown = false;
@@ -36,7 +35,7 @@ protected:
         EXPECT_EQ(times_shown, 1);
         EXPECT_TRUE(is_written_before_it_is_shown);
     }
-    void expect_no_package(const std::wstring& expected)
+    void expect_no_package(const std::string& expected)
     {
         EXPECT_EQ(sentence(), expected);
         EXPECT_EQ(times_shown, 0);
@@ -56,7 +55,7 @@ TEST_F(Installing, NeedsASite)
 {
     for (const char* site : {"", "http://brasslet.test", "https://brasslet.test:8443"}) {
         settings.site = site;
-        expect_no_package(L"Add the site in settings.");
+        expect_no_package("Add the site in settings.");
     }
     EXPECT_TRUE(server.requests().empty());
 }
@@ -148,5 +147,5 @@ TEST_F(Installing, SaysThatTheZipCouldNotBeWritten)
 TEST_F(Installing, SaysThatTheFolderDidNotOpen)
 {
     folder_opens = false;
-    expect_package(L"The zip is saved, and the folder did not open.");
+    expect_package("The zip is saved, and the folder did not open.");
 }

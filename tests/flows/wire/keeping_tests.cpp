@@ -7,7 +7,7 @@ namespace {
 
 constexpr char kOthers[] = R"({"names":[{"paymail":"bob@x.org"}]})";
 
-// The registry, and with it every file that is read after it, is held by somebody just when it is used.
+// From the first access to the registry on, that file and every later one is held by another program.
 void hold_the_registry()
 {
     stand_in().files.on_use = [](const std::string& path) {
@@ -66,10 +66,10 @@ TEST_F(Publishing, ANameThatThisPcCannotKeepIsToldToTheUserAndNotToTheWalletAppl
 {
     wallet.folder.write(kRegistry, kOthers);
     hold_the_registry();
-    EXPECT_EQ(publish_sentence(settings), L"Could not keep the name on this PC.");
+    EXPECT_EQ(publish_sentence(settings), "Could not keep the name on this PC.");
     stand_in().files = {};
     stand_in().files.writes_fail = true;
-    EXPECT_EQ(publish_sentence(settings), L"Could not keep the name on this PC.");
+    EXPECT_EQ(publish_sentence(settings), "Could not keep the name on this PC.");
     EXPECT_EQ(kept_names(), kOthers);
     EXPECT_EQ(stand_in().wallet_app_notices, 0);
 }

@@ -48,7 +48,7 @@ TEST_F(Publishing, AWalletThatGoesMeanwhileHasNoPaymentAddress)
 {
     answer(kStatusPath, "", 404);
     wallet_file_changes(2, kNoWallet);
-    expect_sentence(L"This Vaultry has no payment address yet.");
+    expect_sentence("This Vaultry has no payment address yet.");
     EXPECT_TRUE(server.requests().empty());
 }
 
@@ -56,7 +56,7 @@ TEST_F(Publishing, AMissingLoginComesBeforeAMissingAddress)
 {
     settings.user = "";
     wallet_file_changes(2, kNoWallet);
-    expect_sentence(L"Add the WordPress user and application password in settings.");
+    expect_sentence("Add the WordPress user and application password in settings.");
 }
 
 TEST_F(Publishing, TheKeyIsSentInLowerCase)

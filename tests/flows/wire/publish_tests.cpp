@@ -31,7 +31,7 @@ TEST_F(Publishing, SendsTheHousePaymailOfTheWallet)
 {
     wallet.folder.write(kBoundWalletFile, R"({"version":2,"mnemonic":"abandon abandon abandon abandon abandon abandon )"
                                           R"(abandon abandon abandon abandon abandon about","paymail":"alice"})");
-    publish_sentence(settings);
+    EXPECT_EQ(publish_sentence(settings), kKept);
     EXPECT_THAT(server.requests()[1], HasSubstr(R"("house":"alice@corvane.example")"));
 }
 
@@ -39,7 +39,7 @@ TEST_F(Publishing, NeedsAWallet)
 {
     wallet.folder.write(kBoundWalletFile, "{}");
     settings.alias = "";
-    expect_sentence(L"Connect a Vaultry wallet first.");
+    expect_sentence("Connect a Vaultry wallet first.");
     EXPECT_TRUE(server.requests().empty());
 }
 
@@ -49,7 +49,7 @@ TEST_F(Publishing, NeedsAName)
     for (const std::string& alias :
          {std::string(), std::string(65, 'a'), std::string("a b"), std::string("a@b"), std::string("a/b")}) {
         settings.alias = alias;
-        expect_sentence(L"Type the name. Letters, numbers, and . _ + -");
+        expect_sentence("Type the name. Letters, numbers, and . _ + -");
     }
     EXPECT_TRUE(server.requests().empty());
 }
@@ -58,7 +58,7 @@ TEST_F(Publishing, ANameMayHave64Characters)
 {
     settings.alias = std::string(64, 'a');
     settings.user = "";
-    expect_sentence(L"Add the WordPress user and application password in settings.");
+    expect_sentence("Add the WordPress user and application password in settings.");
 }
 
 TEST_F(Publishing, NeedsASiteWithADotOverHttps)
@@ -66,7 +66,7 @@ TEST_F(Publishing, NeedsASiteWithADotOverHttps)
     settings.user = "";
     for (const char* site : {"", "http://brasslet.test", "https://intranet", "https://brasslet.test:8443"}) {
         settings.site = site;
-        expect_sentence(L"Add the site in settings. It needs https.");
+        expect_sentence("Add the site in settings. It needs https.");
     }
     EXPECT_TRUE(server.requests().empty());
 }
@@ -75,17 +75,17 @@ TEST_F(Publishing, NeedsTheLogin)
 {
     for (const char* text : {"", "bG9ja2Vk"}) {  // none, and one that does not open here
         settings.pass = StoredPassword::of_file(text);
-        expect_sentence(L"Add the WordPress user and application password in settings.");
+        expect_sentence("Add the WordPress user and application password in settings.");
     }
     settings.pass = StoredPassword(SecretText("abcdefgh"));
     settings.user = "";
-    expect_sentence(L"Add the WordPress user and application password in settings.");
+    expect_sentence("Add the WordPress user and application password in settings.");
     EXPECT_TRUE(server.requests().empty());
 }
 
 TEST_F(Publishing, NeedsTheCurrentPlugin)
 {
-    constexpr wchar_t kInstall[] = L"Press Install plugin and upload the zip over the one on the site.";
+    constexpr char kInstall[] = "Press Install plugin and upload the zip over the one on the site.";
     answer(kStatusPath, R"({"ok":true})");
     expect_sentence(kInstall);
     answer(kStatusPath, kCurrentPlugin, 500);
@@ -110,21 +110,21 @@ TEST_F(Publishing, SaysWhatWordPressRefused)
 TEST_F(Publishing, ThePluginMayHaveGone)
 {
     answer(kNamePath, "", 404);
-    expect_sentence(L"Install the plugin first.");
+    expect_sentence("Install the plugin first.");
 }
 
 TEST_F(Publishing, AnyOtherFailureShowsTheSitesMessage)
 {
     answer(kNamePath, R"({"message":"The name is taken."})", 409);
-    expect_sentence(L"The name is taken.");
+    expect_sentence("The name is taken.");
     answer(kNamePath, "<html>", 500);
-    expect_sentence(L"The site did not take the name.");
+    expect_sentence("The site did not take the name.");
     server.answer(kNamePath, Answer{200, "", {}, Fault::hang_up});
-    expect_sentence(L"The site did not answer.");
+    expect_sentence("The site did not answer.");
     server.answer(kNamePath, Answer{200, R"({"ok":true})", {}, Fault::cut_body});
-    expect_sentence(L"The site did not answer.");
+    expect_sentence("The site did not answer.");
     server.answer(kNamePath, Answer{200, std::string(1'000'001, 'a'), {}, Fault::none});
-    expect_sentence(L"The site did not answer.");
+    expect_sentence("The site did not answer.");
 }
 
 TEST_F(Publishing, ASuccessThatIsNoJsonKeepsTheTypedHost)
@@ -143,17 +143,17 @@ TEST_F(Publishing, TheSitesOwnHostIsTakenInLowerCase)
 TEST_F(Publishing, NamesWhatElseIsOnTheSite)
 {
     answer(kNamePath, R"({"host":"brasslet.test","aliases":["alice",7,"bob","carol"]})");
-    expect_sentence(L"Vaultry kept alice@brasslet.test. Still on the site: bob@brasslet.test, carol@brasslet.test.");
+    expect_sentence("Vaultry kept alice@brasslet.test. Still on the site: bob@brasslet.test, carol@brasslet.test.");
 }
 
 TEST_F(Publishing, ShowsTheVerifiersSentence)
 {
     answer(kPkiPath, "{}");
-    expect_sentence(L"That site is not publishing this Vaultry.");
+    expect_sentence("That site is not publishing this Vaultry.");
     answer(kNamePath, R"({"host":"corvane.example"})");
-    expect_sentence(L"The house paymail stays on Vaultry.");
+    expect_sentence("The house paymail stays on Vaultry.");
     answer(kNamePath, R"({"host":"no host"})");
-    expect_sentence(L"That name is not a paymail.");
+    expect_sentence("That name is not a paymail.");
 }
 
 TEST_F(Publishing, AUserWhoTypesWwwPublishesOnASiteAtTheApex)
@@ -173,18 +173,17 @@ TEST_F(Publishing, AUserWhoTypesWwwPublishesOnASiteAtTheApex)
 TEST_F(Publishing, ASiteThatSendsOnToAnotherOneIsNamed)
 {
     server.answer(kNamePath, {302, R"({"message":"Moved."})", {"Location: https://other.test/name"}, Fault::none});
-    expect_sentence(L"The site sends on to other.test. Type that site in settings.");
+    expect_sentence("The site sends on to other.test. Type that site in settings.");
     server.answer(kNamePath, {301, "", {"Location: http://brasslet.test/name"}, Fault::none});
-    expect_sentence(
-        L"The site sends on to brasslet.test, away from https on port 443. Ask your host to keep it there.");
+    expect_sentence("The site sends on to brasslet.test, away from https on port 443. Ask your host to keep it there.");
 }
 
 TEST_F(Publishing, ARedirectThatLeadsNowhereIsNoSuccess)
 {
     server.answer(kNamePath, {302, "", {}, Fault::none});
-    expect_sentence(L"The site did not take the name.");
+    expect_sentence("The site did not take the name.");
     server.answer(kNamePath, redirect_to("https://ex ample/"));
-    expect_sentence(L"The site did not take the name.");
+    expect_sentence("The site did not take the name.");
 }
 
 TEST_F(Publishing, ASiteOutsideAsciiIsKeptAndAskedForByItsAsciiName)
@@ -193,7 +192,7 @@ TEST_F(Publishing, ASiteOutsideAsciiIsKeptAndAskedForByItsAsciiName)
     answer(kDiscoveryPath, discovery_document("xn--bcher-kva.test"));
     answer("GET /id/alice@xn--bcher-kva.test", compact_json({{"pubkey", wallet.key}}));
     answer("POST /pay/alice@xn--bcher-kva.test", R"({"address":")" + wallet.address + R"("})");
-    expect_sentence(L"Vaultry kept alice@xn--bcher-kva.test.");
+    expect_sentence("Vaultry kept alice@xn--bcher-kva.test.");
     EXPECT_THAT(stand_in().srv_queries, testing::ElementsAre("_bsvalias._tcp.xn--bcher-kva.test"));
     EXPECT_THAT(kept_names(), HasSubstr(R"("alice@xn--bcher-kva.test")"));
 }
@@ -201,11 +200,11 @@ TEST_F(Publishing, ASiteOutsideAsciiIsKeptAndAskedForByItsAsciiName)
 TEST_F(Publishing, WhatTheSiteSaysIsOneLineWithoutMarksOfDirection)
 {
     answer(kNamePath, R"({"message":"Full.\n\u202eDo\u0007 this."})", 500);
-    expect_sentence(L"Full. Do this.");
+    expect_sentence("Full. Do this.");
     answer(kNamePath, R"({"message":"No\u200f\tway."})", 403);
-    expect_sentence(L"No way.");
+    expect_sentence("No way.");
     answer(kNamePath, R"({"message":"\u202e\n"})", 500);
-    expect_sentence(L"The site did not take the name.");
+    expect_sentence("The site did not take the name.");
     answer(kNamePath, R"({"message":"\u202e\n"})", 401);
-    expect_sentence(L"WordPress refused that application password.");
+    expect_sentence("WordPress refused that application password.");
 }

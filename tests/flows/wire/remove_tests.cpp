@@ -13,9 +13,9 @@ using testing::HasSubstr;
 
 constexpr char kNamePath[] = "DELETE /wp-json/brasslet/v1/name";
 constexpr char kRegistry[] = "payname/payname.json";
-constexpr wchar_t kRemoved[] = L"Removed alice@brasslet.test.";
-constexpr wchar_t kSiteKept[] = L"The site kept the name.";
-constexpr wchar_t kInstall[] = L"Press Install plugin and upload the zip over the one on the site.";
+constexpr char kRemoved[] = "Removed alice@brasslet.test.";
+constexpr char kSiteKept[] = "The site kept the name.";
+constexpr char kInstall[] = "Press Install plugin and upload the zip over the one on the site.";
 
 // No wallet is connected in any of these tests: removing needs none.
 class Removing : public NetTest {
@@ -26,10 +26,10 @@ protected:
         answer(kStatusPath, kCurrentPlugin);
         answer(kNamePath, R"({"ok":true,"host":"brasslet.test","aliases":[]})");
     }
-    void expect_sentence(const std::wstring& sentence)
+    void expect_sentence(const std::string& sentence)
     {
         EXPECT_EQ(remove_sentence(settings), sentence);
-        const bool is_removed = sentence.starts_with(L"Removed ");
+        const bool is_removed = sentence.starts_with("Removed ");
         EXPECT_EQ(folder.has(kRegistry), !is_removed);
         EXPECT_EQ(stand_in().wallet_app_notices, is_removed ? 1 : 0);
     }
@@ -80,7 +80,7 @@ TEST_F(Removing, NeedsAName)
     for (const std::string& alias : {std::string(), std::string(65, 'a'), std::string("a b"), std::string("a@b"),
                                      std::string("a/b"), std::string("\xC3\xA4")}) {
         settings.alias = alias;
-        expect_sentence(L"Type the name to remove.");
+        expect_sentence("Type the name to remove.");
     }
     EXPECT_TRUE(server.requests().empty());
 }
@@ -88,12 +88,12 @@ TEST_F(Removing, NeedsAName)
 TEST_F(Removing, ANameMayHave64CharactersOfEveryKind)
 {
     settings.alias = std::string(60, 'a') + "+-._";
-    EXPECT_EQ(remove_sentence(settings), L"Removed " + std::wstring(60, L'a') + L"+-._@brasslet.test.");
+    EXPECT_EQ(remove_sentence(settings), "Removed " + std::string(60, 'a') + "+-._@brasslet.test.");
 }
 
 TEST_F(Removing, NeedsASiteAndALogin)
 {
-    constexpr wchar_t kAddLogin[] = L"Add the site login in settings.";
+    constexpr char kAddLogin[] = "Add the site login in settings.";
     for (const char* site : {"", "http://brasslet.test", "https://brasslet.test:8443"}) {
         settings.site = site;
         expect_sentence(kAddLogin);
@@ -137,7 +137,7 @@ TEST_F(Removing, SaysWhatWordPressRefused)
 TEST_F(Removing, ThePluginMayHaveGone)
 {
     answer(kNamePath, R"({"message":"No route"})", 404);
-    expect_sentence(L"Install the plugin first.");
+    expect_sentence("Install the plugin first.");
 }
 
 TEST_F(Removing, EveryOtherFailureMeansThatTheSiteKeptTheName)
@@ -164,7 +164,7 @@ TEST_F(Removing, TheNameIsForgottenAtTheHostThatTheSiteCallsItsOwnToo)
                             R"({"paymail":"alice@www.brasslet.test"},{"paymail":"alice@other.test"}]})");
     settings.site = "www.brasslet.test";
     answer(kStatusPath, R"({"ok":true,"login":"names","host":"Brasslet.TEST"})");
-    EXPECT_EQ(remove_sentence(settings), L"Removed alice@www.brasslet.test.");
+    EXPECT_EQ(remove_sentence(settings), "Removed alice@www.brasslet.test.");
     EXPECT_THAT(folder.read(kRegistry), testing::Not(HasSubstr("alice@brasslet.test")));
     EXPECT_THAT(folder.read(kRegistry), testing::Not(HasSubstr("alice@www.brasslet.test")));
     EXPECT_THAT(folder.read(kRegistry), HasSubstr("bob@brasslet.test"));
@@ -177,8 +177,8 @@ TEST_F(Removing, ANameOfASiteOutsideAsciiIsForgottenAsItWasKept)
     folder.write(kRegistry, R"({"names":[{"paymail":"alice@xn--bcher-kva.test"}]})");
     settings.site = "b\xC3\xBC"
                     "cher.test";
-    expect_sentence(L"Removed alice@b\u00fc"
-                    L"cher.test.");
+    expect_sentence("Removed alice@b\u00fc"
+                    "cher.test.");
 }
 
 TEST_F(Removing, AUserWhoTypesWwwRemovesFromASiteAtTheApex)
@@ -188,7 +188,7 @@ TEST_F(Removing, AUserWhoTypesWwwRemovesFromASiteAtTheApex)
                                 {200, R"({"login":"names","host":"brasslet.test"})", {}, Fault::none}});
     server.answer(kNamePath, {redirect_to("https://brasslet.test/wp-json/brasslet/v1/name", 301),
                               {200, R"({"ok":true,"aliases":[]})", {}, Fault::none}});
-    expect_sentence(L"Removed alice@www.brasslet.test.");
+    expect_sentence("Removed alice@www.brasslet.test.");
     const auto requests = server.requests();
     ASSERT_EQ(requests.size(), 4U);
     expect_login_in(requests[3]);
@@ -198,7 +198,7 @@ TEST_F(Removing, AUserWhoTypesWwwRemovesFromASiteAtTheApex)
 TEST_F(Removing, ASiteThatSendsOnToAnotherOneIsNamed)
 {
     server.answer(kNamePath, redirect_to("https://other.test/name", 308));
-    expect_sentence(L"The site sends on to other.test. Type that site in settings.");
+    expect_sentence("The site sends on to other.test. Type that site in settings.");
 }
 
 TEST_F(Removing, TheSentenceHasTheTypedHost)
@@ -206,5 +206,5 @@ TEST_F(Removing, TheSentenceHasTheTypedHost)
     settings.site = "WWW.brasslet.test/blog";
     server.answer("GET /blog/wp-json/brasslet/v1/status", Answer{200, R"({"login":"names"})", {}, Fault::none});
     server.answer("DELETE /blog/wp-json/brasslet/v1/name", Answer{200, R"({"host":"brasslet.test"})", {}, Fault::none});
-    EXPECT_EQ(remove_sentence(settings), L"Removed alice@www.brasslet.test.");
+    EXPECT_EQ(remove_sentence(settings), "Removed alice@www.brasslet.test.");
 }

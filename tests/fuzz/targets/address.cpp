@@ -2,7 +2,6 @@
 #include "wallet/address.h"
 
 #include "fuzz/target.h"
-#include "wallet/base58.h"
 
 namespace {
 

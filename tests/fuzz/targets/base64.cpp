@@ -1,9 +1,8 @@
 // Property: bytes survive being encoded and decoded, and characters outside of the alphabet make no difference to what
 // is decoded.
-#include "text/base64.h"
+#include "text/ascii.h"
 
 #include "fuzz/target.h"
-#include "text/ascii.h"
 
 namespace {
 

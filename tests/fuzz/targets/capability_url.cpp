@@ -2,7 +2,7 @@
 // URL is https on exactly the host that was asked, as libcurl reads the URL too.
 //
 // Three lines: alias, domain and the template of a discovery document.
-#include "paymail/capability.h"
+#include "paymail/discovery.h"
 
 #include "fuzz/libcurl_host.h"
 #include "fuzz/target.h"
@@ -40,7 +40,7 @@ void check(std::string_view bytes)
     require(filled.find("{alias}") == std::string::npos, "no mark is left");
 
     const nlohmann::json capabilities = {{"pki", std::string(bytes)}};
-    const std::string url = capability_url(capabilities, "pki", alias, domain, "pay.example.org");
+    const std::string url = capability_url({"pay.example.org", capabilities}, "pki", {alias, domain});
     if (url.empty()) return;
     require(url == filled, "a capability URL is the filled template");
     const bool is_on_host = url_is_on_host(url, "pay.example.org");

@@ -1,8 +1,7 @@
 // Property: bytes survive being encoded and decoded, and an accepted text encodes back to itself in small letters.
-#include "text/hex.h"
+#include "text/ascii.h"
 
 #include "fuzz/target.h"
-#include "text/ascii.h"
 
 namespace {
 

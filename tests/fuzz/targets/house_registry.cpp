@@ -6,7 +6,6 @@
 #include "fuzz/data_folder.h"
 #include "fuzz/target.h"
 #include "text/ascii.h"
-#include "text/exact_json.h"
 #include "text/json.h"
 
 #include <algorithm>

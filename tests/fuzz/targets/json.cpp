@@ -3,7 +3,6 @@
 #include "text/json.h"
 
 #include "fuzz/target.h"
-#include "text/exact_json.h"
 
 namespace {
 

@@ -5,7 +5,6 @@
 
 #include "fuzz/target.h"
 #include "text/ascii.h"
-#include "text/hex.h"
 #include "text/json.h"
 #include "wallet/address.h"
 
@@ -13,10 +12,8 @@ namespace {
 
 bool pays(const nlohmann::json& reply, const std::string& address)
 {
-    std::vector<PaymentOutput> outputs;
-    std::string error = "left from before";
-    return read_payment_destination(compact_json(reply), outputs, error) && error.empty() && outputs.size() == 1 &&
-           outputs[0].address == address && outputs[0].satoshis == 1;
+    const auto [outputs, error] = read_payment_destination(compact_json(reply));
+    return error.empty() && outputs.size() == 1 && outputs[0].address == address && outputs[0].satoshis == 1;
 }
 
 // The text of the reply that says who is paid.
@@ -29,13 +26,12 @@ std::string payee(const nlohmann::json& reply)
 
 void check(std::string_view bytes)
 {
-    std::vector<PaymentOutput> outputs(3);
-    std::string error = "left from before";
-    if (!read_payment_destination(std::string(bytes), outputs, error)) {
+    const auto [outputs, error] = read_payment_destination(std::string(bytes));
+    if (!error.empty()) {
         require(outputs.empty() && error.starts_with("that paymail host "), "a refused reply pays nobody and says why");
         return;
     }
-    require(error.empty() && outputs.size() == 1 && outputs[0].satoshis == 1, "one satoshi goes to one address");
+    require(outputs.size() == 1 && outputs[0].satoshis == 1, "one satoshi goes to one address");
     const std::string& address = outputs[0].address;
     const auto hash = hash160_from_address(address);
     require(hash && address_from_hash160(*hash) == address, "the address encodes back to itself");

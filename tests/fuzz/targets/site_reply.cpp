@@ -1,12 +1,10 @@
 // Property: a reply to a publish is either a success or gives exactly one sentence, and what a success says reads the
 // same when it is written anew with nothing but its host and its names. Whatever the site says has room in the status
 // line and turns nothing there.
-#include "flows/publish_reply.h"
+#include "site/site_reply.h"
+#include "flows/publish.h"
 #include "fuzz/target.h"
 #include "platform/text_conversion.h"
-#include "site/plugin_status.h"
-#include "site/shown_text.h"
-#include "site/site_refusal.h"
 #include "text/ascii.h"
 #include "text/json.h"
 
@@ -42,17 +40,15 @@ void check_success(const HttpReply& reply)
 {
     const std::string host = published_host(reply, kTypedHost);
     require(!host.empty() && lower_ascii(host) == host, "a name has a host in lower case");
-    const std::wstring sentence = kept_sentence({true, ""}, "alice", host, reply);
-    const std::string text = narrow(sentence);
-    require(text.starts_with("Vaultry kept alice@" + host + ".") && text.ends_with('.'),
+    const std::string sentence = kept_sentence({true, ""}, "alice", host, reply);
+    require(sentence.starts_with("Vaultry kept alice@" + host + ".") && sentence.ends_with('.'),
             "the name and its host stand first");
-    require(widen(text) == sentence, "the sentence is text");
+    require(narrow(widen(sentence)) == sentence, "the sentence is UTF-8");
 
     const HttpReply again = reply_of(200, compact_json(essence(reply)));
     require(published_host(again, kTypedHost) == host, "the host survives a write and a read");
     require(kept_sentence({true, ""}, "alice", host, again) == sentence, "the names survive a write and a read");
-    require(kept_sentence({false, "no"}, "alice", host, reply) == L"no",
-            "a name that is not kept has its reason alone");
+    require(kept_sentence({false, "no"}, "alice", host, reply) == "no", "a name that is not kept has its reason alone");
 }
 
 void check_shown(const std::wstring& text)
@@ -73,9 +69,9 @@ void check(std::string_view bytes)
         require(is_success || plugin_in(reply).plugin == SitePlugin::none, "only a success shows a plugin");
         if (is_success) check_success(reply);
     }
-    const std::wstring message = shown_text(reply_message(body));
+    const std::string message = shown_text(reply_message(body));
     require(message.empty() || publish_refusal(reply_of(500, body)) == message, "the site's message is shown");
-    check_shown(message);
+    check_shown(widen(message));
 
     const SitePlugin plugin = plugin_in(reply_of(200, body)).plugin;
     require(plugin_in(reply_of(200, body + R"({"ok":true,"login":"names"})")).plugin == SitePlugin::current,

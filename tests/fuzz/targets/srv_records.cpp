@@ -3,7 +3,7 @@
 //
 // A line for every record: type, port, priority and target, separated by single blanks; without the last blank there is
 // no target.
-#include "paymail/srv_host.h"
+#include "paymail/discovery.h"
 
 #include "fuzz/target.h"
 #include "kit/stand_in/stand_in.h"

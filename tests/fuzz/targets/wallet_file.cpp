@@ -3,7 +3,6 @@
 // loaded and changes nothing on the disk. One whose document is of another format than the program's is never written.
 #include "fuzz/data_folder.h"
 #include "fuzz/target.h"
-#include "text/exact_json.h"
 #include "text/json.h"
 #include "wallet/address.h"
 #include "wallet/lock_record.h"
@@ -90,7 +89,7 @@ bool is_of_another_format(const json& document)
     using Type = json::value_t;
     static const std::map<std::string, std::set<Type>> types = {
         {"version", {Type::number_unsigned}},
-        {"show", {Type::number_unsigned, Type::number_integer, Type::binary}},  // binary: see text/exact_json.h
+        {"show", {Type::number_unsigned, Type::number_integer, Type::binary}},  // binary: see parse_exact_json()
         {"backup", {Type::boolean}},
         {"recv", {Type::array}},
         {"ord_owned", {Type::array}},

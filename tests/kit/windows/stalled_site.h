@@ -1,4 +1,4 @@
-// A road to every host on which nobody ever answers: what takes it lasts until the road is closed.
+// A proxy that accepts connections to every host and never replies: requests last until it is closed.
 #pragma once
 
 #include <winsock2.h>

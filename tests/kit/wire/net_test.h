@@ -2,7 +2,7 @@
 #pragma once
 
 #include "kit/wire/https_server.h"
-#include "net/curl_lifetime.h"
+#include "net/http_exchange.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -30,12 +30,12 @@ const std::vector<Refusal>& refused_logins()
 {
     static const std::vector<Refusal> refusals = {
         {{401, R"({"code":"incorrect_password","message":"x"})", {}, Fault::none},
-         L"WordPress refused that application password."},
+         "WordPress refused that application password."},
         {{401, R"({"code":"invalid_username"})", {}, Fault::none},
-         L"WordPress does not know that user. Use the username from the profile page."},
+         "WordPress does not know that user. Use the username from the profile page."},
         {{403, R"({"code":"rest_forbidden"})", {}, Fault::none},
-         L"The site hid the login. Press Install plugin and upload the zip over the old one."},
-        {{403, R"({"code":"other","message":"Nope"})", {}, Fault::none}, L"Nope"},
+         "The site hid the login. Press Install plugin and upload the zip over the old one."},
+        {{403, R"({"code":"other","message":"Nope"})", {}, Fault::none}, "Nope"},
     };
     return refusals;
 }

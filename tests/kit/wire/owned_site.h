@@ -21,7 +21,7 @@ void expect_status_question(const std::string& request);
 
 struct Refusal {
     Answer reply;
-    std::wstring sentence;
+    std::string sentence;
 };
 
 // What WordPress says to a login that may not change names; every flow that sends a login says the same of it.

@@ -1,7 +1,7 @@
 #include "kit/wire/paying_site.h"
 
 #include "kit/stand_in/stand_in.h"
-#include "text/hex.h"
+#include "text/ascii.h"
 #include "text/json.h"
 #include "wallet/address.h"
 

@@ -9,7 +9,7 @@
 #include <string>
 
 inline constexpr char kNamePath[] = "POST /wp-json/brasslet/v1/name";
-inline constexpr wchar_t kKept[] = L"Vaultry kept alice@brasslet.test.";
+inline constexpr char kKept[] = "Vaultry kept alice@brasslet.test.";
 
 class Publishing : public PayingSite {
 protected:
@@ -18,10 +18,10 @@ protected:
         answer(kStatusPath, kCurrentPlugin);
         answer(kNamePath, R"({"ok":true,"host":"brasslet.test","aliases":["alice"]})");
     }
-    void expect_sentence(const std::wstring& sentence)
+    void expect_sentence(const std::string& sentence)
     {
         EXPECT_EQ(publish_sentence(settings), sentence);
-        const bool is_kept = sentence.starts_with(L"Vaultry kept ");
+        const bool is_kept = sentence.starts_with("Vaultry kept ");
         EXPECT_EQ(kept_names().empty(), !is_kept);
         EXPECT_EQ(stand_in().wallet_app_notices, is_kept ? 1 : 0);
     }

@@ -17,7 +17,7 @@ class PostJson : public NetTest {
 protected:
     HttpReply post(int attempts, const std::string& url = kUrl)
     {
-        return post_json(url, R"({"a":1})", std::chrono::seconds(12), attempts,
+        return post_json({url, R"({"a":1})", std::chrono::seconds(12), attempts},
                          [this](milliseconds time) { pauses.push_back(time); });
     }
 
@@ -93,7 +93,7 @@ TEST_F(PostJson, TheCallingThreadSleepsInBetween)
 {
     server.answer("POST /pay", {{429, "slow", {}, Fault::none}, {200, "paid", {}, Fault::none}});
     const auto start = std::chrono::steady_clock::now();
-    EXPECT_EQ(post_json(kUrl, "{}", std::chrono::seconds(12), 2).body, "paid");
+    EXPECT_EQ(post_json({kUrl, "{}", std::chrono::seconds(12), 2}).body, "paid");
     EXPECT_GE(std::chrono::steady_clock::now() - start, milliseconds(400));
 }
 

@@ -1,4 +1,4 @@
-// What the registry of paynames does when the disk refuses.
+// The payname registry when file operations fail.
 #include "paymail/payname_registry.h"
 
 #include "kit/stand_in/stand_in.h"

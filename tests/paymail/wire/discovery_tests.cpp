@@ -1,16 +1,74 @@
 #include "paymail/discovery.h"
 
+#include "kit/stand_in/stand_in.h"
 #include "kit/wire/libcurl_seams.h"
 #include "kit/wire/net_test.h"
-#include "net/redirects.h"
+#include "net/http_exchange.h"
 
 #include <curl/curl.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace {
+
+SrvRecord record(const std::string& target, std::uint16_t priority, std::uint16_t port = 443)
+{
+    return {kDnsTypeSrv, target, port, priority};
+}
+
+std::string found(const std::vector<SrvRecord>& records)
+{
+    stand_in().srv_records = records;
+    return find_srv_host("example.org");
+}
+
+}  // namespace
+
+TEST(SrvHost, AsksForTheBsvaliasServiceOfTheDomain)
+{
+    EXPECT_EQ(found({}), "");
+    EXPECT_THAT(stand_in().srv_queries, testing::ElementsAre("_bsvalias._tcp.example.org"));
+}
+
+TEST(SrvHost, IsTheTargetOfTheLowestPriority)
+{
+    EXPECT_EQ(found({record("a.org", 20), record("b.org", 10), record("c.org", 30)}), "b.org");
+    EXPECT_EQ(found({record("a.org", 65535)}), "a.org");
+}
+
+TEST(SrvHost, IsTheLastOfEqualPriority)
+{
+    EXPECT_EQ(found({record("a.org", 10), record("b.org", 10)}), "b.org");
+}
+
+TEST(SrvHost, IgnoresEveryOtherPortWhateverItsPriority)
+{
+    EXPECT_EQ(found({record("a.org", 0, 8443), record("b.org", 10)}), "b.org");
+    EXPECT_EQ(found({record("b.org", 10), record("a.org", 0, 8443)}), "b.org");
+}
+
+TEST(SrvHost, IsInLowerCaseWithoutTrailingDots)
+{
+    EXPECT_EQ(found({record("Pay.Example.ORG..", 10)}), "pay.example.org");
+}
+
+TEST(SrvHost, SkipsRecordsOfOtherTypesAndWithoutATarget)
+{
+    EXPECT_EQ(found({{1, "a.org", 443, 0}, {kDnsTypeSrv, std::nullopt, 443, 0}, record("b.org", 10)}), "b.org");
+}
+
+TEST(SrvHost, ATargetThatIsNoHostDoesNotCountAsTheBest)
+{
+    EXPECT_EQ(found({record("localhost", 0), record("b.org", 10)}), "b.org");
+    EXPECT_EQ(found({record(".", 0)}), "");
+    EXPECT_EQ(found({record("a..org", 0)}), "");
+}
 
 namespace {
 
 class DiscoveryGet : public NetTest {};
 
-// A server on the owner's own machine, with a certificate that nobody vouches for.
+// A server on this machine with an untrusted certificate.
 class DiscoveryOnTheOwnMachine : public testing::Test {
 protected:
     CurlLifetime curl;
@@ -85,7 +143,7 @@ TEST_F(DiscoveryGet, ARedirectSharesTheTimeOfTheWhole)
     server.answer("GET /x", redirect_to("/y"));
     server.answer("GET /y", {200, "", {}, Fault::stall});
     std::vector<std::chrono::milliseconds> times;
-    const HttpReply reply = exchange_hop_by_hop("https://brasslet.test/x", 30, std::chrono::milliseconds(1'500),
+    const HttpReply reply = exchange_hop_by_hop("https://brasslet.test/x", {30, std::chrono::milliseconds(1'500)},
                                                 [&times](const std::string& url, std::chrono::milliseconds time_left) {
                                                     times.push_back(time_left);
                                                     return discovery_request(url, time_left);

@@ -1,4 +1,4 @@
-// The package on a disk that refuses, and how it is shown.
+// Writing the package when the disk fails, and showing it.
 #include "plugin/package.h"
 
 #include "kit/stand_in/stand_in.h"

@@ -1,9 +1,9 @@
-// What becomes of the settings when their file cannot be read, moved or protected.
+// The settings when their file cannot be read or renamed, or the password not encrypted.
 #include "kit/stand_in/stand_in.h"
 #include "kit/test_folder.h"
 #include "platform/files.h"
 #include "settings/settings_store.h"
-#include "settings/typed_settings.h"
+#include "settings/site_settings.h"
 
 #include <gtest/gtest.h>
 
@@ -11,7 +11,7 @@ namespace {
 
 constexpr char kFile[] = "payname/ui.json";
 
-// A PC with settings in the file, which the program cannot read at its start.
+// The file has settings and cannot be read when the program starts.
 class UnreadableSettings : public testing::Test {
 protected:
     UnreadableSettings()
@@ -74,7 +74,7 @@ TEST_F(UnreadableSettings, AreLeftAsTheyAreByASaveThatCanReadThemAgain)
 
 TEST_F(UnreadableSettings, KeepAllThatWasNotTypedAnew)
 {
-    take_typed({"typed.example", "", SecretText()}, settings);
+    EXPECT_EQ(take_typed({"typed.example", "", SecretText()}, settings), SettingsNotice::none);
     let_it_be_read();
     EXPECT_EQ(save_settings(settings, ""), SettingsNotice::none);
     EXPECT_EQ(on_disk().site, "typed.example");
@@ -85,7 +85,7 @@ TEST_F(UnreadableSettings, KeepAllThatWasNotTypedAnew)
 
 TEST_F(UnreadableSettings, GiveWayToAllThatWasTyped)
 {
-    take_typed({"typed.example", "zoe", SecretText("qqqqwwww")}, settings);
+    EXPECT_EQ(take_typed({"typed.example", "zoe", SecretText("qqqqwwww")}, settings), SettingsNotice::none);
     let_it_be_read();
     save_settings(settings, "bob");
     EXPECT_EQ(on_disk().site + on_disk().user + on_disk().pass.in_clear().text(), "typed.examplezoeqqqqwwww");
@@ -109,7 +109,7 @@ TEST_F(UnreadableSettings, OnceReadAreSavedAsTheyWereTyped)
 {
     let_it_be_read();
     load_what_waits(settings);
-    take_typed({"", "zoe", SecretText()}, settings);
+    EXPECT_EQ(take_typed({"", "zoe", SecretText()}, settings), SettingsNotice::none);
     save_settings(settings, "");
     EXPECT_EQ(on_disk().site, "");
     EXPECT_EQ(on_disk().user, "zoe");

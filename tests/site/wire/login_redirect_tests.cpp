@@ -1,7 +1,8 @@
-// Where a request with a login goes when the site redirects it: to the same site whole, and to nobody else at all.
+// Redirects of a request with a login: repeated whole on the same site, not followed anywhere else.
 #include "kit/wire/net_test.h"
 #include "kit/wire/untouched.h"
-#include "site/site_refusal.h"
+#include "platform/text_conversion.h"
+#include "site/site_reply.h"
 #include "site/site_request.h"
 
 #include <clocale>
@@ -35,7 +36,7 @@ class LoginRedirect : public NetTest {
 protected:
     static HttpReply send(const std::string& method, const std::string& host)
     {
-        return site_request(method, "https://" + host + kPath, SecretText("{\"a\":1}"), "u", SecretText("p"));
+        return site_request({method, "https://" + host + kPath, SecretText("{\"a\":1}"), {"u", SecretText("p")}});
     }
     std::vector<std::string> new_requests()
     {
@@ -59,15 +60,15 @@ protected:
                 const HttpReply reply = send(method, host);
                 EXPECT_EQ(reply.body, "end") << method << status;
                 EXPECT_EQ(reply.redirect_url, "");
-                EXPECT_EQ(sent_on_message(reply), L"");
+                EXPECT_EQ(sent_on_message(reply), "");
                 EXPECT_THAT(new_requests(), ElementsAre(whole_request(method, host, kPath),
                                                         whole_request(method, other_host, other_path)))
                     << method << status;
             }
     }
 
-    // Nothing but the first request is sent, and the user reads where the site sends on to.
-    void expect_refused(const std::string& location, const std::wstring& sentence, const Untouched& other)
+    // Only the first request is sent, and the sentence names the other site.
+    void expect_refused(const std::string& location, const std::string& sentence, const Untouched& other)
     {
         for (const std::string method : {"POST", "DELETE"})
             for (const int status : {301, 302, 303, 307, 308}) {
@@ -111,21 +112,21 @@ TEST_F(LoginRedirect, FromTheApexToWwwIsFollowedWhole)
 TEST_F(LoginRedirect, AnotherHostNeverGetsALoginInAnyForm)
 {
     const Untouched other("127.0.0.2");
-    expect_refused("https://other.test/x", L"The site sends on to other.test. Type that site in settings.", other);
+    expect_refused("https://other.test/x", "The site sends on to other.test. Type that site in settings.", other);
 }
 
 TEST_F(LoginRedirect, ASubdomainNeverGetsALoginInAnyForm)
 {
     const Untouched other("127.0.0.3");
-    expect_refused("https://sub.brasslet.test/x",
-                   L"The site sends on to sub.brasslet.test. Type that site in settings.", other);
+    expect_refused("https://sub.brasslet.test/x", "The site sends on to sub.brasslet.test. Type that site in settings.",
+                   other);
 }
 
 TEST_F(LoginRedirect, AnotherPortNeverGetsALoginInAnyForm)
 {
     const Untouched other("127.0.0.1", 8443);
     expect_refused("https://brasslet.test:8443/x",
-                   L"The site sends on to brasslet.test, away from https on port 443. Ask your host to keep it there.",
+                   "The site sends on to brasslet.test, away from https on port 443. Ask your host to keep it there.",
                    other);
 }
 
@@ -133,7 +134,7 @@ TEST_F(LoginRedirect, PlainHttpNeverGetsALoginInAnyForm)
 {
     const Untouched other("127.0.0.1", 80);
     expect_refused("http://brasslet.test/x",
-                   L"The site sends on to brasslet.test, away from https on port 443. Ask your host to keep it there.",
+                   "The site sends on to brasslet.test, away from https on port 443. Ask your host to keep it there.",
                    other);
 }
 
@@ -147,8 +148,8 @@ TEST_F(LoginRedirect, TheLoginStandsInNoReply)
 {
     for (const char* location : {"/x", "https://brasslet.test/x", "https://other.test/x", "//brasslet.test:8443/x"}) {
         server.answer(std::string("POST ") + kPath, redirect_to(location, 303));
-        HttpRequest request = describe_site_request("POST", std::string("https://brasslet.test") + kPath,
-                                                    SecretText("{}"), "user", SecretText("secret"));
+        HttpRequest request = describe_site_request(
+            {"POST", std::string("https://brasslet.test") + kPath, SecretText("{}"), {"user", SecretText("secret")}});
         request.redirects = 0;
         const HttpReply reply = exchange(request);
         EXPECT_NE(reply.redirect_url, "") << location;
@@ -168,7 +169,7 @@ TEST_F(LoginRedirect, SeeOtherOnTheSameSiteIsAnAnswerOfItsOwn)
                 const HttpReply reply = send(method, host);
                 EXPECT_EQ(reply.status, 303);
                 EXPECT_EQ(reply.error, "");
-                EXPECT_EQ(sent_on_message(reply), L"");
+                EXPECT_EQ(sent_on_message(reply), "");
                 EXPECT_THAT(new_requests(), ElementsAre(whole_request(method, host, kPath))) << location;
             }
 }
@@ -179,7 +180,7 @@ TEST_F(LoginRedirect, OneWwwMoreThanTheTypedHostIsTheMost)
     server.answer(std::string("POST ") + kPath, {redirect_to(std::string("https://www.brasslet.test") + kPath),
                                                  redirect_to("https://www.www.brasslet.test/x")});
     EXPECT_EQ(sent_on_message(send("POST", "brasslet.test")),
-              L"The site sends on to www.www.brasslet.test. Type that site in settings.");
+              "The site sends on to www.www.brasslet.test. Type that site in settings.");
     EXPECT_TRUE(other.is_untouched());
 }
 
@@ -189,7 +190,7 @@ TEST_F(LoginRedirect, AHostFurtherOnIsNamedWhenItIsAnotherSite)
     server.answer(std::string("POST ") + kPath, redirect_to(std::string("https://www.brasslet.test/2")));
     server.answer("POST /2", redirect_to("https://other.test/3", 308));
     EXPECT_EQ(sent_on_message(send("POST", "brasslet.test")),
-              L"The site sends on to other.test. Type that site in settings.");
+              "The site sends on to other.test. Type that site in settings.");
     EXPECT_EQ(server.requests().size(), 2U);
     EXPECT_TRUE(other.is_untouched());
 }
@@ -205,13 +206,13 @@ TEST_F(LoginRedirect, FourAreFollowedAndAFifthIsNot)
     server.answer("POST /0", redirect_to("/-1"));
     const HttpReply reply = send("POST", "brasslet.test");
     EXPECT_EQ(reply.error, "The site did not answer.");
-    EXPECT_EQ(sent_on_message(reply), L"");
+    EXPECT_EQ(sent_on_message(reply), "");
     EXPECT_EQ(server.requests().size(), 10U);
 }
 
 TEST_F(LoginRedirect, TheAsciiFormOfATypedHostIsTheSameHost)
 {
-    // Here libcurl takes a host for text of the locale; on Windows it is always UTF-8.
+    // On Linux libcurl reads a host in the encoding of the locale; on Windows always as UTF-8.
     ASSERT_NE(std::setlocale(LC_CTYPE, "C.UTF-8"), nullptr);
     server.answer(std::string("POST ") + kPath,
                   {redirect_to("https://xn--bcher-kva.test/wp-json/brasslet/v1/name"), {200, "end", {}, Fault::none}});
@@ -226,12 +227,11 @@ TEST_F(LoginRedirect, ATextInPlaceOfAHostIsCleanedAndCut)
     HttpReply reply;
     reply.status = 302;
     reply.redirect_url = "https://\xE2\x80\xAEgro" + std::string(300, '.') + "\x1b[2J/";
-    const std::wstring sentence = sent_on_message(reply);
+    const std::string sentence = sent_on_message(reply);
     EXPECT_LT(sentence.size(), 300U);
-    EXPECT_EQ(sentence.find_first_of(L"\x202e\x1b"), std::wstring::npos);
+    EXPECT_EQ(widen(sentence).find_first_of(L"\x202e\x1b"), std::wstring::npos);
     reply.redirect_url =
         "https://" + std::string(60, 'a') + "." + std::string(60, 'b') + "." + std::string(60, 'c') + "/";
-    EXPECT_EQ(sent_on_message(reply), L"The site sends on to " + std::wstring(60, L'a') + L"." +
-                                          std::wstring(60, L'b') + L"." + std::wstring(37, L'c') +
-                                          L"\u2026. Type that site in settings.");
+    EXPECT_EQ(sent_on_message(reply), "The site sends on to " + std::string(60, 'a') + "." + std::string(60, 'b') +
+                                          "." + std::string(37, 'c') + "\u2026. Type that site in settings.");
 }

@@ -6,7 +6,7 @@ namespace {
 
 constexpr char kPage[] = "https://brasslet.test/page";
 
-// The address of a stop on the way from "/page" to the page that announces build 2.
+// The path of redirect `number` between "/page" and the page that announces build 2.
 std::string hop(int number)
 {
     return "https://brasslet.test/hop" + std::to_string(number);
