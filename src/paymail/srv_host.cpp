@@ -1,7 +1,7 @@
 #include "paymail/srv_host.h"
 
 #include "paymail/payname_rules.h"
-#include "platform/dns_query.h"
+#include "platform/dns.h"
 #include "text/ascii.h"
 
 #include <cstdint>

@@ -2,6 +2,8 @@
 #define OPENSSL_SUPPRESS_DEPRECATED
 #include "wallet/secp256k1.h"
 
+#include "text/freed_by.h"
+
 #include <openssl/bn.h>
 #include <openssl/ec.h>
 #include <openssl/obj_mac.h>
@@ -10,14 +12,6 @@
 
 namespace {
 
-template <auto Free>
-struct FreedBy {
-    template <typename T>
-    void operator()(T* object) const
-    {
-        Free(object);
-    }
-};
 using Number = std::unique_ptr<BIGNUM, FreedBy<BN_clear_free>>;
 using Scratch = std::unique_ptr<BN_CTX, FreedBy<BN_CTX_free>>;
 using Key = std::unique_ptr<EC_KEY, FreedBy<EC_KEY_free>>;

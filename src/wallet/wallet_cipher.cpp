@@ -1,5 +1,6 @@
 #include "wallet/wallet_cipher.h"
 
+#include "text/freed_by.h"
 #include "wallet/digest.h"
 
 #include <openssl/evp.h>
@@ -16,10 +17,7 @@ constexpr int kTagSize = 16;
 constexpr std::size_t kSpareRoom = 16;  // what a cipher may write beyond its input
 constexpr std::size_t kLongestText = INT_MAX - kSpareRoom;
 
-struct FreeCipher {
-    void operator()(EVP_CIPHER_CTX* cipher) const { EVP_CIPHER_CTX_free(cipher); }  // wipes its key
-};
-using Cipher = std::unique_ptr<EVP_CIPHER_CTX, FreeCipher>;
+using Cipher = std::unique_ptr<EVP_CIPHER_CTX, FreedBy<EVP_CIPHER_CTX_free>>;  // wipes its key
 
 enum class Direction { kDecrypt = 0, kEncrypt = 1 };
 
