@@ -1,6 +1,6 @@
 #include "app/layout.h"
 
-#include "ui/dpi.h"
+#include "ui/geometry.h"
 
 namespace {
 

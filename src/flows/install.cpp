@@ -1,6 +1,6 @@
 #include "flows/install.h"
 
-#include "platform/resource.h"
+#include "platform/environment.h"
 #include "plugin/package.h"
 #include "site/site_address.h"
 #include "site/site_reply.h"

@@ -1,21 +1,15 @@
 // libcurl's easy handle for the sources of this folder: owners of its objects, its options, and the pinned host.
 #pragma once
 
+#include "text/freed_by.h"
+
 #include <curl/curl.h>
 
 #include <memory>
 #include <string>
 
-struct CurlEasyCleanup {
-    void operator()(CURL* handle) const { curl_easy_cleanup(handle); }
-};
-
-struct CurlListFree {
-    void operator()(curl_slist* list) const { curl_slist_free_all(list); }
-};
-
-using CurlEasy = std::unique_ptr<CURL, CurlEasyCleanup>;
-using CurlList = std::unique_ptr<curl_slist, CurlListFree>;
+using CurlEasy = std::unique_ptr<CURL, FreedBy<curl_easy_cleanup>>;
+using CurlList = std::unique_ptr<curl_slist, FreedBy<curl_slist_free_all>>;
 
 // Appends a copy of `text`. False, with the list unchanged, when there is no memory for it.
 [[nodiscard]] inline bool append(CurlList& list, const char* text)

@@ -1,7 +1,8 @@
 #include "net/url_host.h"
 
-#include "platform/domain_name.h"
+#include "platform/dns.h"
 #include "text/ascii.h"
+#include "text/freed_by.h"
 
 #include <curl/curl.h>
 
@@ -10,13 +11,7 @@
 
 namespace {
 
-struct UrlCleanup {
-    void operator()(CURLU* url) const { curl_url_cleanup(url); }
-};
-struct TextFree {
-    void operator()(char* text) const { curl_free(text); }
-};
-using Url = std::unique_ptr<CURLU, UrlCleanup>;
+using Url = std::unique_ptr<CURLU, FreedBy<curl_url_cleanup>>;
 
 Url parsed(const std::string& text)
 {
@@ -30,7 +25,7 @@ std::string part_of(const Url& url, CURLUPart part, unsigned flags = 0)
 {
     char* text = nullptr;
     if (!url || curl_url_get(url.get(), part, &text, flags) != CURLUE_OK) return {};
-    const std::unique_ptr<char, TextFree> owner(text);
+    const std::unique_ptr<char, FreedBy<curl_free>> owner(text);
     return text;
 }
 

@@ -4,7 +4,7 @@
 #include "net/http_exchange.h"
 #include "net/url_host.h"
 #include "paymail/payname_rules.h"
-#include "platform/dns_query.h"
+#include "platform/dns.h"
 #include "text/ascii.h"
 #include "text/json.h"
 

@@ -1,7 +1,9 @@
-// What the process is told by its surroundings.
+// What the process is told by its surroundings and carries along, and how it lets time pass.
 #pragma once
 
+#include <chrono>
 #include <string>
+#include <string_view>
 
 // The folder of the user's local application data, narrow UTF-8; empty when the environment does not name it.
 std::string local_app_data();
@@ -11,3 +13,9 @@ std::string executable_folder();
 
 // Makes that folder the current one, so that relative paths mean files beside the program.
 void enter_executable_folder();
+
+// The bytes of the RCDATA resource `id` of the executable; empty when there is none. They live as long as the process.
+std::string_view load_resource(int id);
+
+// Holds this thread up; never call it on the user-interface thread.
+void pause(std::chrono::milliseconds duration);

@@ -1,8 +1,6 @@
 #include "plugin/package.h"
 
-#include "platform/explorer.h"
 #include "platform/files.h"
-#include "site/site_address.h"
 #include "wallet_bridge/data_directory.h"
 
 #include <cstddef>
@@ -112,11 +110,4 @@ bool write_plugin_zip(const std::string& path, std::string_view plugin)
         return true;
     remove_file(temporary);
     return false;
-}
-
-void show_plugin_upload(std::string site, WindowHandle owner)
-{
-    show_in_explorer(plugin_zip_path(), owner);
-    const SiteAddress address = normalise_site(site);
-    if (address.ok) open_page(address.base + "/wp-admin/plugin-install.php?tab=upload", owner);
 }

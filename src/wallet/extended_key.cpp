@@ -2,6 +2,8 @@
 #define OPENSSL_SUPPRESS_DEPRECATED
 #include "wallet/extended_key.h"
 
+#include "text/freed_by.h"
+
 #include "wallet/digest.h"
 
 #include <openssl/bn.h>
@@ -13,14 +15,6 @@
 
 namespace {
 
-template <auto Free>
-struct FreedBy {
-    template <typename T>
-    void operator()(T* object) const
-    {
-        Free(object);
-    }
-};
 using Number = std::unique_ptr<BIGNUM, FreedBy<BN_clear_free>>;
 using Scratch = std::unique_ptr<BN_CTX, FreedBy<BN_CTX_free>>;
 using Key = std::unique_ptr<EC_KEY, FreedBy<EC_KEY_free>>;

@@ -1,6 +1,7 @@
 #include "wallet/lock_record.h"
 
 #include "text/ascii.h"
+#include "text/freed_by.h"
 #include "text/json.h"
 #include "wallet/digest.h"
 
@@ -18,10 +19,7 @@ constexpr int kTagSize = 16;
 constexpr std::size_t kSpareRoom = 16;  // bytes that EVP_CipherUpdate may write beyond its input
 constexpr std::size_t kLongestText = INT_MAX - kSpareRoom;
 
-struct FreeCipher {
-    void operator()(EVP_CIPHER_CTX* cipher) const { EVP_CIPHER_CTX_free(cipher); }  // wipes its key
-};
-using Cipher = std::unique_ptr<EVP_CIPHER_CTX, FreeCipher>;
+using Cipher = std::unique_ptr<EVP_CIPHER_CTX, FreedBy<EVP_CIPHER_CTX_free>>;  // wipes its key
 
 enum class Direction { kDecrypt = 0, kEncrypt = 1 };
 

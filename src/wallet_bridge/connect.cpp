@@ -1,6 +1,6 @@
 #include "wallet_bridge/connect.h"
 
-#include "platform/pause.h"
+#include "platform/environment.h"
 #include "platform/wallet_app.h"
 #include "wallet_bridge/binding.h"
 #include "wallet_bridge/connect_files.h"

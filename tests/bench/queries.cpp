@@ -1,6 +1,6 @@
 // Times what the program asks of the wallet and of the payname registry, each against its floor: bench_queries PAIRS
 // ROWS. Ends with 1 when an answer is wrong.
-#include "app/wallet_card_texts.h"
+#include "app/card_texts.h"
 #include "bench/pairs.h"
 #include "bench/require.h"
 #include "kit/wallet_files.h"

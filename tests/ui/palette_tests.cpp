@@ -6,6 +6,8 @@
 
 namespace {
 
+constexpr Colour kBlack{0, 0, 0};
+
 // A dark scheme, whose every colour differs from the others and from the program's own.
 constexpr SystemColours kSystem{{1, 1, 1},     {250, 250, 250}, {90, 160, 255}, {20, 20, 20},
                                 {240, 240, 0}, {0, 200, 0},     {0, 100, 200},  {255, 255, 255}};
@@ -26,6 +28,115 @@ ButtonColours flat(Colour face, Colour ink)
 }
 
 }  // namespace
+
+TEST(Mix, AtZeroIsTheFirstColourAndAtFullTheSecond)
+{
+    EXPECT_EQ(mix(kBackgroundTop, kBackgroundBottom, 0), kBackgroundTop);
+    EXPECT_EQ(mix(kBackgroundTop, kBackgroundBottom, 255), kBackgroundBottom);
+}
+
+TEST(Mix, TruncatesTowardZeroInEachChannel)
+{
+    // 198 * 154 + 36 * 101 = 34128 = 133.8 * 255; 202 * 154 + 18 * 101 = 32926 = 129.1 * 255;
+    // 216 * 154 + 62 * 101 = 39526 = 155.003 * 255.
+    EXPECT_EQ(mix(kBackgroundTop, kBackgroundBottom, 101), (Colour{133, 129, 155}));
+    EXPECT_EQ(mix(kBlack, Colour{1, 254, 255}, 254), (Colour{0, 253, 254}));
+}
+
+TEST(Mix, StaysWithinAByteBeyondTheFullMix)
+{
+    EXPECT_EQ(mix(kBlack, kWhite, 300), kWhite);
+    EXPECT_EQ(mix(kWhite, kBlack, 300), kBlack);
+}
+
+TEST(BackgroundSample, RunsFromTheTopColourToTheBottomColour)
+{
+    EXPECT_EQ(background_sample(0, 600), kBackgroundTop);
+    EXPECT_EQ(background_sample(599, 600), kBackgroundBottom);
+    EXPECT_EQ(background_sample(300, 600), mix(kBackgroundTop, kBackgroundBottom, 127));  // 300 * 255 / 599 = 127.7
+    EXPECT_EQ(background_sample(0, 2), kBackgroundTop);
+    EXPECT_EQ(background_sample(1, 2), kBackgroundBottom);
+}
+
+TEST(BackgroundSample, OutsideTheWindowIsTheNearestEnd)
+{
+    EXPECT_EQ(background_sample(-40, 600), kBackgroundTop);
+    EXPECT_EQ(background_sample(5000, 600), kBackgroundBottom);
+    EXPECT_EQ(background_sample(2147483647, 600), kBackgroundBottom);
+}
+
+TEST(BackgroundSample, OfAWindowLessThanTwoPixelsHighIsTheBottomColourEverywhere)
+{
+    for (const int y : {-1, 0, 1, 300}) {
+        EXPECT_EQ(background_sample(y, 1), kBackgroundBottom);
+        EXPECT_EQ(background_sample(y, 0), kBackgroundBottom);
+        EXPECT_EQ(background_sample(y, -5), kBackgroundBottom);
+    }
+}
+
+TEST(GradientRow, RunsFromTheStartColourToTheEndColour)
+{
+    const Gradient face{kFaceTop, kFaceBottom};
+    EXPECT_EQ(gradient_row(face, 0, 36), kFaceTop);
+    EXPECT_EQ(gradient_row(face, 10, 36), mix(kFaceTop, kFaceBottom, 72));  // 10 * 255 / 35 = 72.9
+    EXPECT_EQ(gradient_row(face, 35, 36), kFaceBottom);
+}
+
+TEST(GradientRow, OfASingleRowIsTheStartColour)
+{
+    EXPECT_EQ(gradient_row({kFaceTop, kFaceBottom}, 0, 1), kFaceTop);
+}
+
+TEST(ButtonFace, AtRestIsThePlainFace)
+{
+    EXPECT_EQ(button_face({}, kBlack), (Gradient{kFaceTop, kFaceBottom}));
+}
+
+TEST(ButtonFace, UnderTheMouseIsLighterAndMoreSoAtTheTop)
+{
+    EXPECT_EQ(button_face({.hot = true}, kBlack), (Gradient{mix(kFaceTop, kWhite, 50), mix(kFaceBottom, kWhite, 30)}));
+}
+
+TEST(ButtonFace, PressedHasTheDarkerColourAtTheTop)
+{
+    EXPECT_EQ(button_face({.pressed = true}, kBlack), (Gradient{kFaceBottom, kFaceTop}));
+    EXPECT_EQ(button_face({.hot = true, .pressed = true}, kBlack),
+              (Gradient{mix(kFaceBottom, kWhite, 30), mix(kFaceTop, kWhite, 50)}));
+}
+
+TEST(ButtonFace, DisabledAndHotIsLightenedFirstAndThenDimmedTowardsTheBackground)
+{
+    const Colour behind{40, 50, 60};
+    const Gradient face = button_face({.hot = true, .disabled = true}, behind);
+    EXPECT_EQ(face.start, mix(mix(kFaceTop, kWhite, 50), behind, 140));
+    EXPECT_EQ(face.end, mix(mix(kFaceBottom, kWhite, 30), behind, 140));
+    EXPECT_EQ(button_face({.disabled = true}, behind).start, mix(kFaceTop, behind, 140));
+}
+
+TEST(Theme, HasTheProgramsColours)
+{
+    EXPECT_EQ(kBackgroundTop, (Colour{198, 202, 216}));
+    EXPECT_EQ(kBackgroundBottom, (Colour{36, 18, 62}));
+    EXPECT_EQ(kFaceTop, (Colour{226, 224, 236}));
+    EXPECT_EQ(kFaceBottom, (Colour{132, 96, 186}));
+    EXPECT_EQ(kBorder, (Colour{120, 100, 160}));
+    EXPECT_EQ(kBorderActive, (Colour{92, 48, 150}));
+    EXPECT_EQ(kButtonText, (Colour{32, 16, 54}));
+    EXPECT_EQ(kButtonTextDisabled, (Colour{120, 110, 140}));
+    EXPECT_EQ(kWhite, (Colour{255, 255, 255}));
+    EXPECT_EQ(kLightText, (Colour{244, 240, 250}));
+    EXPECT_EQ(kCard, (Colour{54, 38, 88}));
+    EXPECT_EQ(kCardOutline, (Colour{198, 190, 220}));
+    EXPECT_EQ(kCaptionText, (Colour{186, 176, 206}));
+    EXPECT_EQ(kNoteText, (Colour{214, 206, 236}));
+    EXPECT_EQ(kEditBackground, (Colour{24, 16, 40}));
+    EXPECT_EQ(kTitleText, (Colour{32, 16, 54}));
+    EXPECT_EQ(kTitleRule, (Colour{92, 48, 150}));
+    EXPECT_EQ(kSubtitleText, (Colour{72, 48, 110}));
+    EXPECT_EQ(kFrameCaption, (Colour{168, 164, 188}));
+    EXPECT_EQ(kFrameBorder, (Colour{92, 64, 140}));
+    EXPECT_EQ(kFrameText, (Colour{32, 16, 54}));
+}
 
 TEST(OwnPalette, HasTheProgramsColours)
 {

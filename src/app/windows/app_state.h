@@ -4,8 +4,8 @@
 #include "app/layout.h"
 #include "app/windows/window_icons.h"
 #include "settings/settings_store.h"
-#include "ui/dpi.h"
-#include "ui/windows/fonts.h"
+#include "ui/geometry.h"
+#include "ui/windows/control_table.h"
 
 #include <windows.h>
 
@@ -29,4 +29,8 @@ struct AppState {
     bool update_is_available = false;
 };
 
-AppState& app_state();
+inline AppState& app_state()
+{
+    static AppState state;
+    return state;
+}

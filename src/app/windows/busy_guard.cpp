@@ -9,7 +9,7 @@ void start_guarded_flow(int button, const Flow& flow)
 {
     if (is_already_working()) return;
     AppState& state = app_state();
-    const SettingsNotice of_password = take_open_settings();
+    const SettingsNotice of_password = copy_open_settings();
     state.settings.alias = lower_ascii(name_field_text());
     keep_settings(of_password);
 

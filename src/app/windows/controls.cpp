@@ -2,54 +2,46 @@
 
 #include "app/windows/app_state.h"
 #include "platform/text_conversion.h"
-#include "ui/windows/child_controls.h"
-#include "ui/windows/control_text.h"
-#include "ui/windows/drawn_button.h"
-#include "ui/windows/painted_static.h"
+#include "ui/windows/control_table.h"
+#include "ui/windows/labels.h"
 #include "ui/windows/screen_reader.h"
-#include "ui/windows/tips.h"
 
 #include <algorithm>
 
 namespace {
 
-enum class Kind { label, wrapped_label, button, field };
+using MainRow = ControlRow<Rect MainLayout::*>;
 
-struct ControlRow {
-    int id = 0;
-    Kind kind = Kind::label;
-    const wchar_t* text = nullptr;
-    Font Fonts::*font = nullptr;
-    Rect MainLayout::*place = nullptr;
-    bool starts_work = false;  // disabled while a flow runs
+// Two controls have never followed a change of DPI as the others do, and it is kept so: the address, small at first,
+// becomes body text with the first change, and the Close button keeps the font that it was made with.
+constexpr ControlFonts kAddressText{&Fonts::small, &Fonts::body};
+constexpr ControlFonts kCloseText{&Fonts::body, nullptr};
+
+constexpr MainRow kControls[] = {
+    {kConnectButton, ControlKind::button, L"Connect", kBodyText, &MainLayout::connect, true},
+    {kUnbindButton, ControlKind::button, L"Unbind", kBodyText, &MainLayout::unbind, true},
+    {kSettingsButton, ControlKind::button, L"", kBodyText, &MainLayout::settings, true},
+    {kHousePaymailCaption, ControlKind::label, L"House paymail", kSmallText, &MainLayout::house_paymail_caption},
+    {kHousePaymail, ControlKind::label, L"", kBodyText, &MainLayout::house_paymail},
+    {kPaymentAddressCaption, ControlKind::label, L"Payment address", kSmallText, &MainLayout::payment_address_caption},
+    {kPaymentAddress, ControlKind::label, L"", kAddressText, &MainLayout::payment_address},
+    {kNameCaption, ControlKind::label, L"Name", kSmallText, &MainLayout::name_caption},
+    {kNameField, ControlKind::field, L"", kBodyText, &MainLayout::name_field},
+    {kNamePreview, ControlKind::label, L"name@your-site", kBodyText, &MainLayout::name_preview},
+    {kNameHint, ControlKind::label, L"Pays this house paymail. Other names stay.", kSmallText, &MainLayout::name_hint},
+    {kKeptNames, ControlKind::label, L"", kSmallText, &MainLayout::kept_names},
+    {kInstallButton, ControlKind::button, L"Install plugin", kBodyText, &MainLayout::install, true},
+    {kPublishButton, ControlKind::button, L"Publish", kBodyText, &MainLayout::publish, true},
+    {kRemoveButton, ControlKind::button, L"Remove", kBodyText, &MainLayout::remove, true},
+    {kCloseButton, ControlKind::button, L"Close", kCloseText, &MainLayout::close},
+    {kStatusLine, ControlKind::wrapped_label, L"", kSmallText, &MainLayout::status},
+    {kVersionLabel, ControlKind::clickable_label, L"", kSmallText, &MainLayout::version},
 };
 
-// In the order of creation, which is also the order of the Tab key.
-constexpr ControlRow kControls[] = {
-    {kConnectButton, Kind::button, L"Connect", &Fonts::body, &MainLayout::connect, true},
-    {kUnbindButton, Kind::button, L"Unbind", &Fonts::body, &MainLayout::unbind, true},
-    {kSettingsButton, Kind::button, L"", &Fonts::body, &MainLayout::settings, true},
-    {kHousePaymailCaption, Kind::label, L"House paymail", &Fonts::small, &MainLayout::house_paymail_caption},
-    {kHousePaymail, Kind::label, L"", &Fonts::body, &MainLayout::house_paymail},
-    {kPaymentAddressCaption, Kind::label, L"Payment address", &Fonts::small, &MainLayout::payment_address_caption},
-    {kPaymentAddress, Kind::label, L"", &Fonts::small, &MainLayout::payment_address},
-    {kNameCaption, Kind::label, L"Name", &Fonts::small, &MainLayout::name_caption},
-    {kNameField, Kind::field, L"", &Fonts::body, &MainLayout::name_field},
-    {kNamePreview, Kind::label, L"name@your-site", &Fonts::body, &MainLayout::name_preview},
-    {kNameHint, Kind::label, L"Pays this house paymail. Other names stay.", &Fonts::small, &MainLayout::name_hint},
-    {kKeptNames, Kind::label, L"", &Fonts::small, &MainLayout::kept_names},
-    {kInstallButton, Kind::button, L"Install plugin", &Fonts::body, &MainLayout::install, true},
-    {kPublishButton, Kind::button, L"Publish", &Fonts::body, &MainLayout::publish, true},
-    {kRemoveButton, Kind::button, L"Remove", &Fonts::body, &MainLayout::remove, true},
-    {kCloseButton, Kind::button, L"Close", &Fonts::body, &MainLayout::close},
-    {kStatusLine, Kind::wrapped_label, L"", &Fonts::small, &MainLayout::status},
-    {kVersionLabel, Kind::label, L"", &Fonts::small, &MainLayout::version},
-};
-
-// The version label is no such label: it takes the mouse itself, and the texts that it shows have their room.
-bool has_tip(const ControlRow& row)
+// A clickable label has none: it takes the mouse itself, and what it shows has its room.
+bool has_tip(const MainRow& row)
 {
-    return (row.kind == Kind::label && row.id != kVersionLabel) || row.kind == Kind::wrapped_label;
+    return row.kind == ControlKind::label || row.kind == ControlKind::wrapped_label;
 }
 
 HWND control(int id)
@@ -57,34 +49,10 @@ HWND control(int id)
     return GetDlgItem(app_state().main_window, id);
 }
 
-HWND create_control(HWND parent, const ControlRow& row)
-{
-    switch (row.kind) {
-    case Kind::button:
-        return create_drawn_button(parent, row.id, row.text);
-    case Kind::field:
-        return create_field(parent, row.id, row.text);
-    case Kind::wrapped_label:
-        return create_label(parent, row.id, row.text, kWrappedLabel);
-    case Kind::label:
-        return create_label(parent, row.id, row.text, kOneLineLabel);
-    }
-    return nullptr;
-}
-
-// Only what the change of DPI has always reached: the payment address becomes body text then, and the Close button
-// keeps the font that it was made with.
-const Font* font_after_change(int id)
-{
-    if (id > kNameHint) return nullptr;
-    const bool is_small = id == kStatusLine || id == kVersionLabel || (id >= kKeptNames && id <= kNameHint);
-    return is_small ? &app_state().fonts.small : &app_state().fonts.body;
-}
-
 // `spared` is left alone: a button that is disabled for even a moment loses the focus.
 void enable_work(bool enabled, int spared)
 {
-    for (const ControlRow& row : kControls)
+    for (const MainRow& row : kControls)
         if (row.starts_work && row.id != spared) EnableWindow(control(row.id), enabled);
 }
 
@@ -92,8 +60,7 @@ void enable_work(bool enabled, int spared)
 
 void create_controls(HWND window)
 {
-    for (const ControlRow& row : kControls)
-        set_font(create_control(window, row), app_state().fonts.*row.font);
+    create_all(window, kControls, app_state().fonts);
 
     set_accessible_name(control(kSettingsButton), L"Settings");
     set_cue(control(kNameField), L"name");
@@ -103,13 +70,13 @@ void create_controls(HWND window)
     make_self_painting(version, TextFlow::one_line);
 
     app_state().tips = create_tips(window);
-    for (const ControlRow& row : kControls)
+    for (const MainRow& row : kControls)
         if (has_tip(row)) add_tip(app_state().tips, control(row.id));
 }
 
 void place_controls()
 {
-    for (const ControlRow& row : kControls) {
+    for (const MainRow& row : kControls) {
         const Rect& place = app_state().layout.*row.place;
         // Not repainted one by one: who lays out has the whole window painted afterwards.
         MoveWindow(control(row.id), place.x, place.y, place.width, place.height, FALSE);
@@ -119,8 +86,7 @@ void place_controls()
 
 void reassign_control_fonts()
 {
-    for (const ControlRow& row : kControls)
-        if (const Font* font = font_after_change(row.id)) set_font(control(row.id), *font);
+    change_fonts(app_state().main_window, kControls, app_state().fonts);
 }
 
 void answer_tip(NMTTDISPINFOW& question)
@@ -157,7 +123,7 @@ void show_waiting(int button)
 
 void show_idle(int waited_button)
 {
-    const auto row = std::ranges::find(kControls, waited_button, &ControlRow::id);
+    const auto row = std::ranges::find(kControls, waited_button, &MainRow::id);
     if (row != std::end(kControls)) SetWindowTextW(control(waited_button), row->text);
     enable_work(true, 0);
 }

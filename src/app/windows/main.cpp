@@ -6,9 +6,8 @@
 #include "app/windows/workers.h"
 #include "net/http_exchange.h"
 #include "platform/environment.h"
-#include "platform/windows/com_apartment.h"
-#include "platform/windows/crash_reports.h"
 #include "platform/windows/process_hardening.h"
+#include "platform/windows/shell.h"
 #include "platform/windows/windows_version.h"
 #include "ui/windows/keyboard.h"
 #include "wallet_bridge/binding.h"
@@ -52,9 +51,9 @@ void open_main_window(HINSTANCE instance, int show)
     start_update_check(window);
 }
 
-bool is_taken(HWND window, MSG& message)
+bool is_handled(HWND window, MSG& message)
 {
-    return window != nullptr && take_as_in_a_dialog(window, message);
+    return window != nullptr && handle_dialog_message(window, message);
 }
 
 int answer_messages()
@@ -62,7 +61,7 @@ int answer_messages()
     MSG message{};
     while (GetMessageW(&message, nullptr, 0, 0) > 0) {
         const AppState& state = app_state();
-        if (is_taken(state.settings_window, message) || is_taken(state.main_window, message)) continue;
+        if (is_handled(state.settings_window, message) || is_handled(state.main_window, message)) continue;
         TranslateMessage(&message);
         DispatchMessageW(&message);
     }

@@ -1,8 +1,8 @@
 #include "app/windows/open_settings.h"
 
 #include "app/windows/app_state.h"
+#include "app/windows/cards.h"
 #include "app/windows/controls.h"
-#include "app/windows/wallet_card.h"
 #include "platform/text_conversion.h"
 #include "settings/windows/settings_window.h"
 
@@ -32,7 +32,7 @@ void read_what_waits()
     tell(notice);
 }
 
-void on_taken(SettingsNotice of_password)
+void on_closed(SettingsNotice of_password)
 {
     keep_settings(of_password);
     refresh_name_preview();
@@ -44,13 +44,13 @@ void open_settings()
 {
     AppState& state = app_state();
     read_what_waits();
-    open_settings_window({state.main_window, state.dpi, &state.settings, &state.settings_window, on_taken});
+    open_settings_window({state.main_window, state.dpi, &state.settings, &state.settings_window, on_closed});
 }
 
-SettingsNotice take_open_settings()
+SettingsNotice copy_open_settings()
 {
     const HWND window = app_state().settings_window;
-    return window == nullptr ? SettingsNotice::none : take_settings_fields(window);
+    return window == nullptr ? SettingsNotice::none : copy_settings_fields(window);
 }
 
 void read_settings()

@@ -3,9 +3,9 @@
 #include "app/windows/app_state.h"
 #include "app/windows/controls.h"
 #include "build_values.h"
-#include "platform/open_page.h"
 #include "platform/text_conversion.h"
-#include "ui/windows/link.h"
+#include "platform/windows/shell.h"
+#include "ui/windows/labels.h"
 #include "update/build_number.h"
 
 namespace {
@@ -26,7 +26,7 @@ void refresh_version_label()
     if (app_state().update_is_available) make_link(label);
 }
 
-void take_found_build(std::int32_t found)
+void on_update_result(std::int32_t found)
 {
     app_state().update_is_available = found > kOwnBuild;
     refresh_version_label();

@@ -2,16 +2,14 @@
 // the window's DPI. Windows would stretch the sizes that the window class has.
 #pragma once
 
+#include "text/freed_by.h"
+
 #include <windows.h>
 
 #include <memory>
 #include <type_traits>
 
-struct IconDestroyer {
-    using pointer = HICON;
-    void operator()(HICON icon) const { DestroyIcon(icon); }
-};
-using Icon = std::unique_ptr<std::remove_pointer_t<HICON>, IconDestroyer>;
+using Icon = std::unique_ptr<std::remove_pointer_t<HICON>, FreedBy<DestroyIcon>>;
 
 inline constexpr int kIconResource = 1;
 

@@ -1,16 +1,12 @@
 #include "app/windows/workers.h"
 
-#include "app/windows/messages.h"
-#include "app/windows/posted_text.h"
 #include "build_values.h"
 #include "platform/text_conversion.h"
 #include "update/update_check.h"
 #include "wallet_bridge/connect.h"
 
 #include <atomic>
-#include <memory>
 #include <thread>
-#include <utility>
 
 namespace {
 

@@ -1,8 +1,6 @@
 #include "platform/windows/process_hardening.h"
 
-#include "platform/windows/system_function.h"
-
-#include <windows.h>
+#include "platform/windows/windows_version.h"
 
 namespace {
 
@@ -28,6 +26,9 @@ void set_policies(SetPolicy set)
     set_policy(set, ProcessFontDisablePolicy, fonts);
 }
 
+// WER_FAULT_REPORTING_FLAG_NOHEAP of <werapi.h>, which mingw-w64's compiler cannot read.
+constexpr DWORD kNoHeap = 1;
+
 }  // namespace
 
 void harden_process()
@@ -37,4 +38,10 @@ void harden_process()
             system_function<decltype(&SetDefaultDllDirectories)>(L"kernel32.dll", "SetDefaultDllDirectories"))
         search(LOAD_LIBRARY_SEARCH_SYSTEM32);
     if (const auto set = system_function<SetPolicy>(L"kernel32.dll", "SetProcessMitigationPolicy")) set_policies(set);
+}
+
+void keep_heap_out_of_crash_reports()
+{
+    using SetFlags = HRESULT(WINAPI*)(DWORD);
+    if (const auto set_flags = system_function<SetFlags>(L"kernel32.dll", "WerSetFlags")) set_flags(kNoHeap);
 }

@@ -3,7 +3,7 @@
 #include "platform/environment.h"
 #include "platform/files.h"
 #include "platform/text_conversion.h"
-#include "platform/windows/com_apartment.h"
+#include "platform/windows/shell.h"
 #include "text/path.h"
 
 #include <windows.h>

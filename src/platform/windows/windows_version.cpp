@@ -1,9 +1,5 @@
 #include "platform/windows/windows_version.h"
 
-#include "platform/windows/system_function.h"
-
-#include <windows.h>
-
 #include <tuple>
 
 bool is_new_enough(const WindowsVersion& version)

@@ -2,12 +2,10 @@
 
 #include "settings/windows/settings_window_controls.h"
 #include "settings/windows/settings_window_password.h"
-#include "ui/dpi.h"
-#include "ui/windows/background.h"
+#include "ui/geometry.h"
 #include "ui/windows/drawn_button.h"
-#include "ui/windows/frame.h"
 #include "ui/windows/keyboard.h"
-#include "ui/windows/users_palette.h"
+#include "ui/windows/theme.h"
 
 #include <memory>
 #include <utility>
@@ -88,7 +86,7 @@ void on_dpi_changed(HWND window, OpenWindow& open, unsigned dpi, const RECT& sug
 }
 
 // A window that is born on another monitor than its owner's hears of no change.
-void take_dpi_of_monitor(HWND window, OpenWindow& open)
+void adopt_dpi_of_monitor(HWND window, OpenWindow& open)
 {
     const unsigned dpi = start_dpi(GetDpiForWindow(window));
     if (dpi == start_dpi(GetDpiForWindow(open.host.main_window))) return;
@@ -124,16 +122,16 @@ void toggle_password(HWND window, OpenWindow& open)
     InvalidateRect(GetDlgItem(window, kShowPasswordButton), nullptr, FALSE);
 }
 
-void take_and_close(HWND window, const OpenWindow& open)
+void keep_and_close(HWND window, const OpenWindow& open)
 {
-    open.host.on_taken(take_settings_fields(window));
+    open.host.on_closed(copy_settings_fields(window));
     DestroyWindow(window);
 }
 
 void on_command(HWND window, OpenWindow& open, int id)
 {
     if (id == kShowPasswordButton) toggle_password(window, open);
-    if (id == kCloseSettingsButton) take_and_close(window, open);
+    if (id == kCloseSettingsButton) keep_and_close(window, open);
 }
 
 LRESULT CALLBACK settings_window_procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam)
@@ -165,7 +163,7 @@ LRESULT CALLBACK settings_window_procedure(HWND window, UINT message, WPARAM wpa
         on_command(window, *open, LOWORD(wparam));
         return 0;
     case WM_CLOSE:
-        take_and_close(window, *open);
+        keep_and_close(window, *open);
         return 0;
     case WM_DESTROY:
         wipe_password_field(GetDlgItem(window, kPasswordField));
@@ -218,14 +216,14 @@ void open_settings_window(const SettingsWindowHost& host)
 
     *host.handle = window;
     create_settings_controls(window, *host.settings, open_window(window)->fonts, host.dpi);
-    take_dpi_of_monitor(window, *open_window(window));
+    adopt_dpi_of_monitor(window, *open_window(window));
     apply_frame_colours(window);
     keep_focus(window);
     ShowWindow(window, SW_SHOW);
     SetFocus(GetDlgItem(window, kSiteField));
 }
 
-SettingsNotice take_settings_fields(HWND window)
+SettingsNotice copy_settings_fields(HWND window)
 {
     return take_typed(typed_settings(window), *open_window(window)->host.settings);
 }

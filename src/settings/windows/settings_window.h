@@ -13,14 +13,14 @@ struct SettingsWindowHost {
     SiteSettings* settings = nullptr;  // shown when it opens, and where its fields go
     HWND* handle = nullptr;            // the window while it is open, else null
     // The user closed the window: the settings hold its fields now.
-    void (*on_taken)(SettingsNotice of_password) = nullptr;
+    void (*on_closed)(SettingsNotice of_password) = nullptr;
 };
 
 // Opens the window, or brings it forward when it is open already.
 void open_settings_window(const SettingsWindowHost& host);
 
 // Copies the fields of the open window `window` to where its host keeps the settings.
-SettingsNotice take_settings_fields(HWND window);
+SettingsNotice copy_settings_fields(HWND window);
 
 // Puts the site and the user of the host's settings into the fields of the open window `window`.
 void show_settings_fields(HWND window);

@@ -2,23 +2,9 @@
 
 #include "platform/text_conversion.h"
 #include "settings/windows/settings_window_password.h"
-#include "ui/dpi.h"
-#include "ui/windows/child_controls.h"
-#include "ui/windows/control_text.h"
-#include "ui/windows/drawn_button.h"
 #include "ui/windows/screen_reader.h"
 
 namespace {
-
-enum class Kind { label, hint, button, field, password_field };
-
-struct Row {
-    int id = 0;
-    Kind kind = Kind::label;
-    const wchar_t* text = nullptr;
-    Rect place;  // at 96 DPI
-    Font Fonts::*font = nullptr;
-};
 
 constexpr int kLeft = 20;
 constexpr int kWidth = 404;  // of a field
@@ -26,40 +12,24 @@ constexpr int kEyeSize = 32;
 constexpr wchar_t kHint[] =
     L"Not the site login. On your profile, Application Passwords, paste the one WordPress shows.";
 
-// In the order of creation, which is also the order of the Tab key.
-constexpr Row kRows[] = {
-    {kSiteCaption, Kind::label, L"Site", {kLeft, 16, 400, 18}, &Fonts::small},
-    {kSiteField, Kind::field, L"", {kLeft, 36, kWidth, 28}, &Fonts::body},
-    {kUserCaption, Kind::label, L"WordPress user", {kLeft, 74, 400, 18}, &Fonts::small},
-    {kUserField, Kind::field, L"", {kLeft, 94, kWidth, 28}, &Fonts::body},
-    {kPasswordCaption, Kind::label, L"Application password", {kLeft, 132, 400, 18}, &Fonts::small},
-    {kPasswordField, Kind::password_field, L"", {kLeft, 152, kWidth - 8 - kEyeSize, 32}, &Fonts::body},
-    {kShowPasswordButton, Kind::button, L"", {kLeft + kWidth - kEyeSize, 152, kEyeSize, kEyeSize}, &Fonts::body},
-    {kPasswordHint, Kind::hint, kHint, {kLeft, 196, 460, 44}, &Fonts::small},
-    {kCloseSettingsButton, Kind::button, L"Close", {kLeft, 248, 120, 34}, &Fonts::body},
+// The places are those at 96 DPI.
+constexpr ControlRow<Rect> kControls[] = {
+    {kSiteCaption, ControlKind::label, L"Site", kSmallText, {kLeft, 16, 400, 18}},
+    {kSiteField, ControlKind::field, L"", kBodyText, {kLeft, 36, kWidth, 28}},
+    {kUserCaption, ControlKind::label, L"WordPress user", kSmallText, {kLeft, 74, 400, 18}},
+    {kUserField, ControlKind::field, L"", kBodyText, {kLeft, 94, kWidth, 28}},
+    {kPasswordCaption, ControlKind::label, L"Application password", kSmallText, {kLeft, 132, 400, 18}},
+    {kPasswordField, ControlKind::password_field, L"", kBodyText, {kLeft, 152, kWidth - 8 - kEyeSize, 32}},
+    {kShowPasswordButton, ControlKind::button, L"", kBodyText, {kLeft + kWidth - kEyeSize, 152, kEyeSize, kEyeSize}},
+    {kPasswordHint, ControlKind::hint, kHint, kSmallText, {kLeft, 196, 460, 44}},
+    {kCloseSettingsButton, ControlKind::button, L"Close", kBodyText, {kLeft, 248, 120, 34}},
 };
 
-HWND create_control(HWND window, const Row& row)
+void place_all(HWND window, unsigned dpi)
 {
-    switch (row.kind) {
-    case Kind::label:
-        return create_label(window, row.id, row.text, kOneLineLabel);
-    case Kind::hint:
-        return create_label(window, row.id, row.text, SS_NOPREFIX);
-    case Kind::button:
-        return create_drawn_button(window, row.id, row.text);
-    case Kind::field:
-        return create_field(window, row.id, row.text);
-    case Kind::password_field:
-        return create_field(window, row.id, row.text, ES_PASSWORD);
-    }
-    return nullptr;
-}
-
-void place(HWND control, const Rect& at_96, unsigned dpi)
-{
-    MoveWindow(control, scaled(at_96.x, dpi), scaled(at_96.y, dpi), scaled(at_96.width, dpi), scaled(at_96.height, dpi),
-               FALSE);
+    for (const ControlRow<Rect>& row : kControls)
+        MoveWindow(GetDlgItem(window, row.id), scaled(row.place.x, dpi), scaled(row.place.y, dpi),
+                   scaled(row.place.width, dpi), scaled(row.place.height, dpi), FALSE);
 }
 
 }  // namespace
@@ -71,18 +41,14 @@ Size settings_client_size(unsigned dpi)
 
 void fit_settings_controls(HWND window, const Fonts& fonts, unsigned dpi)
 {
-    for (const Row& row : kRows) {
-        const HWND control = GetDlgItem(window, row.id);
-        set_font(control, fonts.*row.font);
-        place(control, row.place, dpi);
-    }
+    change_fonts(window, kControls, fonts);
+    place_all(window, dpi);
 }
 
 void create_settings_controls(HWND window, const SiteSettings& settings, const Fonts& fonts, unsigned dpi)
 {
-    for (const Row& row : kRows)
-        create_control(window, row);
-    fit_settings_controls(window, fonts, dpi);
+    create_all(window, kControls, fonts);
+    place_all(window, dpi);
     show_in_fields(window, settings);
     prepare_password_field(GetDlgItem(window, kPasswordField), settings.pass.opens());
     name_eye(window, false);

@@ -3,7 +3,7 @@
 
 #include "settings/settings_store.h"
 #include "settings/site_settings.h"
-#include "ui/windows/fonts.h"
+#include "ui/windows/control_table.h"
 
 enum SettingsControlId : int {
     kSiteField = 2001,

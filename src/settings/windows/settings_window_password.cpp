@@ -1,7 +1,7 @@
 #include "settings/windows/settings_window_password.h"
 
 #include "platform/text_conversion.h"
-#include "ui/windows/child_controls.h"
+#include "ui/windows/control_table.h"
 
 #include <commctrl.h>
 

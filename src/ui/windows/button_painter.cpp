@@ -1,17 +1,17 @@
 // Paints the drawn buttons. The corners outside the rounded face show the window's gradient, so that nothing tells
 // where a button ends and its parent begins.
-#include "ui/dpi.h"
-#include "ui/windows/background.h"
+#include "ui/button_pictures.h"
+#include "ui/geometry.h"
 #include "ui/windows/drawn_button.h"
 #include "ui/windows/keyboard.h"
-#include "ui/windows/picture_painter.h"
-#include "ui/windows/users_palette.h"
+#include "ui/windows/theme.h"
 
 namespace {
 
 constexpr int kCorner = 12;
 constexpr int kFocusInset = 3;  // of the ring that shows the focus, from the edge of the button
 constexpr int kFocusStroke = 2;
+constexpr int kPictureStroke = 2;  // pixels, whatever the DPI
 constexpr int kLongestLabel = 128;
 
 ButtonState state_of(const DRAWITEMSTRUCT& item)
@@ -72,6 +72,42 @@ void paint_label(const DRAWITEMSTRUCT& item, const ButtonState& state, Colour co
     SetTextColor(item.hDC, colorref(colour));
     SetBkMode(item.hDC, TRANSPARENT);
     DrawTextW(item.hDC, label, length, &place, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
+}
+
+Pen stroke(Colour colour)
+{
+    return Pen(CreatePen(PS_SOLID, kPictureStroke, colorref(colour)));
+}
+
+void paint_ellipse(HDC dc, const Rect& box, HGDIOBJ brush)
+{
+    const Selected selected(dc, brush);
+    Ellipse(dc, box.x, box.y, box.right(), box.bottom());
+}
+
+void paint_line(HDC dc, const Line& line)
+{
+    MoveToEx(dc, line.from.x, line.from.y, nullptr);
+    LineTo(dc, line.to.x, line.to.y);
+}
+
+void paint_gear(HDC dc, const Gear& gear, Colour colour)
+{
+    const Pen pen = stroke(colour);
+    const Selected selected(dc, pen.get());
+    paint_ellipse(dc, gear.ring, GetStockObject(HOLLOW_BRUSH));
+    for (const Line& spoke : gear.spokes)
+        paint_line(dc, spoke);
+}
+
+void paint_eye(HDC dc, const Eye& eye, Colour colour)
+{
+    const Pen pen = stroke(colour);
+    const Brush brush = solid_brush(colour);
+    const Selected selected(dc, pen.get());
+    paint_ellipse(dc, eye.outline, GetStockObject(HOLLOW_BRUSH));
+    paint_ellipse(dc, eye.pupil, brush.get());
+    if (eye.slash) paint_line(dc, *eye.slash);
 }
 
 void paint_content(const DRAWITEMSTRUCT& item, const ButtonState& state, Colour colour, const ButtonLook& look)

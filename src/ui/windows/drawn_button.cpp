@@ -35,6 +35,7 @@ LRESULT wanted_keys(LPARAM lparam)
     return DLGC_WANTARROWS | (asks_about_key(lparam, VK_RETURN) ? DLGC_WANTMESSAGE : 0);
 }
 
+// Subclass procedure of a drawn button.
 LRESULT CALLBACK behave(HWND button, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR id, DWORD_PTR)
 {
     switch (message) {

@@ -2,8 +2,8 @@
 // out again before its owner dies.
 #pragma once
 
-#include "ui/colour.h"
 #include "ui/geometry.h"
+#include "ui/palette.h"
 
 #include <windows.h>
 

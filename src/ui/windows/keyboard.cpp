@@ -29,6 +29,7 @@ bool is_minimising(WPARAM command)
     return (command & ~kSystemsOwnBits) == SC_MINIMIZE;
 }
 
+// Subclass procedure of a top-level window.
 LRESULT CALLBACK give_focus_back_on_return(HWND window, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR id,
                                            DWORD_PTR)
 {
@@ -67,7 +68,7 @@ void keep_focus(HWND window)
     SetWindowSubclass(window, give_focus_back_on_return, 0, 0);
 }
 
-bool take_as_in_a_dialog(HWND window, MSG& message)
+bool handle_dialog_message(HWND window, MSG& message)
 {
     if (message.hwnd == window || IsChild(window, message.hwnd)) {
         if (message.message == WM_KEYDOWN && message.wParam == VK_TAB) set_focus_shown(window, true);

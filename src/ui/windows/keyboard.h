@@ -10,7 +10,7 @@ void keep_focus(HWND window);
 
 // Takes a message that moves the focus in `window` as the keys of a dialog do, and notes on the way whether the user
 // works with the keyboard or with the mouse. False: the message is still to be dispatched.
-bool take_as_in_a_dialog(HWND window, MSG& message);
+bool handle_dialog_message(HWND window, MSG& message);
 
 // Whether the controls of `window` show which of them has the focus: from the Tab key to the next press of the mouse.
 void set_focus_shown(HWND window, bool is_shown);

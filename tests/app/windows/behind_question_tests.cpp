@@ -1,6 +1,6 @@
 // The main window while the question about a newer build stands before it: nothing in it is pressed, by no road, and
 // who starts the program again is led to the question.
-#include "app/windows/messages.h"
+#include "app/windows/workers.h"
 #include "kit/test_folder.h"
 #include "kit/windows/open_settings_window.h"
 #include "kit/windows/own_window.h"

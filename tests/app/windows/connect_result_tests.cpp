@@ -1,7 +1,6 @@
 // What the main window does with the result of a connect, in a window of this process, which can be handed any text.
 #include "app/windows/main_window.h"
-#include "app/windows/messages.h"
-#include "app/windows/posted_text.h"
+#include "app/windows/workers.h"
 #include "kit/test_folder.h"
 #include "kit/windows/own_window.h"
 

@@ -1,5 +1,5 @@
 // Connect and Unbind through the real window. The user of the wallet application is the test itself.
-#include "app/windows/messages.h"
+#include "app/windows/workers.h"
 #include "kit/child_process.h"
 #include "kit/connect_requests.h"
 #include "kit/wallet_files.h"

@@ -1,5 +1,5 @@
 // What the main window answers when its controls ask for their colours, and what it asks of its frame.
-#include "app/windows/window_painting.h"
+#include "app/windows/main_window_painting.h"
 
 #include "kit/windows/own_window.h"
 #include "kit/windows/replaced_import.h"

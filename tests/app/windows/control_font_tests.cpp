@@ -1,8 +1,7 @@
-// The fonts, and which control holds which: at the start and after the window came to another monitor.
+// Which control of the main window shows which font: at the start and after the window came to another monitor.
 #include "app/windows/controls.h"
 #include "kit/windows/drawn_texts.h"
 #include "kit/windows/own_window.h"
-#include "ui/windows/fonts.h"
 
 #include <gtest/gtest.h>
 
@@ -14,9 +13,9 @@ constexpr int kBody = 16;  // heights of the characters at 96 DPI
 constexpr int kSmall = 14;
 
 const std::map<int, int> kHeightsAtCreation = {
-    {1001, kBody},  {1002, kBody},  {1003, kBody},  {1014, kSmall}, {1010, kBody},  {1015, kSmall},
-    {1011, kSmall}, {1016, kSmall}, {1004, kBody},  {1012, kBody},  {1017, kSmall}, {1013, kSmall},
-    {1006, kBody},  {1018, kBody},  {1008, kSmall}, {1009, kSmall},
+    {1001, kBody},  {1002, kBody},  {1003, kBody}, {1014, kSmall}, {1010, kBody},  {1015, kSmall},
+    {1011, kSmall}, {1016, kSmall}, {1004, kBody}, {1012, kBody},  {1017, kSmall}, {1013, kSmall},
+    {1005, kBody},  {1006, kBody},  {1007, kBody}, {1018, kBody},  {1008, kSmall}, {1009, kSmall},
 };
 
 HFONT font_of(const OwnWindow& window, int id)
@@ -31,36 +30,7 @@ void expect_font(HFONT font, int height, const std::string& what)
     EXPECT_EQ(described.lfHeight, -height) << what;
 }
 
-void expect_made_for(const Fonts& fonts, int body, int small_font, int title)
-{
-    const LOGFONTW of_body = description(fonts.body.get());
-    const LOGFONTW of_small = description(fonts.small.get());
-    const LOGFONTW of_title = description(fonts.title.get());
-    EXPECT_EQ(of_body.lfHeight, -body);
-    EXPECT_EQ(of_small.lfHeight, -small_font);
-    EXPECT_EQ(of_title.lfHeight, -title);
-    for (const LOGFONTW& font : {of_body, of_small, of_title}) {
-        EXPECT_EQ(font.lfWeight, 400);
-        EXPECT_EQ(font.lfCharSet, DEFAULT_CHARSET);
-        EXPECT_EQ(font.lfQuality, CLEARTYPE_QUALITY);
-        EXPECT_FALSE(font.lfItalic || font.lfUnderline || font.lfStrikeOut);
-    }
-    for (const LOGFONTW& font : {of_body, of_small}) {
-        EXPECT_STREQ(font.lfFaceName, L"Segoe UI");
-        EXPECT_EQ(font.lfPitchAndFamily & 0xF0, FF_SWISS);
-    }
-    EXPECT_STREQ(of_title.lfFaceName, L"Georgia");
-    EXPECT_EQ(of_title.lfPitchAndFamily & 0xF0, FF_ROMAN);
-}
-
 }  // namespace
-
-TEST(Fonts, AreThreeWhoseHeightsFollowTheDpi)
-{
-    expect_made_for(make_fonts(96), 16, 14, 26);
-    expect_made_for(make_fonts(144), 24, 21, 39);
-    expect_made_for(make_fonts(120), 20, 18, 33);  // 17.5 and 32.5
-}
 
 TEST(ControlFonts, AtCreationAreThoseOfTheTable)
 {

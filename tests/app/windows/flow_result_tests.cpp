@@ -1,8 +1,7 @@
 // A flow's start and its result, as the main window takes them; the flows are the tests' own.
 #include "app/windows/busy_guard.h"
 #include "app/windows/controls.h"
-#include "app/windows/messages.h"
-#include "app/windows/posted_text.h"
+#include "app/windows/workers.h"
 #include "kit/windows/freed_memory.h"
 #include "kit/windows/own_window.h"
 

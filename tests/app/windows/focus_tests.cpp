@@ -6,7 +6,7 @@
 #include "kit/windows/own_window.h"
 #include "kit/windows/picture.h"
 #include "kit/windows/picture_file.h"
-#include "ui/dpi.h"
+#include "ui/geometry.h"
 #include "ui/windows/keyboard.h"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,7 @@
 // Messages that other programs of the desktop post with numbers of their own: the main window takes nothing from them.
 #include "app/windows/busy_guard.h"
 #include "app/windows/controls.h"
-#include "app/windows/messages.h"
-#include "app/windows/posted_text.h"
+#include "app/windows/workers.h"
 #include "kit/windows/own_window.h"
 
 #include <gtest/gtest.h>

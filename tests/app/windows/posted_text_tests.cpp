@@ -1,8 +1,6 @@
 // The hand-over of a text from a worker to a window, over a real queue, with texts that count how many of them live.
-#include "app/windows/posted_text.h"
-
-#include "app/windows/messages.h"
 #include "app/windows/workers.h"
+
 #include "kit/windows/running_program.h"
 
 #include <gtest/gtest.h>
@@ -48,7 +46,7 @@ TEST(PostedText, IsFreedOnceByTheReceiver)
     ASSERT_GT(GetMessageW(&message, window, MsgFlowResult, MsgFlowResult), 0);
     EXPECT_EQ(message.wParam, 0U);
     {
-        const auto text = take_text<CountedText>(message.lParam);
+        const auto text = receive_text<CountedText>(message.lParam);
         EXPECT_NE(text, nullptr);
         EXPECT_EQ(CountedText::living, 1);
     }
@@ -72,9 +70,9 @@ TEST(PostedText, IsTakenOnce)
     auto text = std::make_unique<CountedText>();
     const auto address = reinterpret_cast<LPARAM>(text.get());
     ASSERT_TRUE(post_text(window, MsgFlowResult, std::move(text)));
-    EXPECT_NE(take_text<CountedText>(address), nullptr);
+    EXPECT_NE(receive_text<CountedText>(address), nullptr);
     EXPECT_EQ(CountedText::living, 0);
-    EXPECT_EQ(take_text<CountedText>(address), nullptr);
+    EXPECT_EQ(receive_text<CountedText>(address), nullptr);
     DestroyWindow(window);
 }
 
@@ -84,7 +82,7 @@ TEST(PostedText, IsTakenOnlyWhenItWasReallyPosted)
     const auto never_posted = std::make_unique<CountedText>();
     ASSERT_TRUE(post_text(window, MsgFlowResult, std::make_unique<CountedText>()));
     for (const LPARAM foreign : {LPARAM{0}, LPARAM{1}, LPARAM{-1}, reinterpret_cast<LPARAM>(never_posted.get())})
-        EXPECT_EQ(take_text<CountedText>(foreign), nullptr) << foreign;
+        EXPECT_EQ(receive_text<CountedText>(foreign), nullptr) << foreign;
     EXPECT_EQ(CountedText::living, 2);
     DestroyWindow(window);
 }
@@ -95,8 +93,8 @@ TEST(PostedText, IsNotTakenAsATextOfAnotherType)
     auto text = std::make_unique<CountedText>();
     const auto address = reinterpret_cast<LPARAM>(text.get());
     ASSERT_TRUE(post_text(window, MsgConnectResult, std::move(text)));
-    EXPECT_EQ(take_text<std::wstring>(address), nullptr);
-    EXPECT_NE(take_text<CountedText>(address), nullptr);
+    EXPECT_EQ(receive_text<std::wstring>(address), nullptr);
+    EXPECT_NE(receive_text<CountedText>(address), nullptr);
     DestroyWindow(window);
 }
 
@@ -115,7 +113,7 @@ TEST(PostedText, EachOfManyThreadsHandsOverItsOwn)
     for (int taken = 0; taken < kThreads * kEach; ++taken) {
         MSG message{};
         ASSERT_GT(GetMessageW(&message, window, MsgFlowResult, MsgFlowResult), 0);
-        EXPECT_NE(take_text<CountedText>(message.lParam), nullptr);
+        EXPECT_NE(receive_text<CountedText>(message.lParam), nullptr);
     }
     for (std::thread& sender : senders)
         sender.join();
@@ -135,7 +133,7 @@ TEST(StartFlow, PostsExactlyOneResultOfTheSettingsAsTheyWereAtTheStart)
     MSG message{};
     ASSERT_GT(GetMessageW(&message, window, 0, 0), 0);
     EXPECT_EQ(message.message, MsgFlowResult);
-    EXPECT_EQ(*take_text<std::wstring>(message.lParam), L"done for ann");
+    EXPECT_EQ(*receive_text<std::wstring>(message.lParam), L"done for ann");
     EXPECT_TRUE(becomes_true([] { return !worker_is_running(); }));
     EXPECT_FALSE(PeekMessageW(&message, window, 0, 0, PM_REMOVE));
     DestroyWindow(window);

@@ -1,6 +1,6 @@
 // Logging off and shutting Windows down, as the system tells of them. After that it ends the process as it stands: so
 // does the test, and what was not saved by then is lost.
-#include "app/windows/messages.h"
+#include "app/windows/workers.h"
 #include "kit/test_folder.h"
 #include "kit/windows/open_settings_window.h"
 #include "kit/windows/saved_settings.h"

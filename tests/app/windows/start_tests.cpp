@@ -23,14 +23,14 @@ TEST(Start, BindsTheOnlyWalletForTheFolderOfTheExecutable)
     for (const auto& entry : std::filesystem::directory_iterator(wide_path(folder.data() + "/binds")))
         names.push_back(entry.path().filename().wstring());
     ASSERT_EQ(names.size(), 1U);
-    const auto record = parse_json(folder.read("binds/" + narrow_path(names[0])));
+    const auto record = parse_json(folder.read("binds/" + narrow(names[0])));
     EXPECT_EQ(record.size(), 3U);
     EXPECT_EQ(text_member(record, "app"), "Brasslet");
     EXPECT_EQ(text_member(record, "wallet_id"), "1");
     const std::string instance = text_member(record, "instance");
     EXPECT_TRUE(instance.ends_with("\\src")) << instance;
     EXPECT_EQ(file_status(instance + "\\Brasslet.exe"), FileStatus::exists) << instance;
-    EXPECT_EQ(narrow_path(names[0]), bind_key(instance) + ".json");
+    EXPECT_EQ(narrow(names[0]), bind_key(instance) + ".json");
 }
 
 TEST(Start, MakesTheProgramsFolderTheCurrentOne)

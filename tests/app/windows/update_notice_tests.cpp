@@ -1,11 +1,11 @@
 // What the main window makes of a newer build: its label, its question, and the page.
-#include "app/windows/messages.h"
+#include "app/windows/workers.h"
 #include "kit/test_folder.h"
+#include "kit/windows/handed_to_shell.h"
 #include "kit/windows/keys.h"
-#include "kit/windows/opened_pages.h"
 #include "kit/windows/running_program.h"
 #include "kit/windows/stalled_site.h"
-#include "platform/open_page.h"
+#include "platform/windows/shell.h"
 #include "ui/windows/gdi.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 // What the two cards say of a connected wallet.
-#include "app/windows/wallet_card.h"
+#include "app/windows/cards.h"
 
 #include "app/windows/controls.h"
 #include "kit/wallet_files.h"

@@ -1,7 +1,6 @@
 // The class of the main window, registered by this process: its icons come from the module that it is told of.
 #include "app/windows/main_window.h"
 
-#include "app/windows/main_window_events.h"
 #include "platform/environment.h"
 #include "platform/text_conversion.h"
 

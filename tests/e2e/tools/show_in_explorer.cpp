@@ -1,6 +1,6 @@
 // Shows the file of the one argument selected in Explorer, by the program's own code.
-#include "platform/explorer.h"
 #include "platform/text_conversion.h"
+#include "platform/windows/shell.h"
 
 #include <windows.h>
 

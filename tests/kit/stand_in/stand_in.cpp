@@ -1,10 +1,6 @@
 #include "kit/stand_in/stand_in.h"
 
 #include "platform/environment.h"
-#include "platform/explorer.h"
-#include "platform/open_page.h"
-#include "platform/pause.h"
-#include "platform/resource.h"
 #include "platform/user_protection.h"
 #include "platform/wallet_app.h"
 
@@ -37,13 +33,6 @@ void notify_wallet_app()
     ++stand_in().wallet_app_notices;
 }
 
-bool open_page(const std::string& address, WindowHandle)
-{
-    if (!address.starts_with("https://")) return false;
-    stand_in().pages.push_back(address);
-    return true;
-}
-
 bool raise_wallet_app()
 {
     ++stand_in().wallet_app_raises;
@@ -59,11 +48,6 @@ void pause(std::chrono::milliseconds duration)
 std::string_view load_resource(int)
 {
     return stand_in().resource;
-}
-
-void show_in_explorer(const std::string& path, WindowHandle)
-{
-    stand_in().shown_files.push_back(path);
 }
 
 namespace {

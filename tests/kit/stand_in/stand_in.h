@@ -1,7 +1,7 @@
 // What a test can set and see of the native stand-in for platform/.
 #pragma once
 
-#include "platform/dns_query.h"
+#include "platform/dns.h"
 
 #include <chrono>
 #include <cstddef>
@@ -30,10 +30,8 @@ struct StandIn {
     std::vector<SrvRecord> srv_records;             // answer of query_srv()
     std::vector<std::string> srv_queries;           // the names that were asked for
     int wallet_app_notices = 0;                     // calls of notify_wallet_app()
-    std::vector<std::string> pages;                 // the addresses that open_page() opened, in order
     bool protection_works = true;                   // protect_for_user() succeeds
     std::string resource;                           // answer of load_resource() for every id
-    std::vector<std::string> shown_files;           // paths given to show_in_explorer()
     int wallet_app_raises = 0;                      // calls of raise_wallet_app()
     bool wallet_app_is_there = true;                // answer of raise_wallet_app()
     std::vector<std::chrono::milliseconds> pauses;  // that pause() was asked for; none of them takes any time

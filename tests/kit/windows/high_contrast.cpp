@@ -1,7 +1,7 @@
 #include "kit/windows/high_contrast.h"
 
 #include "ui/windows/gdi.h"
-#include "ui/windows/users_palette.h"
+#include "ui/windows/theme.h"
 
 #include <map>
 

@@ -64,6 +64,28 @@ protected:
     ReplacedImport<decltype(&HeapSetInformation)> m_heap{__imp_HeapSetInformation, note_heap};
 };
 
+std::vector<DWORD> given_flags;
+std::string asked_for;
+HMODULE asked_module = nullptr;
+
+HRESULT WINAPI take_flags(DWORD flags)
+{
+    given_flags.push_back(flags);
+    return S_OK;
+}
+
+FARPROC WINAPI give_taker(HMODULE module, LPCSTR name)
+{
+    asked_module = module;
+    asked_for = name;
+    return reinterpret_cast<FARPROC>(reinterpret_cast<void*>(take_flags));
+}
+
+FARPROC WINAPI give_nothing(HMODULE, LPCSTR)
+{
+    return nullptr;
+}
+
 }  // namespace
 
 TEST_F(ProcessHardening, AHeapThatIsDamagedEndsTheProcess)
@@ -98,4 +120,23 @@ TEST_F(ProcessHardening, AnOlderWindowsGoesOnWithoutIt)
     harden_process();
     EXPECT_EQ(asked, (std::vector<std::string>{"SetDefaultDllDirectories", "SetProcessMitigationPolicy"}));
     EXPECT_TRUE(policies.empty());
+}
+
+TEST(CrashReports, AskWindowsToLeaveTheHeapOut)
+{
+    {
+        const ReplacedImport<decltype(&GetProcAddress)> noted(__imp_GetProcAddress, give_taker);
+        keep_heap_out_of_crash_reports();
+    }
+    EXPECT_EQ(asked_for, "WerSetFlags");
+    EXPECT_EQ(asked_module, GetModuleHandleW(L"kernel32.dll"));
+    // WER_FAULT_REPORTING_FLAG_NOHEAP
+    EXPECT_EQ(given_flags, std::vector<DWORD>{1});
+}
+
+TEST(CrashReports, AreLeftAloneOnAWindowsWithoutTheFunction)
+{
+    const ReplacedImport<decltype(&GetProcAddress)> missing(__imp_GetProcAddress, give_nothing);
+    keep_heap_out_of_crash_reports();
+    EXPECT_TRUE(given_flags.empty());
 }

@@ -1,10 +1,9 @@
-// Writing the package when the disk fails, and showing it.
+// Writing the package when the disk fails.
 #include "plugin/package.h"
 
 #include "kit/stand_in/stand_in.h"
 #include "kit/test_folder.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace {
@@ -43,22 +42,4 @@ TEST(PackageFaults, AZipThatCannotBeReplacedStays)
     FileFaults faults;
     faults.replaces_fail = true;
     expect_old_zip_stays(faults);
-}
-
-TEST(ShowingThePackage, SelectsTheZipAndOpensTheUploadPage)
-{
-    const TestFolder folder;
-    show_plugin_upload(" Brasslet.TEST/blog/ ", nullptr);
-    EXPECT_THAT(stand_in().shown_files, testing::ElementsAre(folder.data() + "/payname/brasslet.zip"));
-    EXPECT_THAT(stand_in().pages,
-                testing::ElementsAre("https://brasslet.test/blog/wp-admin/plugin-install.php?tab=upload"));
-}
-
-TEST(ShowingThePackage, OpensNoPageForAnAddressThatCannotBeUsed)
-{
-    const TestFolder folder;
-    for (const char* site : {"", "http://brasslet.test", "https://brasslet.test:8443"})
-        show_plugin_upload(site, nullptr);
-    EXPECT_EQ(stand_in().shown_files.size(), 3U);
-    EXPECT_THAT(stand_in().pages, testing::IsEmpty());
 }

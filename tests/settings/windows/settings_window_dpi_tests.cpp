@@ -7,8 +7,8 @@
 #include "kit/windows/picture.h"
 #include "kit/windows/picture_file.h"
 #include "settings/windows/settings_window_controls.h"
-#include "ui/dpi.h"
-#include "ui/eye.h"
+#include "ui/button_pictures.h"
+#include "ui/geometry.h"
 
 #include <gtest/gtest.h>
 

@@ -3,7 +3,7 @@
 #include "kit/windows/keys.h"
 #include "kit/windows/open_settings_window.h"
 #include "kit/windows/saved_settings.h"
-#include "ui/dpi.h"
+#include "ui/geometry.h"
 
 #include <gmock/gmock.h>
 

@@ -2,8 +2,7 @@
 // pictures on two of them.
 #include "kit/test_folder.h"
 #include "kit/windows/open_settings_window.h"
-#include "ui/eye.h"
-#include "ui/gear.h"
+#include "ui/button_pictures.h"
 #include "ui/windows/gdi.h"
 
 #include <gtest/gtest.h>

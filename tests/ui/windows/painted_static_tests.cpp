@@ -1,5 +1,5 @@
 // The status line and the version label, which paint themselves: what they draw, and their pixels in the real window.
-#include "ui/windows/painted_static.h"
+#include "ui/windows/labels.h"
 
 #include "app/windows/controls.h"
 #include "kit/windows/drawn_texts.h"

@@ -1,6 +1,6 @@
 // Painting, read back pixel by pixel from a bitmap and from a window of this process.
 #include "kit/windows/canvas.h"
-#include "ui/windows/background.h"
+#include "ui/windows/theme.h"
 
 #include <gtest/gtest.h>
 

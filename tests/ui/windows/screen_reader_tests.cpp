@@ -1,5 +1,5 @@
 // The program as a screen reader hears it: from another process, through IAccessible and the events of the desktop.
-#include "app/windows/messages.h"
+#include "app/windows/workers.h"
 #include "kit/test_folder.h"
 #include "kit/windows/keys.h"
 #include "kit/windows/open_settings_window.h"
