@@ -105,6 +105,11 @@ void unbind_wallet()
     remember(std::move(binding));
 }
 
+void forget_binding()
+{
+    remember({});
+}
+
 std::string bind_key(std::string_view instance)
 {
     std::string key = lower_ascii(instance);

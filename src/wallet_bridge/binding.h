@@ -31,6 +31,8 @@ void bind_wallet(const std::string& wallet_id);
 // record could not be deleted (WalletBinding::is_recorded). Nothing happens before bind_at_startup.
 void unbind_wallet();
 
+void forget_binding();  // as if bind_at_startup had not run; the bind record stays
+
 // File name of the bind record, without its ending: small letters and digits, everything else "_", the last 96 of them.
 std::string bind_key(std::string_view instance);
 

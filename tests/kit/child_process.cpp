@@ -107,6 +107,7 @@ ChildProcess::~ChildProcess()
 #include <csignal>
 
 #include <fcntl.h>
+#include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -138,14 +139,15 @@ ChildProcess::ChildProcess(const std::vector<std::string>& arguments)
 
     const auto input = make_pipe();
     const auto output = make_pipe();
-    const pid_t child = fork();
-    if (child == 0) {
-        dup2(input[0], STDIN_FILENO);
-        dup2(output[1], STDOUT_FILENO);
-        execv(program.c_str(), argv.data());
-        _exit(127);
-    }
-    if (child < 0) throw std::runtime_error("cannot start " + program);
+    // Not fork(): it copies the tables of all the memory that a sanitizer has reserved.
+    pid_t child = 0;
+    posix_spawn_file_actions_t redirections;
+    posix_spawn_file_actions_init(&redirections);
+    posix_spawn_file_actions_adddup2(&redirections, input[0], STDIN_FILENO);
+    posix_spawn_file_actions_adddup2(&redirections, output[1], STDOUT_FILENO);
+    const int error = posix_spawn(&child, program.c_str(), &redirections, nullptr, argv.data(), environ);
+    posix_spawn_file_actions_destroy(&redirections);
+    if (error != 0) throw std::runtime_error("cannot start " + program);
     close(input[0]);
     close(output[1]);
     m_process = child;

@@ -37,6 +37,7 @@ TEST(WalletEvents, LogTextArrivesAsItIs)
 
 TEST(WalletEvents, WithoutAnObserverALineIsDropped)
 {
+    line.clear();
     emit_event("status");
     emit_log("text");
     set_event_sink(remember_line);

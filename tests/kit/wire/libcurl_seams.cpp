@@ -1,5 +1,7 @@
 #include "kit/wire/libcurl_seams.h"
 
+#include "kit/test_program/afresh.h"
+
 #include <atomic>
 #include <cstdarg>
 #include <optional>
@@ -12,6 +14,17 @@ std::optional<CURLoption> g_refused;
 std::optional<std::string> g_refused_entry;
 std::map<CURLoption, long> g_options;
 std::atomic<int> g_wiped = 0;
+
+void refuse_nothing()
+{
+    g_refuse = false;
+    g_refused.reset();
+    g_refused_entry.reset();
+    g_options.clear();
+    g_wiped = 0;
+}
+
+const bool g_starts_afresh = start_afresh_with(refuse_nothing);
 
 }  // namespace
 

@@ -60,6 +60,15 @@ FARPROC WINAPI look_up(HMODULE, LPCSTR name)
 
 class ProcessHardening : public testing::Test {
 protected:
+    ProcessHardening()
+    {
+        asked.clear();
+        policies.clear();
+        heap_settings.clear();
+        dll_directories = 0;
+        is_old_windows = false;
+    }
+
     ReplacedImport<decltype(&GetProcAddress)> m_functions{__imp_GetProcAddress, look_up};
     ReplacedImport<decltype(&HeapSetInformation)> m_heap{__imp_HeapSetInformation, note_heap};
 };
