@@ -1,7 +1,7 @@
 #include "flows/remove.h"
 
 #include "flows/change_refusal.h"
-#include "paymail/payname_registry.h"
+#include "paymail/kept_names.h"
 #include "paymail/payname_rules.h"
 #include "platform/text_conversion.h"
 #include "platform/wallet_app.h"

@@ -4,13 +4,13 @@
 #include "platform/files.h"
 #include "plugin/zip_file.h"
 #include "site/site_address.h"
-#include "wallet_bridge/data_directory.h"
+#include "wallet_bridge/shared_files.h"
 
 std::string plugin_zip_path()
 {
-    const std::string folder = data_directory() + "/payname";
-    create_folders(folder);
-    return folder + "/brasslet.zip";
+    std::string path = plugin_package_path();
+    create_folders(parent_folder(path));
+    return path;
 }
 
 bool write_plugin_zip(const std::string& path, std::string_view plugin)

@@ -1,10 +1,9 @@
 #include "settings/settings_store.h"
 
 #include "platform/files.h"
-#include "text/clock.h"
 #include "text/exact_json.h"
 #include "text/json.h"
-#include "wallet_bridge/data_directory.h"
+#include "wallet_bridge/shared_files.h"
 
 #include <algorithm>
 #include <array>
@@ -20,11 +19,6 @@ struct SettingsFile {
     FileState state = FileState::missing;
     json document;  // an object, also in a damaged file of which something can be taken; otherwise null
 };
-
-std::string settings_path()
-{
-    return settings_folder() + "/ui.json";
-}
 
 // The member, empty when it is absent; nothing when it is no text.
 std::optional<std::string> text_or_nothing(const json& document, const char* key)
@@ -90,22 +84,18 @@ bool is_empty(const SiteSettings& settings, const std::string& name)
     return settings.site.empty() && settings.user.empty() && !settings.pass.is_stored() && name.empty();
 }
 
-bool move_damaged_file()
-{
-    return rename_file(settings_path(), settings_path() + ".damaged-" + std::to_string(milliseconds_since_epoch()));
-}
-
 }  // namespace
 
 std::string settings_folder()
 {
-    std::string folder = data_directory() + "/payname";
+    std::string folder = parent_folder(settings_path());
     create_folders(folder);
     return folder;
 }
 
 SettingsNotice load_settings(SiteSettings& settings)
 {
+    create_folders(parent_folder(settings_path()));
     const SettingsFile file = settings_file(read_file(settings_path()));
     settings.wait_for_file = file.state == FileState::unreadable;
     take(file.document, settings);
@@ -133,13 +123,14 @@ SettingsNotice save_settings(SiteSettings& settings, const std::string& name_fie
     }
     if (file.state == FileState::damaged) {
         if (is_empty(settings, name)) return late;
-        if (!move_damaged_file()) return SettingsNotice::not_saved;
+        if (!rename_file(settings_path(), damaged_path(settings_path()))) return SettingsNotice::not_saved;
     }
     json document = file.state == FileState::whole ? std::move(file.document) : json::object();
     document["alias"] = name;
     document["pass"] = settings.pass.text_for_file();
     document["site"] = settings.site;
     document["user"] = settings.user;
+    create_folders(parent_folder(settings_path()));
     update_in_place(settings_path(), pretty_exact_json(document));
     return late;
 }

@@ -15,7 +15,7 @@ struct SiteSettings {
     bool wait_for_file = false;  // the file is there, but could not be read yet: it is not replaced before it was
 };
 
-// Folder of the settings and of the payname registry; made when it is missing.
+// Folder of the settings and of the kept names; made when it is missing.
 std::string settings_folder();
 
 // Fills `settings` as far as the file goes, and returns what the user should know. A missing file is nothing to know.

@@ -4,7 +4,7 @@
 #include "app/wallet_card_texts.h"
 #include "app/windows/app_state.h"
 #include "app/windows/controls.h"
-#include "paymail/payname_registry.h"
+#include "paymail/kept_names.h"
 
 void refresh_wallet_card()
 {
