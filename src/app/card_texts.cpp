@@ -1,6 +1,6 @@
 #include "app/card_texts.h"
 
-#include "paymail/payname_registry.h"
+#include "paymail/kept_names.h"
 #include "paymail/payname_rules.h"
 #include "site/site_address.h"
 #include "text/ascii.h"
@@ -8,7 +8,7 @@
 
 WalletCardTexts wallet_card_texts()
 {
-    const auto wallet = ready_wallet();
+    const auto wallet = wallet_identity();
     if (!wallet) return {"Connect Vaultry", "Connect Vaultry", ""};
     const std::string names = names_of_wallet(wallet->public_key, wallet->address);
     return {wallet->house_paymail.empty() ? "No house paymail yet" : wallet->house_paymail, wallet->address,

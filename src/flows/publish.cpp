@@ -59,18 +59,18 @@ std::string kept_sentence(const Verification& verification, const std::string& a
 
 namespace {
 
-SecretText publish_body(const SiteSettings& settings, const SecretText& password, const PublicIdentity& wallet)
+SecretText publish_body(const SiteSettings& settings, const SecretText& password, const WalletIdentity& wallet)
 {
     return SecretText(compact_json({{"address", wallet.address},
                                     {"alias", settings.alias},
-                                    {"house", wallet_paymail()},
+                                    {"house", wallet.house_paymail},
                                     {"login_pass", password.text()},
                                     {"login_user", settings.user},
                                     {"pubkey", lower_ascii(wallet.public_key)}}));
 }
 
 // The password is in clear for this one request.
-HttpReply post_name(const SiteAddress& site, const SiteSettings& settings, const PublicIdentity& wallet)
+HttpReply post_name(const SiteAddress& site, const SiteSettings& settings, const WalletIdentity& wallet)
 {
     const SecretText password = settings.pass.in_clear();
     return site_request({"POST",
@@ -83,7 +83,9 @@ HttpReply post_name(const SiteAddress& site, const SiteSettings& settings, const
 
 std::string publish_sentence(const SiteSettings& settings)
 {
-    if (!wallet_ready()) return "Connect a Vaultry wallet first.";
+    // The one load of the wallet for all that is sent: key, address and house paymail belong together.
+    const auto wallet = wallet_identity();
+    if (!wallet) return "Connect a Vaultry wallet first.";
     if (!is_valid_alias(settings.alias)) return "Type the name. Letters, numbers, and . _ + -";
     std::string typed_site = settings.site;
     const SiteAddress site = normalise_site(typed_site);
@@ -91,16 +93,15 @@ std::string publish_sentence(const SiteSettings& settings)
     if (settings.user.empty() || !settings.pass.opens())
         return "Add the WordPress user and application password in settings.";
 
-    const PublicIdentity wallet = public_identity();
-    if (wallet.public_key.size() != 66 || wallet.address.size() < 26) return "This Vaultry has no payment address yet.";
+    if (!wallet->is_complete()) return "This Vaultry has no payment address yet.";
 
     if (plugin_on_site(site.base).plugin != SitePlugin::current) return kInstallCurrentPlugin;
-    const HttpReply reply = post_name(site, settings, wallet);
+    const HttpReply reply = post_name(site, settings, *wallet);
     std::string refusal = publish_refusal(reply);
     if (!refusal.empty()) return refusal;
 
     const std::string host = published_host(reply, site.host);
-    const Verification verification = verify_and_keep(settings.alias + "@" + host);
+    const Verification verification = verify_and_keep(settings.alias + "@" + host, *wallet);
     if (verification.is_kept) notify_wallet_app();
     return kept_sentence(verification, settings.alias, host, reply);
 }

@@ -1,6 +1,6 @@
 #include "flows/remove.h"
 
-#include "paymail/payname_registry.h"
+#include "paymail/kept_names.h"
 #include "paymail/payname_rules.h"
 #include "platform/wallet_app.h"
 #include "site/site_address.h"

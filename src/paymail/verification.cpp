@@ -3,13 +3,12 @@
 #include "build_values.h"
 #include "net/chain_service.h"
 #include "paymail/discovery.h"
+#include "paymail/kept_names.h"
 #include "paymail/payment_destination.h"
-#include "paymail/payname_registry.h"
 #include "paymail/payname_rules.h"
 #include "text/ascii.h"
 #include "text/clock.h"
 #include "text/json.h"
-#include "wallet_bridge/wallet_identity.h"
 
 #include <vector>
 
@@ -41,16 +40,20 @@ bool pays_only(const std::string& reply_body, const std::string& address)
 }
 
 // The sentence for the user; empty when the name is kept.
-std::string verify(const std::string& payname)
+std::string verify(const std::string& payname, const PublicIdentity& published)
 {
-    if (!wallet_ready()) return "Connect a Vaultry wallet first.";
+    // Asked anew: while the site answered, Vaultry may have locked the wallet, bound this program to another one, or
+    // moved on to the wallet's next address. A name is kept for none but the wallet that is connected now.
+    const auto wallet = wallet_identity();
+    if (!wallet) return "Connect a Vaultry wallet first.";
     const Payname name = split_payname(payname);
     if (!is_valid_alias(name.alias) || !is_valid_host(name.domain)) return "That name is not a paymail.";
     if (name.domain == kHouseDomain) return "The house paymail stays on Vaultry.";
 
-    const PublicIdentity wallet = public_identity();
-    const std::string key = lower_ascii(wallet.public_key);
-    if (key.size() != 66 || wallet.address.size() < 26) return "This Vaultry has no payment address yet.";
+    const std::string key = lower_ascii(published.public_key);
+    if (!published.is_complete()) return "This Vaultry has no payment address yet.";
+    if (wallet->public_key != published.public_key) return "That site is not publishing this Vaultry.";
+    if (wallet->address != published.address) return "That site is paying a different address.";
 
     const auto discovery = discover(name.domain);
     if (!discovery) return "The site did not answer the paymail address.";
@@ -66,15 +69,15 @@ std::string verify(const std::string& payname)
     if (destination_url.empty()) return "The site did not publish a payment address.";
     const HttpReply destination = post_json({destination_url, destination_request(), std::chrono::seconds(12), 1});
     if (!destination.error.empty()) return "The site did not publish a payment address.";
-    if (!pays_only(destination.body, wallet.address)) return "That site is paying a different address.";
+    if (!pays_only(destination.body, published.address)) return "That site is paying a different address.";
 
-    return keep_payname({payname, key, wallet.address}) ? "" : "Could not keep the name on this PC.";
+    return keep_payname({payname, key, published.address}) ? "" : "Could not keep the name on this PC.";
 }
 
 }  // namespace
 
-Verification verify_and_keep(const std::string& payname)
+Verification verify_and_keep(const std::string& payname, const PublicIdentity& published)
 {
-    const std::string message = verify(lower_ascii(payname));
+    const std::string message = verify(lower_ascii(payname), published);
     return {message.empty(), message};
 }

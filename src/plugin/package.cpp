@@ -1,7 +1,7 @@
 #include "plugin/package.h"
 
 #include "platform/files.h"
-#include "wallet_bridge/data_directory.h"
+#include "wallet_bridge/shared_files.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -98,9 +98,9 @@ std::string stored_zip(std::string_view name, std::string_view data)
 
 std::string plugin_zip_path()
 {
-    const std::string folder = data_directory() + "/payname";
-    create_folders(folder);
-    return folder + "/brasslet.zip";
+    std::string path = plugin_package_path();
+    create_folders(parent_folder(path));
+    return path;
 }
 
 bool write_plugin_zip(const std::string& path, std::string_view plugin)

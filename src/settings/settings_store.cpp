@@ -1,9 +1,8 @@
 #include "settings/settings_store.h"
 
 #include "platform/files.h"
-#include "text/clock.h"
 #include "text/json.h"
-#include "wallet_bridge/data_directory.h"
+#include "wallet_bridge/shared_files.h"
 
 #include <algorithm>
 #include <array>
@@ -19,11 +18,6 @@ struct SettingsFile {
     FileState state = FileState::missing;
     json document;  // an object when the file holds one, also when it is damaged; otherwise null
 };
-
-std::string settings_path()
-{
-    return settings_folder() + "/ui.json";
-}
 
 // The string member `key`, "" when it is missing. Empty optional when it is not a string.
 std::optional<std::string> text_or_nothing(const json& document, const char* key)
@@ -89,22 +83,18 @@ bool is_empty(const SiteSettings& settings, const std::string& name)
     return settings.site.empty() && settings.user.empty() && !settings.pass.is_stored() && name.empty();
 }
 
-bool move_damaged_file()
-{
-    return rename_file(settings_path(), settings_path() + ".damaged-" + std::to_string(milliseconds_since_epoch()));
-}
-
 }  // namespace
 
 std::string settings_folder()
 {
-    std::string folder = data_directory() + "/payname";
+    std::string folder = parent_folder(settings_path());
     create_folders(folder);
     return folder;
 }
 
 SettingsNotice load_settings(SiteSettings& settings)
 {
+    create_folders(parent_folder(settings_path()));
     const SettingsFile file = settings_file(read_file(settings_path()));
     settings.wait_for_file = file.state == FileState::unreadable;
     take(file.document, settings);
@@ -132,13 +122,14 @@ SettingsNotice save_settings(SiteSettings& settings, const std::string& name_fie
     }
     if (file.state == FileState::damaged) {
         if (is_empty(settings, name)) return late;
-        if (!move_damaged_file()) return SettingsNotice::not_saved;
+        if (!rename_file(settings_path(), damaged_path(settings_path()))) return SettingsNotice::not_saved;
     }
     json document = file.state == FileState::whole ? std::move(file.document) : json::object();
     document["alias"] = name;
     document["pass"] = settings.pass.text_for_file();
     document["site"] = settings.site;
     document["user"] = settings.user;
+    create_folders(parent_folder(settings_path()));
     update_in_place(settings_path(), pretty_exact_json(document));
     return late;
 }

@@ -5,7 +5,7 @@
 
 #include <string>
 
-// Folder of the settings and of the payname registry; made when it is missing.
+// Folder of the settings and of the kept names; made when it is missing.
 std::string settings_folder();
 
 // Fills `settings` from the file, up to its first member of a wrong type. Returns what the user should know; `none`

@@ -1,6 +1,7 @@
-// For the tests, of which many run in one process.
+// A new beginning for what the process remembers.
 #pragma once
 
-// Makes this room's process-wide state what it is at the start: no wallet is bound or loaded, nobody observes. No other
-// thread may be in the room meanwhile.
+// Forgets the binding, the loaded wallet (its secrets are wiped) and the event sinks, so that the next call of
+// bind_at_startup finds the process as a new one would be. For tests that share a process; files are not touched. No
+// other thread may be using the wallet meanwhile.
 void start_wallet_state_afresh();

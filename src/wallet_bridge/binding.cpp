@@ -3,12 +3,10 @@
 #include "platform/files.h"
 #include "text/ascii.h"
 #include "text/json.h"
-#include "wallet_bridge/data_directory.h"
 #include "wallet_bridge/migration.h"
-#include "wallet_bridge/registry_lock.h"
-#include "wallet_bridge/wallet_registry.h"
-
-#include <mutex>
+#include "wallet_bridge/shared_files.h"
+#include "wallet_bridge/wallet_list.h"
+#include "wallet_bridge/wallet_state.h"
 
 namespace {
 
@@ -16,21 +14,9 @@ using nlohmann::json;
 
 constexpr std::size_t kLongestKey = 96;
 
-struct BindingState {
-    std::mutex mutex;  // small: never held while a file is read or written
-    WalletBinding binding;
-};
-
-BindingState& binding_state()
-{
-    static auto* const state = new BindingState;  // never destroyed: a worker may ask when the process ends
-    return *state;
-}
-
 void remember(WalletBinding binding)
 {
-    const std::scoped_lock lock(binding_state().mutex);
-    binding_state().binding = std::move(binding);
+    wallet_state().binding.set(std::move(binding));
 }
 
 std::string recorded_wallet_id()
@@ -42,16 +28,17 @@ std::string recorded_wallet_id()
 void record(WalletBinding binding)
 {
     const json text = {{"app", binding.app}, {"instance", binding.instance}, {"wallet_id", binding.wallet_id}};
-    binding.is_recorded =
-        write_file(bind_record_path(), pretty_json(text)) || recorded_wallet_id() == binding.wallet_id;
+    const std::string path = bind_record_path();
+    create_folders(parent_folder(path));
+    binding.is_recorded = write_file(path, pretty_json(text)) || recorded_wallet_id() == binding.wallet_id;
     remember(std::move(binding));
 }
 
 // With two wallets or more only the user can choose, and does so in the wallet application.
-std::string id_of_the_only_wallet()
+std::string id_of_the_only_wallet(const RegistryLock& lock)
 {
-    const json registry = read_registry();
-    const json& wallets = registry["wallets"];
+    const json list = read_registry(lock);
+    const json& wallets = list["wallets"];
     return wallets.size() == 1 ? text_member(wallets[0], "id") : std::string();
 }
 
@@ -68,15 +55,14 @@ void bind_at_startup(const std::string& instance, const std::string& app)
     migrate_single_wallet();
 
     binding.wallet_id = recorded_wallet_id();
-    if (binding.wallet_id.empty()) binding.wallet_id = id_of_the_only_wallet();
+    if (binding.wallet_id.empty()) binding.wallet_id = id_of_the_only_wallet(lock);
     remember(binding);
     if (!binding.wallet_id.empty()) record(std::move(binding));
 }
 
 WalletBinding wallet_binding()
 {
-    const std::scoped_lock lock(binding_state().mutex);
-    return binding_state().binding;
+    return wallet_state().binding.copy();
 }
 
 std::string bound_wallet_id()
@@ -122,12 +108,5 @@ std::string bind_key(std::string_view instance)
 
 std::string bind_record_path()
 {
-    const std::string folder = data_directory() + "/binds";
-    create_folders(folder);
-    return folder + "/" + bind_key(wallet_binding().instance) + ".json";
-}
-
-std::string wallet_file_path(const std::string& wallet_id)
-{
-    return wallet_id.empty() ? std::string() : data_directory() + "/wallets/" + wallet_id + "/wallet.json";
+    return bind_record_path_for(bind_key(wallet_binding().instance));
 }

@@ -13,7 +13,7 @@ struct WalletBinding {
 };
 
 // Once, at the start: migrates the older single-file layout, then takes the wallet of the bind record, or else the one
-// wallet of a registry that holds exactly one, and writes the bind record.
+// wallet of a wallet list that holds exactly one, and writes the bind record.
 void bind_at_startup(const std::string& instance, const std::string& app);
 
 // A copy; any thread.
@@ -36,5 +36,5 @@ void forget_binding();  // as if bind_at_startup had not run; the bind record st
 // File name of the bind record, without its ending: small letters and digits, everything else "_", the last 96 of them.
 std::string bind_key(std::string_view instance);
 
-std::string bind_record_path();                              // makes the folder
-std::string wallet_file_path(const std::string& wallet_id);  // empty for an empty id
+// The bind record of the folder that this copy runs from.
+std::string bind_record_path();

@@ -1,46 +1,29 @@
 #include "wallet_bridge/loaded_wallet.h"
 
 #include "platform/files.h"
+#include "text/ascii.h"
+#include "text/json.h"
 #include "wallet/lock_record.h"
-#include "wallet_bridge/binding.h"
-#include "wallet_bridge/data_directory.h"
-#include "wallet_bridge/house_registry.h"
-#include "wallet_bridge/spent_snapshot.h"
+#include "wallet_bridge/house_labels.h"
+#include "wallet_bridge/shared_files.h"
 
-#include <optional>
 #include <utility>
 
 namespace {
 
-struct WalletState {
-    std::recursive_mutex mutex;
-    std::optional<Wallet> wallet;
-    std::string path;  // where it was read
-    std::set<std::string> spent_outpoints;
-};
-
-WalletState& wallet_state()
-{
-    static auto* const state = new WalletState;  // never destroyed: a worker may hold it when the process ends
-    return *state;
-}
+constexpr std::size_t kLongestSnapshotKey = 80;
 
 std::string path_of(const std::string& wallet_id)
 {
-    return wallet_id.empty() ? data_directory() + "/corvane_vaultry.json" : wallet_file_path(wallet_id);
+    return wallet_id.empty() ? older_wallet_path() : wallet_file_path(wallet_id);
 }
 
 bool has_seal(const std::string& path)
 {
-    return file_status(path + ".seal") == FileStatus::exists;
+    return file_status(seal_path(path)) == FileStatus::exists;
 }
 
 }  // namespace
-
-std::recursive_mutex& wallet_state_mutex()
-{
-    return wallet_state().mutex;
-}
 
 std::string wallet_path()
 {
@@ -53,60 +36,66 @@ bool is_wallet_locked()
     return has_seal(path) || is_lock_record(read_file(path).value_or(""));
 }
 
-bool load_wallet()
+bool load_wallet(HeldWallet& held)
 {
-    return load_wallet(bound_wallet_id());
+    return load_wallet(held, bound_wallet_id());
 }
 
-bool load_wallet(const std::string& wallet_id)
+bool load_wallet(HeldWallet& held, const std::string& wallet_id)
 {
-    WalletState& state = wallet_state();
-    const std::optional<Wallet> before = std::exchange(state.wallet, std::nullopt);
-    forget_wallet();
+    const std::optional<Wallet> before = std::exchange(held->wallet, std::nullopt);
+    forget_wallet(held);
     const std::string path = path_of(wallet_id);
     if (has_seal(path)) return false;
     auto text = read_file(path);
     if (!text) return false;
-    state.wallet = read_wallet(SecretText(std::move(*text)), before ? &*before : nullptr);
-    state.path = path;
-    if (!state.wallet) return false;
+    held->wallet = read_wallet(SecretText(std::move(*text)), before ? &*before : nullptr);
+    held->id = wallet_id;
+    held->path = path;
+    if (!held->wallet) return false;
 
-    const WalletKeys& keys = state.wallet->keys;
+    const WalletKeys& keys = held->wallet->keys;
     if (!keys.identity_key.empty() && !keys.ordinals_address.empty())
         set_house_ord_address(keys.identity_key, keys.ordinals_address);
-    state.spent_outpoints = read_spent_snapshot(spent_snapshot_key(wallet_id, keys.identity_key, keys.address));
+    held->spent_outpoints = read_spent_snapshot(spent_snapshot_key(wallet_id, keys.identity_key, keys.address));
     return true;
 }
 
-bool save_wallet()
+bool save_wallet(HeldWallet& held)
 {
-    WalletState& state = wallet_state();
-    if (!state.wallet) return false;
-    SecretText text = wallet_text(*state.wallet);
+    if (!held->wallet) return false;
+    SecretText text = wallet_text(*held->wallet);
     if (text.empty()) return false;
-    if (read_file(state.path) == text.text()) return true;
+    if (read_file(held->path) == text.text()) return true;
 
     // What the wallet application has saved, sealed or deleted since the load is not undone: the next load sees it.
-    const bool is_written = rewrite_existing(state.path, text.text(), [&state](std::string_view current) {
-        return current == state.wallet->source.text() && file_status(state.path + ".seal") == FileStatus::missing;
+    const bool is_written = rewrite_existing(held->path, text.text(), [&held](std::string_view current) {
+        return current == held->wallet->source.text() && file_status(seal_path(held->path)) == FileStatus::missing;
     });
-    if (is_written) state.wallet->source = std::move(text);
+    if (is_written) held->wallet->source = std::move(text);
     return is_written;
 }
 
-void forget_wallet()
+void forget_wallet(HeldWallet& held)
 {
-    wallet_state().wallet.reset();
-    wallet_state().spent_outpoints.clear();
+    *held = {};
 }
 
-Wallet* loaded_wallet()
+std::string spent_snapshot_key(std::string_view wallet_id, std::string_view identity_key, std::string_view address)
 {
-    auto& wallet = wallet_state().wallet;
-    return wallet ? &*wallet : nullptr;
+    std::string key(!wallet_id.empty() ? wallet_id : !identity_key.empty() ? identity_key : address);
+    for (char& c : key)
+        if (!is_ascii_letter(c) && !is_ascii_digit(c)) c = '_';
+    return key.empty() ? "wallet" : key.substr(0, kLongestSnapshotKey);
 }
 
-const std::set<std::string>& spent_outpoints()
+std::set<std::string> read_spent_snapshot(const std::string& key)
 {
-    return wallet_state().spent_outpoints;
+    const nlohmann::json snapshot = parse_json(read_file(spent_snapshot_path(key)).value_or(""));
+    const auto outpoints = snapshot.is_object() ? snapshot.find("outpoints") : snapshot.end();
+    std::set<std::string> spent;
+    if (outpoints == snapshot.end() || !outpoints->is_array()) return spent;
+    for (const nlohmann::json& outpoint : *outpoints)
+        if (outpoint.is_string()) spent.insert(outpoint.get<std::string>());
+    return spent;
 }

@@ -1,14 +1,12 @@
-// The connected wallet, as it was last read from its file: one for the process. Whoever calls anything here holds the
-// wallet-state mutex.
+// The connected wallet: read from its file, written back to it, forgotten. Whoever loads, saves or forgets it shows by
+// a HeldWallet that the wallet state is locked.
 #pragma once
 
-#include "wallet/wallet_document.h"
+#include "wallet_bridge/wallet_state.h"
 
-#include <mutex>
 #include <set>
 #include <string>
-
-std::recursive_mutex& wallet_state_mutex();
+#include <string_view>
 
 // The bound wallet's file, else the single wallet file of the older layout.
 std::string wallet_path();
@@ -17,24 +15,26 @@ std::string wallet_path();
 bool is_wallet_locked();
 
 // Forgets the wallet that was loaded before, then reads the file and derives the keys; those of the wallet of before
-// serve again when the file still gives the same phrase and counters. Records the ordinals address in the house
-// registry. False, with no wallet loaded, for a locked, missing or malformed file.
-bool load_wallet();
+// serve again when the file still gives the same phrase and counters. Records the ordinals address with the house
+// labels. False, with no wallet loaded, for a locked, missing or malformed file.
+bool load_wallet(HeldWallet& held);
 
 // The same for a caller who has asked for bound_wallet_id() already.
-bool load_wallet(const std::string& wallet_id);
+bool load_wallet(HeldWallet& held, const std::string& wallet_id);
 
 // Rewrites the file that the loaded wallet was read from, in place; what this program does not know in it stays.
 // Nothing is written, and false returned, when no wallet is loaded, when its document is not one that this program may
 // rewrite (wallet_text), when the file cannot be written, when another program has it to itself, has changed or deleted
 // it since it was loaded, or when a seal file lies beside it.
-bool save_wallet();
+bool save_wallet(HeldWallet& held);
 
 // Wipes the loaded wallet's secrets and empties it.
-void forget_wallet();
+void forget_wallet(HeldWallet& held);
 
-// Null when none is loaded. Valid until the next load or forgetting.
-Wallet* loaded_wallet();
+// Which of the wallet application's lists of spent ordinal items is a wallet's: from the first of the three that is not
+// empty, letters and digits as they are, everything else "_", the first 80 characters. Unlike the name of the bind
+// record, which keeps the end of a path, and small letters only.
+std::string spent_snapshot_key(std::string_view wallet_id, std::string_view identity_key, std::string_view address);
 
-// The ordinal items that are known to be spent, of the loaded wallet; outpoints as plain text.
-const std::set<std::string>& spent_outpoints();
+// Outpoints as plain text; empty when the file cannot be read or is malformed.
+std::set<std::string> read_spent_snapshot(const std::string& key);

@@ -4,10 +4,8 @@
 #include "text/ascii.h"
 #include "text/clock.h"
 #include "text/json.h"
-#include "wallet_bridge/damaged_file.h"
-#include "wallet_bridge/data_directory.h"
-#include "wallet_bridge/registry_lock.h"
-#include "wallet_bridge/wallet_registry.h"
+#include "wallet_bridge/shared_files.h"
+#include "wallet_bridge/wallet_list.h"
 
 #include <algorithm>
 
@@ -43,35 +41,33 @@ public:
     explicit Move(std::string id = {}) : m_id(std::move(id)) {}
 
     const std::string& id() const { return m_id; }
-    static std::string old_file() { return data_directory() + "/corvane_vaultry.json"; }
-    static std::string mark_file() { return old_file() + ".moving"; }
-    std::string folder() const { return data_directory() + "/wallets/" + m_id; }
-    std::string new_file() const { return folder() + "/wallet.json"; }
+    std::string new_file() const { return wallet_file_path(m_id); }
 
     bool mark() const
     {
-        if (write_file(mark_file(), m_id)) return true;
+        if (write_file(moving_mark_path(), m_id)) return true;
         unmark();
         return false;
     }
     // A mark that cannot be deleted is emptied: it must not bring back a wallet that the user deletes later.
     static void unmark()
     {
-        if (is_there(mark_file()) && !remove_file(mark_file())) write_file(mark_file(), "");
+        if (is_there(moving_mark_path()) && !remove_file(moving_mark_path())) write_file(moving_mark_path(), "");
     }
 
     // The seal goes first: without one, a wallet that the user has locked would pass for an open one.
     bool go() const
     {
-        create_folders(folder());
-        if (!move_file(old_file() + ".seal", new_file() + ".seal")) return false;
-        if (move_file(old_file(), new_file())) return true;
-        move_file(new_file() + ".seal", old_file() + ".seal");
+        create_folders(parent_folder(new_file()));
+        if (!move_file(seal_path(older_wallet_path()), seal_path(new_file()))) return false;
+        if (move_file(older_wallet_path(), new_file())) return true;
+        move_file(seal_path(new_file()), seal_path(older_wallet_path()));
         return false;
     }
     bool go_back() const
     {
-        return move_file(new_file(), old_file()) && move_file(new_file() + ".seal", old_file() + ".seal");
+        return move_file(new_file(), older_wallet_path()) &&
+               move_file(seal_path(new_file()), seal_path(older_wallet_path()));
     }
 
 private:
@@ -86,32 +82,31 @@ Move marked_move(const FileReading& mark)
     return Move(is_id ? mark.bytes : std::string());
 }
 
-bool has_entry(const json& registry, const std::string& id)
+bool has_entry(const json& list, const std::string& id)
 {
-    return std::ranges::any_of(registry["wallets"],
-                               [&id](const json& entry) { return text_member(entry, "id") == id; });
+    return std::ranges::any_of(list["wallets"], [&id](const json& entry) { return text_member(entry, "id") == id; });
 }
 
-void add_entry(json& registry, const std::string& id)
+void add_entry(json& list, const std::string& id)
 {
-    json& wallets = registry["wallets"];
-    if (wallets.empty() || text_member(registry, "active").empty()) registry["active"] = id;
+    json& wallets = list["wallets"];
+    if (wallets.empty() || text_member(list, "active").empty()) list["active"] = id;
     wallets.push_back({{"id", id}, {"name", "Wallet 1"}});
 }
 
 // The entry is made even when the file stays where it is; then the mark stays too, and the next start moves the file.
-void carry_out(const Move& move, json& registry)
+void carry_out(const RegistryLock& lock, const Move& move, json& list)
 {
     const bool is_moved = move.go();
-    if (!has_entry(registry, move.id())) add_entry(registry, move.id());
-    const bool is_listed = write_registry(registry);
+    if (!has_entry(list, move.id())) add_entry(list, move.id());
+    const bool is_listed = write_registry(lock, list);
     if (is_listed ? is_moved : move.go_back()) Move::unmark();
 }
 
-bool is_at_its_end(const Move& move, const json& registry)
+bool is_at_its_end(const Move& move, const json& list)
 {
     const bool has_arrived = is_there(move.new_file());
-    return has_arrived ? has_entry(registry, move.id()) : !is_there(Move::old_file());
+    return has_arrived ? has_entry(list, move.id()) : !is_there(older_wallet_path());
 }
 
 }  // namespace
@@ -119,22 +114,23 @@ bool is_at_its_end(const Move& move, const json& registry)
 void migrate_single_wallet()
 {
     const RegistryLock lock;
-    const FileReading mark = read_whole_file(Move::mark_file());
+    const FileReading mark = read_whole_file(moving_mark_path());
     if (mark.status == ReadStatus::unreadable) return;
-    if (mark.status == ReadStatus::missing && !is_there(Move::old_file())) return;
+    if (mark.status == ReadStatus::missing && !is_there(older_wallet_path())) return;
 
-    RegistryReading registry = look_into_registry();
-    if (registry.status == RegistryStatus::unreadable) return;
+    WalletListReading list = look_into_wallet_list(lock);
+    if (list.status == WalletListStatus::unreadable) return;
     Move move = marked_move(mark);
     if (move.id().empty()) {
         Move::unmark();
-        if (!is_there(Move::old_file()) || !registry.document["wallets"].empty()) return;
+        if (!is_there(older_wallet_path()) || !list.document["wallets"].empty()) return;
         move = Move(std::to_string(milliseconds_since_epoch()));
         if (!move.mark()) return;
-    } else if (is_at_its_end(move, registry.document)) {
+    } else if (is_at_its_end(move, list.document)) {
         Move::unmark();
         return;
     }
-    if (registry.status == RegistryStatus::damaged && !keep_damaged_file(registry_path())) return;
-    carry_out(move, registry.document);
+    if (list.status == WalletListStatus::damaged && !copy_file(wallet_list_path(), damaged_path(wallet_list_path())))
+        return;
+    carry_out(lock, move, list.document);
 }

@@ -1,48 +1,22 @@
 #include "wallet_bridge/wallet_events.h"
 
-#include <mutex>
-
-namespace {
-
-struct Sinks {
-    std::mutex mutex;
-    TextSink event;
-    TextSink log;
-};
-
-Sinks& sinks()
-{
-    static auto* const instance = new Sinks;  // never destroyed: a worker may emit when the process ends
-    return *instance;
-}
-
-void set(TextSink Sinks::*which, TextSink sink)
-{
-    const std::scoped_lock lock(sinks().mutex);
-    sinks().*which = std::move(sink);
-}
-
-TextSink get(TextSink Sinks::*which)
-{
-    const std::scoped_lock lock(sinks().mutex);
-    return sinks().*which;
-}
-
-}  // namespace
+#include "wallet_bridge/wallet_state.h"
 
 void set_event_sink(TextSink sink)
 {
-    set(&Sinks::event, std::move(sink));
+    auto sinks = wallet_state().sinks.hold();
+    sinks->event = std::move(sink);
 }
 
 void set_log_sink(TextSink sink)
 {
-    set(&Sinks::log, std::move(sink));
+    auto sinks = wallet_state().sinks.hold();
+    sinks->log = std::move(sink);
 }
 
 void emit_event(std::string_view kind, std::string_view detail, std::string_view further_detail)
 {
-    const TextSink sink = get(&Sinks::event);
+    const TextSink sink = wallet_state().sinks.copy().event;
     if (!sink) return;
     std::string line = "[QX-VAULTRY]";
     for (const std::string_view part : {kind, detail, further_detail})
@@ -52,5 +26,5 @@ void emit_event(std::string_view kind, std::string_view detail, std::string_view
 
 void emit_log(const std::string& text)
 {
-    if (const TextSink sink = get(&Sinks::log)) sink(text);
+    if (const TextSink sink = wallet_state().sinks.copy().log) sink(text);
 }

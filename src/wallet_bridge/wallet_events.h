@@ -11,6 +11,6 @@ void set_event_sink(TextSink sink);  // an empty one takes the observer away; an
 void set_log_sink(TextSink sink);
 
 // The sink gets "[QX-VAULTRY]", the kind, and the details that are not empty, separated by 0x1F (unit separator). It is
-// called on this thread with no lock held, so it may set a sink itself.
+// called on this thread with no lock held, so it may set a sink itself, and ask for the wallet.
 void emit_event(std::string_view kind, std::string_view detail = {}, std::string_view further_detail = {});
 void emit_log(const std::string& text);

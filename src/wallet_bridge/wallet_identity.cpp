@@ -1,13 +1,9 @@
 #include "wallet_bridge/wallet_identity.h"
 
 #include "build_values.h"
-#include "wallet_bridge/binding.h"
-#include "wallet_bridge/house_registry.h"
+#include "wallet_bridge/house_labels.h"
 #include "wallet_bridge/loaded_wallet.h"
-#include "wallet_bridge/wallet_events.h"
-#include "wallet_bridge/wallet_registry.h"
-
-#include <mutex>
+#include "wallet_bridge/wallet_list.h"
 
 namespace {
 
@@ -16,87 +12,100 @@ std::optional<std::string> unless_empty(const std::string& text)
     return text.empty() ? std::nullopt : std::optional(text);
 }
 
+PublicIdentity public_identity_of(const Wallet& wallet)
+{
+    return {wallet.keys.identity_key, wallet.keys.address};
+}
+
 // The loaded wallet's house paymail, its label registered for it; empty when it has none. A refused label is not the
 // wallet's: another identity holds it, or may hold it as far as anybody can tell. It is neither shown nor sent nor
 // saved. One that could not be written down is the wallet's all the same.
-std::string ensured_house_paymail(Wallet& wallet, const std::string& wallet_id)
+std::string ensured_house_paymail(HeldWallet& held)
 {
+    if (!held->wallet) return {};
+    Wallet& wallet = *held->wallet;
     const std::string& key = wallet.keys.identity_key;
     if (!wallet.has_phrase || key.empty()) return {};
     wallet.paymail = bare_label(wallet.paymail);
-    const bool is_from_registry = wallet.paymail.empty();
-    if (is_from_registry) wallet.paymail = house_label_of(key);
+    const bool is_found = wallet.paymail.empty();
+    if (is_found) wallet.paymail = house_label_of(key);
     if (wallet.paymail.empty()) return {};
 
     const HouseAddresses addresses{wallet.keys.address, wallet.keys.ordinals_address};
     const std::string refusal = register_house_label(wallet.paymail, key, addresses);
-    if (!refusal.empty() && refusal != kHouseRegistryUnwritable) {
+    if (!refusal.empty() && refusal != kHouseLabelsUnwritable) {
         wallet.paymail.clear();
         return {};
     }
-    set_registry_name_from_paymail(wallet_id, wallet.paymail);
-    if (is_from_registry) save_wallet();
+    set_registry_name_from_paymail(held->id, wallet.paymail);
+    if (is_found) save_wallet(held);
     return wallet.paymail + "@" + kHouseDomain;
 }
 
-bool load_ready_wallet(const std::string& wallet_id)
+bool load_ready_wallet(HeldWallet& held)
 {
-    return wallet_binding().is_initialised && !wallet_id.empty() && load_wallet(wallet_id) &&
-           loaded_wallet()->has_phrase;
+    const std::string id = bound_wallet_id();
+    return wallet_binding().is_initialised && !id.empty() && load_wallet(held, id) && held->wallet->has_phrase;
 }
 
 }  // namespace
 
 bool wallet_ready()
 {
-    const std::scoped_lock lock(wallet_state_mutex());
-    return load_ready_wallet(bound_wallet_id());
+    HeldWallet held = hold_wallet();
+    return load_ready_wallet(held);
 }
 
 std::optional<std::string> wallet_address()
 {
-    const std::scoped_lock lock(wallet_state_mutex());
-    if (!load_wallet()) return std::nullopt;
-    return unless_empty(loaded_wallet()->keys.address);
+    return unless_empty(public_identity().address);
 }
 
 std::optional<std::string> identity_pubkey()
 {
-    const std::scoped_lock lock(wallet_state_mutex());
-    if (!load_wallet()) return std::nullopt;
-    return unless_empty(loaded_wallet()->keys.identity_key);
+    return unless_empty(public_identity().public_key);
 }
 
 PublicIdentity public_identity()
 {
-    const std::scoped_lock lock(wallet_state_mutex());
-    if (!load_wallet()) return {};
-    return {loaded_wallet()->keys.identity_key, loaded_wallet()->keys.address};
+    HeldWallet held = hold_wallet();
+    return load_wallet(held) ? public_identity_of(*held->wallet) : PublicIdentity();
 }
 
 std::string wallet_paymail()
 {
-    const std::scoped_lock lock(wallet_state_mutex());
-    const std::string id = bound_wallet_id();
-    return load_wallet(id) ? ensured_house_paymail(*loaded_wallet(), id) : std::string();
+    HeldWallet held = hold_wallet();
+    return load_wallet(held) ? ensured_house_paymail(held) : std::string();
 }
 
-std::optional<WalletIdentity> ready_wallet()
+std::optional<WalletIdentity> wallet_identity()
 {
-    const std::scoped_lock lock(wallet_state_mutex());
-    const std::string id = bound_wallet_id();
-    if (!load_ready_wallet(id)) return std::nullopt;
-    Wallet& wallet = *loaded_wallet();
-    return WalletIdentity{wallet.keys.identity_key, wallet.keys.address, ensured_house_paymail(wallet, id)};
+    HeldWallet held = hold_wallet();
+    if (!load_ready_wallet(held)) return std::nullopt;
+    return WalletIdentity{public_identity_of(*held->wallet), ensured_house_paymail(held)};
 }
 
 void refresh_identity()
 {
-    const std::scoped_lock lock(wallet_state_mutex());
-    const std::string id = bound_wallet_id();
-    if (!load_wallet(id)) return;
-    const std::string paymail = ensured_house_paymail(*loaded_wallet(), id);
-    if (!paymail.empty()) emit_event("paymail", paymail);
-    const std::string& key = loaded_wallet()->keys.identity_key;
-    if (!key.empty()) set_house_avatar(key, loaded_wallet()->picture);
+    std::string house_paymail;
+    {
+        HeldWallet held = hold_wallet();
+        if (!load_wallet(held)) return;
+        house_paymail = refresh_identity(held);
+    }
+    announce_house_paymail(house_paymail);
+}
+
+std::string refresh_identity(HeldWallet& held)
+{
+    if (!held->wallet) return {};
+    std::string house_paymail = ensured_house_paymail(held);
+    const std::string& key = held->wallet->keys.identity_key;
+    if (!key.empty()) set_house_avatar(key, held->wallet->picture);
+    return house_paymail;
+}
+
+void announce_house_paymail(const std::string& house_paymail)
+{
+    if (!house_paymail.empty()) emit_event("paymail", house_paymail);
 }

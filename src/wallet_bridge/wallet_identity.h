@@ -1,6 +1,9 @@
-// What a published payname needs of the connected wallet. Every query loads the bound wallet afresh and holds the
-// wallet-state mutex for its whole run; any thread.
+// What a published payname needs of the connected wallet. Every query loads the bound wallet afresh and locks the
+// wallet state for its whole run; any thread that holds no HeldWallet. What belongs together is asked for in one query:
+// between two of them the wallet application may change the wallet.
 #pragma once
+
+#include "wallet_bridge/wallet_state.h"
 
 #include <optional>
 #include <string>
@@ -10,12 +13,13 @@ struct PublicIdentity {
     std::string public_key;  // 66 hex digits, compressed
     std::string address;     // Base58Check
 
+    // Whether a payname can be published for it.
+    bool is_complete() const { return public_key.size() == 66 && address.size() >= 26; }
+
     bool operator==(const PublicIdentity&) const = default;
 };
 
-struct WalletIdentity {
-    std::string public_key;     // 66 hex digits, compressed
-    std::string address;        // Base58Check
+struct WalletIdentity : PublicIdentity {
     std::string house_paymail;  // label@house-domain, or empty
 };
 
@@ -27,8 +31,14 @@ std::string wallet_paymail();  // house paymail, registered when need be; empty 
 // Of one and the same wallet: what identity_pubkey() and wallet_address() say, from one load.
 PublicIdentity public_identity();
 
-// The house paymail too, from one load; nothing while wallet_ready() says no.
-std::optional<WalletIdentity> ready_wallet();
+// wallet_paymail() too, from one load; nothing while wallet_ready() says no.
+std::optional<WalletIdentity> wallet_identity();
 
 // After a connect: reloads the wallet, makes sure of its house paymail and announces it, records its picture.
 void refresh_identity();
+
+// The same of the wallet that was just loaded. Returns the house paymail, to announce once the state is unlocked.
+std::string refresh_identity(HeldWallet& held);
+
+// Emits the event "paymail"; nothing happens for an empty one. Not while the wallet state is locked.
+void announce_house_paymail(const std::string& house_paymail);

@@ -4,7 +4,7 @@
 #include "bench/pairs.h"
 #include "bench/require.h"
 #include "kit/wallet_files.h"
-#include "paymail/payname_registry.h"
+#include "paymail/kept_names.h"
 #include "platform/file_lock.h"
 #include "platform/files.h"
 #include "text/json.h"
@@ -79,7 +79,10 @@ void time_wallet(const TestFolder& folder, int pairs, const WalletIdentity& wall
 {
     const SecretText phrase{std::string(kPhrase)};
     const auto nothing = [] {};
-    const auto as_at_the_start = [] { forget_wallet(); };
+    const auto as_at_the_start = [] {
+        HeldWallet held = hold_wallet();
+        forget_wallet(held);
+    };
     const auto floor = [&phrase] { derive_alone(phrase); };
     const auto query = [&wallet] { require(identity_pubkey() == wallet.public_key, "the identity key"); };
     const auto card = [] {
@@ -108,7 +111,7 @@ void time_all(int pairs, int rows)
 {
     const TestFolder folder;
     bind_to_wallet(folder, phrase_wallet({{"paymail", "sofia"}}));
-    const auto wallet = ready_wallet();
+    const auto wallet = wallet_identity();
     require(wallet && wallet->house_paymail.starts_with("sofia@"), "the wallet");
     time_wallet(folder, pairs, *wallet);
     time_registry(folder, pairs, rows, *wallet);

@@ -4,7 +4,7 @@
 #include "fuzz/target.h"
 #include "kit/stand_in/stand_in.h"
 #include "kit/wallet_files.h"
-#include "paymail/payname_registry.h"
+#include "paymail/kept_names.h"
 #include "paymail/verification.h"
 #include "text/json.h"
 #include "wallet_bridge/binding.h"
@@ -57,7 +57,7 @@ bool is_kept_after_verification()
     put_file(kPaynameFile, kOtherNames);
     stand_in().srv_queries.clear();
     const FilesOnDisk before = files_on_disk();
-    const Verification verification = verify_and_keep(kName);
+    const Verification verification = verify_and_keep(kName, {name.key, name.address});
     FilesOnDisk after = files_on_disk();
     require(verification.is_kept == verification.message.empty(), "a refusal comes with a sentence");
     if (!verification.is_kept) {
@@ -65,7 +65,7 @@ bool is_kept_after_verification()
         return false;
     }
     const nlohmann::json row = {{"paymail", kName}, {"pubkey", name.key}, {"address", name.address}};
-    require(load_paynames().size() == 2 && load_paynames().back() == row, "a kept name stands in the registry");
+    require(load_paynames().size() == 2 && load_paynames().back() == row, "a kept name stands among the kept names");
     after[kPaynameFile] = before.at(kPaynameFile);
     require(after == before, "keeping a name changes no other file");
     return true;

@@ -18,6 +18,6 @@ std::string discovery_document();
 std::string pki_document();
 std::string payment_destination();
 
-// Verifies the name, of which the payname registry holds nothing yet. True when it is kept; then the registry holds it,
+// Verifies the name, of which the kept names hold nothing yet. True when it is kept; then they hold it,
 // and otherwise not a byte on the disk has changed.
 bool is_kept_after_verification();

@@ -3,7 +3,8 @@
 #include "kit/test_folder.h"
 #include "platform/files.h"
 #include "text/json.h"
-#include "wallet_bridge/wallet_registry.h"
+#include "wallet_bridge/shared_files.h"
+#include "wallet_bridge/wallet_list.h"
 
 #include <gtest/gtest.h>
 
@@ -97,7 +98,7 @@ TEST(Binding, AnOnlyElementWithoutAnIdBindsNothing)
     }
 }
 
-TEST(Binding, TheBindRecordDecidesBeforeTheRegistry)
+TEST(Binding, TheBindRecordDecidesBeforeTheList)
 {
     const TestFolder folder;
     folder.write("wallets.json", R"({"wallets":[{"id":"1"}]})");

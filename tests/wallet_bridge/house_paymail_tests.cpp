@@ -3,10 +3,10 @@
 #include "kit/wallet_files.h"
 #include "text/json.h"
 #include "wallet_bridge/binding.h"
-#include "wallet_bridge/house_registry.h"
+#include "wallet_bridge/house_labels.h"
 #include "wallet_bridge/loaded_wallet.h"
 #include "wallet_bridge/wallet_identity.h"
-#include "wallet_bridge/wallet_registry.h"
+#include "wallet_bridge/wallet_list.h"
 
 #include <gtest/gtest.h>
 
@@ -23,6 +23,12 @@ nlohmann::json house(const TestFolder& folder)
     return parse_json(folder.read(kHouse));
 }
 
+std::string loaded_paymail()
+{
+    HeldWallet held = hold_wallet();
+    return held->wallet ? held->wallet->paymail : "no wallet";
+}
+
 void take_labels(const std::string& key, int count)
 {
     for (int i = 0; i < count; ++i)
@@ -36,7 +42,7 @@ TEST(HousePaymail, IsOfTheStoredLetterCaseAndRegisteredInSmallLetters)
     const TestFolder folder;
     bind_to_wallet(folder, phrase_wallet({{"paymail", "$Ann.Lee@elsewhere.example"}}));
     EXPECT_EQ(wallet_paymail(), "Ann.Lee" + kAtDomain);
-    EXPECT_EQ(loaded_wallet()->paymail, "Ann.Lee");
+    EXPECT_EQ(loaded_paymail(), "Ann.Lee");
     EXPECT_EQ(list_wallets()[0].name, "Ann.Lee");
     EXPECT_TRUE(house(folder)["names"].contains("ann.lee"));
     EXPECT_EQ(house(folder)["self"], "ann.lee");
@@ -51,7 +57,7 @@ TEST(HousePaymail, AStoredLabelOfNoUsableLetterIsNone)
     EXPECT_EQ(list_wallets()[0].name, "Savings");
 }
 
-TEST(HousePaymail, AStoredLabelOfNothingButMarksIsTakenFromTheHouseRegistry)
+TEST(HousePaymail, AStoredLabelOfNothingButMarksIsTakenFromTheHouseLabelsFile)
 {
     const TestFolder folder;
     bind_to_wallet(folder, phrase_wallet({{"paymail", "@ "}}));
@@ -65,7 +71,7 @@ TEST(HousePaymail, ThatIsRefusedIsForgotten)
     bind_to_wallet(folder, phrase_wallet({{"paymail", "ann"}}));
     folder.write(kHouse, R"({"names":{"ann":{"pubkey":"03cd"}}})");
     EXPECT_EQ(wallet_paymail(), "");
-    EXPECT_EQ(loaded_wallet()->paymail, "");
+    EXPECT_EQ(loaded_paymail(), "");
 }
 
 TEST(HousePaymail, NamesTheWalletOfTheBindRecordOnDisk)
@@ -114,7 +120,7 @@ TEST(HousePaymail, OfTheQueriesOnlyARefreshRecordsThePicture)
     EXPECT_FALSE(house(folder).contains("avatars"));
 }
 
-TEST(HouseRegistry, ThreadsThatTakeLabelsLoseNone)
+TEST(HouseLabels, ThreadsThatTakeLabelsLoseNone)
 {
     const TestFolder folder;
     folder.write(kHouse, R"({"host_role":"architect"})");

@@ -1,5 +1,6 @@
 #include "wallet_bridge/loaded_wallet.h"
 
+#include "kit/test_folder.h"
 #include "kit/wallet_files.h"
 #include "platform/files.h"
 #include "text/json.h"
@@ -25,58 +26,63 @@ std::string identity_of_test_phrase()
 TEST(LoadedWallet, TheBoundWalletIsLoaded)
 {
     const TestFolder folder;
+    HeldWallet held = hold_wallet();
     bind_to_wallet(folder, phrase_wallet({{"paymail", "ann"}}));
     EXPECT_EQ(wallet_path(), folder.data() + "/wallets/1/wallet.json");
-    ASSERT_TRUE(load_wallet());
-    EXPECT_TRUE(loaded_wallet()->has_phrase);
-    EXPECT_EQ(loaded_wallet()->paymail, "ann");
-    EXPECT_EQ(loaded_wallet()->keys.identity_key, identity_of_test_phrase());
+    ASSERT_TRUE(load_wallet(held));
+    EXPECT_TRUE(held->wallet->has_phrase);
+    EXPECT_EQ(held->wallet->paymail, "ann");
+    EXPECT_EQ(held->wallet->keys.identity_key, identity_of_test_phrase());
 }
 
 TEST(LoadedWallet, ALoadOfTheSameWalletReadsTheFileButDerivesNothing)
 {
     const TestFolder folder;
+    HeldWallet held = hold_wallet();
     bind_to_wallet(folder, phrase_wallet({{"paymail", "ann"}}));
-    ASSERT_TRUE(load_wallet());
-    loaded_wallet()->keys.address = "derived before";
+    ASSERT_TRUE(load_wallet(held));
+    held->wallet->keys.address = "derived before";
     folder.write(kWallet, phrase_wallet({{"paymail", "bob"}}).dump());
-    ASSERT_TRUE(load_wallet());
-    EXPECT_EQ(loaded_wallet()->paymail, "bob");
-    EXPECT_EQ(loaded_wallet()->keys.address, "derived before");
+    ASSERT_TRUE(load_wallet(held));
+    EXPECT_EQ(held->wallet->paymail, "bob");
+    EXPECT_EQ(held->wallet->keys.address, "derived before");
 }
 
 TEST(LoadedWallet, NothingThatWasDerivedOutlivesAForgottenWallet)
 {
     const TestFolder folder;
+    HeldWallet held = hold_wallet();
     bind_to_wallet(folder, phrase_wallet());
     const std::string good = folder.read(kWallet);
-    ASSERT_TRUE(load_wallet());
-    const std::string address = loaded_wallet()->keys.address;
-    loaded_wallet()->keys.address = "derived before";
-    forget_wallet();
-    ASSERT_TRUE(load_wallet());
-    EXPECT_EQ(loaded_wallet()->keys.address, address);
+    ASSERT_TRUE(load_wallet(held));
+    const std::string address = held->wallet->keys.address;
+    held->wallet->keys.address = "derived before";
+    forget_wallet(held);
+    ASSERT_TRUE(load_wallet(held));
+    EXPECT_EQ(held->wallet->keys.address, address);
 
-    loaded_wallet()->keys.address = "derived before";
+    held->wallet->keys.address = "derived before";
     folder.write(kWallet, "{");
-    ASSERT_FALSE(load_wallet());
+    ASSERT_FALSE(load_wallet(held));
     folder.write(kWallet, good);
-    ASSERT_TRUE(load_wallet());
-    EXPECT_EQ(loaded_wallet()->keys.address, address);
+    ASSERT_TRUE(load_wallet(held));
+    EXPECT_EQ(held->wallet->keys.address, address);
 }
 
 TEST(LoadedWallet, WithNoWalletBoundTheOlderFileIsLoaded)
 {
     const TestFolder folder;
+    HeldWallet held = hold_wallet();
     bind_at_startup("x", "Brasslet");
     folder.write("corvane_vaultry.json", phrase_wallet().dump());
     EXPECT_EQ(wallet_path(), folder.data() + "/corvane_vaultry.json");
-    EXPECT_TRUE(load_wallet());
+    EXPECT_TRUE(load_wallet(held));
 }
 
 TEST(LoadedWallet, EveryFailedLoadForgetsTheWalletOfBefore)
 {
     const TestFolder folder;
+    HeldWallet held = hold_wallet();
     const std::string good = phrase_wallet().dump();
     bind_to_wallet(folder, phrase_wallet());
     for (const std::string& bad :
@@ -84,25 +90,26 @@ TEST(LoadedWallet, EveryFailedLoadForgetsTheWalletOfBefore)
           phrase_wallet({{"mnemonic", "abandon about"}}).dump(), std::string(R"({"priv":"00"})"),
           std::string(100'000, '[')}) {
         folder.write(kWallet, good);
-        ASSERT_TRUE(load_wallet());
+        ASSERT_TRUE(load_wallet(held));
         folder.write(kWallet, bad);
-        EXPECT_FALSE(load_wallet()) << bad.substr(0, 40);
-        EXPECT_EQ(loaded_wallet(), nullptr) << bad.substr(0, 40);
+        EXPECT_FALSE(load_wallet(held)) << bad.substr(0, 40);
+        EXPECT_FALSE(held->wallet) << bad.substr(0, 40);
     }
     folder.write(kWallet, good);
-    ASSERT_TRUE(load_wallet());
+    ASSERT_TRUE(load_wallet(held));
     ASSERT_TRUE(remove_file(folder.data() + "/" + kWallet));
-    EXPECT_FALSE(load_wallet());
-    EXPECT_EQ(loaded_wallet(), nullptr);
+    EXPECT_FALSE(load_wallet(held));
+    EXPECT_FALSE(held->wallet);
 }
 
 TEST(LoadedWallet, AnIdThatIsNoFileNameLoadsNothing)
 {
     const TestFolder folder;
+    HeldWallet held = hold_wallet();
     bind_to_wallet(folder, phrase_wallet());
     for (const std::string& id : {std::string(300, '1'), std::string("1\0x", 3), std::string("\n"), std::string("*")}) {
         bind_wallet(id);
-        EXPECT_FALSE(load_wallet()) << id;
+        EXPECT_FALSE(load_wallet(held)) << id;
         EXPECT_FALSE(is_wallet_locked()) << id;
     }
 }
@@ -110,13 +117,14 @@ TEST(LoadedWallet, AnIdThatIsNoFileNameLoadsNothing)
 TEST(LoadedWallet, ASealFileLocksTheWalletAndTheLoadForgetsIt)
 {
     const TestFolder folder;
+    HeldWallet held = hold_wallet();
     bind_to_wallet(folder, phrase_wallet());
-    ASSERT_TRUE(load_wallet());
+    ASSERT_TRUE(load_wallet(held));
     EXPECT_FALSE(is_wallet_locked());
     folder.write("wallets/1/wallet.json.seal", "");
     EXPECT_TRUE(is_wallet_locked());
-    EXPECT_FALSE(load_wallet());
-    EXPECT_EQ(loaded_wallet(), nullptr);
+    EXPECT_FALSE(load_wallet(held));
+    EXPECT_FALSE(held->wallet);
 }
 
 TEST(LoadedWallet, ALockRecordInItsPlaceLocksTheWallet)
@@ -135,33 +143,36 @@ TEST(LoadedWallet, ALockRecordInItsPlaceLocksTheWallet)
 TEST(LoadedWallet, ForgettingEmptiesIt)
 {
     const TestFolder folder;
+    HeldWallet held = hold_wallet();
     bind_to_wallet(folder, phrase_wallet());
     folder.write("ord_snap/1_spent.json", R"({"outpoints":["a_0"]})");
-    ASSERT_TRUE(load_wallet());
-    EXPECT_EQ(spent_outpoints(), std::set<std::string>{"a_0"});
-    forget_wallet();
-    EXPECT_EQ(loaded_wallet(), nullptr);
-    EXPECT_TRUE(spent_outpoints().empty());
-    EXPECT_FALSE(save_wallet());
+    ASSERT_TRUE(load_wallet(held));
+    EXPECT_EQ(held->spent_outpoints, std::set<std::string>{"a_0"});
+    forget_wallet(held);
+    EXPECT_FALSE(held->wallet);
+    EXPECT_TRUE(held->spent_outpoints.empty());
+    EXPECT_FALSE(save_wallet(held));
 }
 
 TEST(LoadedWallet, WithoutABoundWalletTheSpentItemsAreFoundByTheIdentity)
 {
     const TestFolder folder;
+    HeldWallet held = hold_wallet();
     bind_at_startup("x", "Brasslet");
     folder.write("corvane_vaultry.json", phrase_wallet().dump());
     folder.write("ord_snap/" + identity_of_test_phrase() + "_spent.json", R"({"outpoints":["b_0"]})");
-    ASSERT_TRUE(load_wallet());
-    EXPECT_EQ(spent_outpoints(), std::set<std::string>{"b_0"});
+    ASSERT_TRUE(load_wallet(held));
+    EXPECT_EQ(held->spent_outpoints, std::set<std::string>{"b_0"});
 }
 
-TEST(LoadedWallet, TheOrdinalsAddressIsOfTheCounterAndGoesToTheHouseRegistry)
+TEST(LoadedWallet, TheOrdinalsAddressIsOfTheCounterAndGoesToTheHouseLabelsFile)
 {
     const TestFolder folder;
+    HeldWallet held = hold_wallet();
     const std::string key = identity_of_test_phrase();
     folder.write(kHouse, nlohmann::json{{"names", {{"ann", {{"pubkey", key}}}}}}.dump());
     bind_to_wallet(folder, phrase_wallet({{"recv", {0, 0, 0, 0, 0, 7}}}));
-    ASSERT_TRUE(load_wallet());
+    ASSERT_TRUE(load_wallet(held));
     WalletKeys keys;
     ASSERT_TRUE(derive_wallet_keys(SecretText(kPhrase), 0, 7, keys));
     EXPECT_EQ(parse_json(folder.read(kHouse))["names"]["ann"]["ordAddress"], keys.ordinals_address);
@@ -170,40 +181,74 @@ TEST(LoadedWallet, TheOrdinalsAddressIsOfTheCounterAndGoesToTheHouseRegistry)
 TEST(LoadedWallet, SavingKeepsWhatTheFileHeldBesides)
 {
     const TestFolder folder;
+    HeldWallet held = hold_wallet();
     bind_to_wallet(folder, phrase_wallet({{"theme", "dark"}, {"ord_owned", {{{"origin", "a_0"}, {"created", true}}}}}));
-    ASSERT_TRUE(load_wallet());
-    loaded_wallet()->paymail = "ann";
-    EXPECT_TRUE(save_wallet());
+    ASSERT_TRUE(load_wallet(held));
+    held->wallet->paymail = "ann";
+    EXPECT_TRUE(save_wallet(held));
     const auto saved = parse_json(folder.read(kWallet));
     EXPECT_EQ(saved["paymail"], "ann");
     EXPECT_EQ(saved["theme"], "dark");
     EXPECT_EQ(saved["mnemonic"], kPhrase);
     EXPECT_EQ(saved["ord_owned"][0]["created"], true);
     EXPECT_EQ(folder.read(kWallet), pretty_json(saved));
-    loaded_wallet()->paymail = "bob";
-    EXPECT_TRUE(save_wallet());
+    held->wallet->paymail = "bob";
+    EXPECT_TRUE(save_wallet(held));
     EXPECT_EQ(parse_json(folder.read(kWallet))["paymail"], "bob");
 }
 
 TEST(LoadedWallet, SavingDoesNotUndoWhatAnotherProgramWroteMeanwhile)
 {
     const TestFolder folder;
+    HeldWallet held = hold_wallet();
     bind_to_wallet(folder, phrase_wallet());
-    ASSERT_TRUE(load_wallet());
+    ASSERT_TRUE(load_wallet(held));
     const std::string newer = phrase_wallet({{"recv", {0, 5, 0, 0, 0, 0}}}).dump();
     folder.write(kWallet, newer);
-    loaded_wallet()->paymail = "ann";
-    EXPECT_FALSE(save_wallet());
+    held->wallet->paymail = "ann";
+    EXPECT_FALSE(save_wallet(held));
     EXPECT_EQ(folder.read(kWallet), newer);
 }
 
 TEST(LoadedWallet, SavingMakesNoFileThatIsGone)
 {
     const TestFolder folder;
+    HeldWallet held = hold_wallet();
     bind_to_wallet(folder, phrase_wallet());
-    ASSERT_TRUE(load_wallet());
+    ASSERT_TRUE(load_wallet(held));
     const std::string wallets = folder.path() + "/Corvane/wallets";
     ASSERT_GT(std::filesystem::remove_all(std::filesystem::path(std::u8string(wallets.begin(), wallets.end()))), 0U);
-    EXPECT_FALSE(save_wallet());
+    EXPECT_FALSE(save_wallet(held));
     EXPECT_FALSE(folder.has("wallets"));
+}
+
+TEST(SpentSnapshot, TheKeyIsTheFirstOfWalletIdentityAndAddress)
+{
+    EXPECT_EQ(spent_snapshot_key("17", "02ab", "1Addr"), "17");
+    EXPECT_EQ(spent_snapshot_key("", "02ab", "1Addr"), "02ab");
+    EXPECT_EQ(spent_snapshot_key("", "", "1Addr"), "1Addr");
+    EXPECT_EQ(spent_snapshot_key("", "", ""), "wallet");
+}
+
+TEST(SpentSnapshot, TheKeyKeepsCaseAndItsBeginning)
+{
+    EXPECT_EQ(spent_snapshot_key("Ab/1 \xC3\xAB", "", ""), "Ab_1___");
+    EXPECT_EQ(spent_snapshot_key(std::string(80, 'a') + "b", "", ""), std::string(80, 'a'));
+}
+
+TEST(SpentSnapshot, TextsOfTheListAreRead)
+{
+    const TestFolder folder;
+    folder.write("ord_snap/17_spent.json", R"({"outpoints":["a_0",7,null,"b_1","a_0"]})");
+    EXPECT_EQ(read_spent_snapshot("17"), (std::set<std::string>{"a_0", "b_1"}));
+}
+
+TEST(SpentSnapshot, WhatIsNoListReadsAsNone)
+{
+    const TestFolder folder;
+    EXPECT_TRUE(read_spent_snapshot("17").empty());
+    for (const char* text : {"", "{", "[\"a\"]", "{}", R"({"outpoints":{"a":"b"}})", R"({"outpoints":"a"})"}) {
+        folder.write("ord_snap/17_spent.json", text);
+        EXPECT_TRUE(read_spent_snapshot("17").empty()) << text;
+    }
 }

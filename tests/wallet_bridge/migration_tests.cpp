@@ -4,7 +4,7 @@
 #include "kit/test_folder.h"
 #include "text/clock.h"
 #include "text/json.h"
-#include "wallet_bridge/wallet_registry.h"
+#include "wallet_bridge/wallet_list.h"
 
 #include <gtest/gtest.h>
 
@@ -40,7 +40,7 @@ std::vector<std::string> damaged_copies(const TestFolder& folder)
 
 }  // namespace
 
-TEST(Migration, MakesTheOldWalletTheFirstOfTheRegistry)
+TEST(Migration, MakesTheOldWalletTheFirstOfTheList)
 {
     const TestFolder folder;
     folder.write("corvane_vaultry.json", "the wallet");
@@ -59,7 +59,7 @@ TEST(Migration, MakesTheOldWalletTheFirstOfTheRegistry)
     EXPECT_EQ(parse_json(folder.read("wallets.json"))["active"], wallets[0].id);
 }
 
-TEST(Migration, WithoutAPlaceForTheWalletItStaysAndTheRegistryGainsItsEntry)
+TEST(Migration, WithoutAPlaceForTheWalletItStaysAndTheListGainsItsEntry)
 {
     const TestFolder folder;
     folder.write("corvane_vaultry.json", "the wallet");
@@ -72,7 +72,7 @@ TEST(Migration, WithoutAPlaceForTheWalletItStaysAndTheRegistryGainsItsEntry)
     EXPECT_EQ(folder.read("wallets"), "in the way");
 }
 
-TEST(Migration, KeepsWhatElseStandsInTheRegistryButForTheActiveWallet)
+TEST(Migration, KeepsWhatElseStandsInTheListButForTheActiveWallet)
 {
     const TestFolder folder;
     folder.write("corvane_vaultry.json", "the wallet");
@@ -83,7 +83,7 @@ TEST(Migration, KeepsWhatElseStandsInTheRegistryButForTheActiveWallet)
     EXPECT_EQ(parse_json(folder.read("wallets.json"))["active"], list_wallets()[0].id);
 }
 
-TEST(Migration, LeavesTheOldWalletAloneWhenTheRegistryHoldsAnything)
+TEST(Migration, LeavesTheOldWalletAloneWhenTheListHoldsAnything)
 {
     const TestFolder folder;
     for (const char* text : {R"({"wallets":[{"id":"1"}]})", R"({"wallets":["x"]})"}) {
@@ -122,7 +122,7 @@ TEST(Migration, LeavesNoMarkBehind)
     EXPECT_FALSE(folder.has(kMark));
 }
 
-TEST(Migration, AFolderThatAMarkShowsEntersTheRegistryWhateverThatHolds)
+TEST(Migration, AFolderThatAMarkShowsEntersTheListWhateverThatHolds)
 {
     const TestFolder folder;
     folder.write("wallets/17/wallet.json", "the wallet");

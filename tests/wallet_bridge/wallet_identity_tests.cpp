@@ -7,7 +7,7 @@
 #include "wallet/wallet_keys.h"
 #include "wallet_bridge/binding.h"
 #include "wallet_bridge/wallet_events.h"
-#include "wallet_bridge/wallet_registry.h"
+#include "wallet_bridge/wallet_list.h"
 
 #include <gtest/gtest.h>
 
@@ -126,7 +126,7 @@ TEST(WalletIdentity, AStoredFullPaymailYieldsTheSameAsItsLabel)
     EXPECT_EQ(list_wallets()[0].name, "ann");
 }
 
-TEST(WalletIdentity, AWalletWithoutALabelTakesItFromTheHouseRegistryAndKeepsIt)
+TEST(WalletIdentity, AWalletWithoutALabelTakesItFromTheHouseLabelsFileAndKeepsIt)
 {
     const TestFolder folder;
     bind_to_wallet(folder, phrase_wallet());
@@ -169,14 +169,14 @@ TEST(WalletIdentity, ALabelBeyondTheQuotaIsNotThisWallets)
     EXPECT_EQ(wallet_paymail(), "");
 }
 
-TEST(WalletIdentity, WhileTheHouseRegistryCannotBeReadNoLabelPassesAsTheWallets)
+TEST(WalletIdentity, WhileTheHouseLabelsFileCannotBeReadNoLabelPassesAsTheWallets)
 {
     const TestFolder folder;
     bind_to_wallet(folder, phrase_wallet({{"paymail", "ann"}}));
     const std::string text = folder.read(kWallet);
     folder.write("corvane_paymail.json/in the way", "");
     EXPECT_EQ(wallet_paymail(), "");
-    EXPECT_EQ(ready_wallet()->house_paymail, "");
+    EXPECT_EQ(wallet_identity()->house_paymail, "");
     EXPECT_EQ(folder.read(kWallet), text);
 }
 
@@ -213,12 +213,23 @@ TEST(WalletIdentity, QueriesAnnounceNothing)
     EXPECT_FALSE(announced);
 }
 
+TEST(PublicIdentity, IsCompleteWithAWholeKeyAndAnAddress)
+{
+    const std::string key(66, '0');
+    EXPECT_TRUE((PublicIdentity{key, std::string(26, '1')}).is_complete());
+    EXPECT_TRUE((PublicIdentity{key, std::string(34, '1')}).is_complete());
+    EXPECT_FALSE((PublicIdentity{key, std::string(25, '1')}).is_complete());
+    EXPECT_FALSE((PublicIdentity{key + "0", std::string(34, '1')}).is_complete());
+    EXPECT_FALSE((PublicIdentity{key.substr(1), std::string(34, '1')}).is_complete());
+    EXPECT_FALSE(PublicIdentity{}.is_complete());
+}
+
 TEST(WalletIdentity, OneQueryGivesAllThreeOfAReadyWallet)
 {
     const TestFolder folder;
     bind_to_wallet(folder, phrase_wallet({{"paymail", "ann"}}));
     const WalletKeys keys = keys_of_test_phrase();
-    const auto wallet = ready_wallet();
+    const auto wallet = wallet_identity();
     ASSERT_TRUE(wallet);
     EXPECT_EQ(wallet->public_key, keys.identity_key);
     EXPECT_EQ(wallet->address, keys.address);
@@ -229,9 +240,9 @@ TEST(WalletIdentity, OneQueryGivesAllThreeOfAReadyWallet)
 TEST(WalletIdentity, OneQueryGivesNothingOfAWalletThatIsNotReady)
 {
     const TestFolder folder;
-    EXPECT_FALSE(ready_wallet());
+    EXPECT_FALSE(wallet_identity());
     bind_to_wallet(folder, {{"priv", kOne}});
-    EXPECT_FALSE(ready_wallet());
+    EXPECT_FALSE(wallet_identity());
     folder.write(kWallet, "{");
-    EXPECT_FALSE(ready_wallet());
+    EXPECT_FALSE(wallet_identity());
 }

@@ -30,22 +30,24 @@ const std::string kOne = "000000000000000000000000000000000000000000000000000000
 TEST(WalletSaving, FailsWhenTheFileCannotBeWritten)
 {
     const TestFolder folder;
+    HeldWallet held = hold_wallet();
     bind_to_wallet(folder, phrase_wallet());
-    ASSERT_TRUE(load_wallet());
+    ASSERT_TRUE(load_wallet(held));
     const std::string wallets = folder.path() + "/Corvane/wallets";
     ASSERT_GT(std::filesystem::remove_all(std::filesystem::path(std::u8string(wallets.begin(), wallets.end()))), 0U);
     folder.write("wallets", "in the way");
-    EXPECT_FALSE(save_wallet());
+    EXPECT_FALSE(save_wallet(held));
     EXPECT_EQ(folder.read("wallets"), "in the way");
 }
 
 TEST(WalletSaving, LeavesAFileAloneThatAnotherProgramHasJustEmptied)
 {
     const TestFolder folder;
+    HeldWallet held = hold_wallet();
     bind_to_wallet(folder, phrase_wallet());
-    ASSERT_TRUE(load_wallet());
+    ASSERT_TRUE(load_wallet(held));
     folder.write(kWallet, "");
-    EXPECT_FALSE(save_wallet());
+    EXPECT_FALSE(save_wallet(held));
     EXPECT_TRUE(folder.has(kWallet));
     EXPECT_EQ(folder.read(kWallet), "");
 }
@@ -53,47 +55,51 @@ TEST(WalletSaving, LeavesAFileAloneThatAnotherProgramHasJustEmptied)
 TEST(WalletSaving, LeavesALockRecordAloneThatHasTakenTheWalletsPlace)
 {
     const TestFolder folder;
+    HeldWallet held = hold_wallet();
     bind_to_wallet(folder, phrase_wallet());
-    ASSERT_TRUE(load_wallet());
-    loaded_wallet()->paymail = "ann";
+    ASSERT_TRUE(load_wallet(held));
+    held->wallet->paymail = "ann";
     folder.write(kWallet, R"({"lock":"QX-LOCK1"})");
-    EXPECT_FALSE(save_wallet());
+    EXPECT_FALSE(save_wallet(held));
     EXPECT_EQ(folder.read(kWallet), R"({"lock":"QX-LOCK1"})");
 }
 
 TEST(WalletSaving, WritesNothingBesideASeal)
 {
     const TestFolder folder;
+    HeldWallet held = hold_wallet();
     bind_to_wallet(folder, phrase_wallet());
-    ASSERT_TRUE(load_wallet());
-    loaded_wallet()->paymail = "ann";
+    ASSERT_TRUE(load_wallet(held));
+    held->wallet->paymail = "ann";
     const std::string text = folder.read(kWallet);
     folder.write(std::string(kWallet) + ".seal", "");
-    EXPECT_FALSE(save_wallet());
+    EXPECT_FALSE(save_wallet(held));
     EXPECT_EQ(folder.read(kWallet), text);
 }
 
 TEST(WalletSaving, MakesNoFileThatIsGone)
 {
     const TestFolder folder;
+    HeldWallet held = hold_wallet();
     bind_to_wallet(folder, phrase_wallet());
-    ASSERT_TRUE(load_wallet());
-    loaded_wallet()->paymail = "ann";
+    ASSERT_TRUE(load_wallet(held));
+    held->wallet->paymail = "ann";
     ASSERT_TRUE(remove_file(folder.data() + "/" + kWallet));
-    EXPECT_FALSE(save_wallet());
+    EXPECT_FALSE(save_wallet(held));
     EXPECT_FALSE(folder.has(kWallet));
 }
 
 TEST(WalletSaving, WritesWhereTheWalletWasReadWhateverIsBoundSince)
 {
     const TestFolder folder;
+    HeldWallet held = hold_wallet();
     bind_to_wallet(folder, phrase_wallet());
     const std::string text = folder.read(kWallet);
     folder.write("wallets/2/wallet.json", text);
-    ASSERT_TRUE(load_wallet());
-    loaded_wallet()->paymail = "ann";
+    ASSERT_TRUE(load_wallet(held));
+    held->wallet->paymail = "ann";
     bind_wallet("2");
-    EXPECT_TRUE(save_wallet());
+    EXPECT_TRUE(save_wallet(held));
     EXPECT_EQ(parse_json(folder.read(kWallet))["paymail"], "ann");
     EXPECT_EQ(folder.read("wallets/2/wallet.json"), text);
 }
@@ -101,11 +107,12 @@ TEST(WalletSaving, WritesWhereTheWalletWasReadWhateverIsBoundSince)
 TEST(WalletSaving, OfANewerFormatWritesNothing)
 {
     const TestFolder folder;
+    HeldWallet held = hold_wallet();
     bind_to_wallet(folder, phrase_wallet({{"version", 3}}));
     const std::string text = folder.read(kWallet);
-    ASSERT_TRUE(load_wallet());
-    loaded_wallet()->paymail = "ann";
-    EXPECT_FALSE(save_wallet());
+    ASSERT_TRUE(load_wallet(held));
+    held->wallet->paymail = "ann";
+    EXPECT_FALSE(save_wallet(held));
     EXPECT_EQ(folder.read(kWallet), text);
 }
 
@@ -131,11 +138,12 @@ TEST(WalletSaving, KilledAtAnyMomentLeavesAWholeWallet)
 TEST(WalletSaving, OfTheOlderFileRewritesIt)
 {
     const TestFolder folder;
+    HeldWallet held = hold_wallet();
     bind_at_startup("x", "Brasslet");
     folder.write("corvane_vaultry.json", phrase_wallet({{"theme", "dark"}}).dump());
-    ASSERT_TRUE(load_wallet());
-    loaded_wallet()->paymail = "ann";
-    EXPECT_TRUE(save_wallet());
+    ASSERT_TRUE(load_wallet(held));
+    held->wallet->paymail = "ann";
+    EXPECT_TRUE(save_wallet(held));
     EXPECT_EQ(parse_json(folder.read("corvane_vaultry.json"))["paymail"], "ann");
     EXPECT_EQ(parse_json(folder.read("corvane_vaultry.json"))["theme"], "dark");
     EXPECT_FALSE(folder.has("wallets"));
@@ -144,60 +152,65 @@ TEST(WalletSaving, OfTheOlderFileRewritesIt)
 TEST(WalletSaving, WritesNoSeal)
 {
     const TestFolder folder;
+    HeldWallet held = hold_wallet();
     bind_to_wallet(folder, phrase_wallet());
-    ASSERT_TRUE(load_wallet());
-    loaded_wallet()->paymail = "ann";
-    EXPECT_TRUE(save_wallet());
+    ASSERT_TRUE(load_wallet(held));
+    held->wallet->paymail = "ann";
+    EXPECT_TRUE(save_wallet(held));
     EXPECT_FALSE(folder.has(std::string(kWallet) + ".seal"));
 }
 
 TEST(LoadedWallet, ASealFileBesideTheOlderFileLocksIt)
 {
     const TestFolder folder;
+    HeldWallet held = hold_wallet();
     bind_at_startup("x", "Brasslet");
     folder.write("corvane_vaultry.json", phrase_wallet().dump());
     EXPECT_FALSE(is_wallet_locked());
     folder.write("corvane_vaultry.json.seal", "");
     EXPECT_TRUE(is_wallet_locked());
-    EXPECT_FALSE(load_wallet());
+    EXPECT_FALSE(load_wallet(held));
 }
 
 TEST(LoadedWallet, TheSpentItemsOfASingleKeyWalletAreRead)
 {
     const TestFolder folder;
+    HeldWallet held = hold_wallet();
     bind_to_wallet(folder, {{"priv", kOne}});
     folder.write("ord_snap/1_spent.json", R"({"outpoints":["a_0"]})");
-    ASSERT_TRUE(load_wallet());
-    EXPECT_EQ(spent_outpoints(), std::set<std::string>{"a_0"});
+    ASSERT_TRUE(load_wallet(held));
+    EXPECT_EQ(held->spent_outpoints, std::set<std::string>{"a_0"});
 }
 
 TEST(LoadedWallet, AFailedLoadForgetsTheSpentItems)
 {
     const TestFolder folder;
+    HeldWallet held = hold_wallet();
     bind_to_wallet(folder, phrase_wallet());
     folder.write("ord_snap/1_spent.json", R"({"outpoints":["a_0"]})");
-    ASSERT_TRUE(load_wallet());
+    ASSERT_TRUE(load_wallet(held));
     folder.write(kWallet, "{");
-    EXPECT_FALSE(load_wallet());
-    EXPECT_TRUE(spent_outpoints().empty());
+    EXPECT_FALSE(load_wallet(held));
+    EXPECT_TRUE(held->spent_outpoints.empty());
 }
 
 TEST(LoadedWallet, LoadingAgainDropsWhatTheFileNoLongerHolds)
 {
     const TestFolder folder;
+    HeldWallet held = hold_wallet();
     bind_to_wallet(folder, phrase_wallet({{"paymail", "ann"},
                                           {"ord_avatar", "p_0"},
                                           {"recv", {0, 5, 0, 0, 0, 2}},
                                           {"ord_owned", {{{"origin", "a_0"}}}},
                                           {"contacts", {{{"dest", "bob"}}}}}));
-    ASSERT_TRUE(load_wallet());
-    EXPECT_EQ(loaded_wallet()->shown, 5U);
+    ASSERT_TRUE(load_wallet(held));
+    EXPECT_EQ(held->wallet->shown, 5U);
     folder.write(kWallet, nlohmann::json{{"mnemonic", kPhrase}}.dump());
-    ASSERT_TRUE(load_wallet());
-    EXPECT_EQ(loaded_wallet()->paymail + loaded_wallet()->picture, "");
-    EXPECT_FALSE(loaded_wallet()->backup_confirmed);
-    EXPECT_EQ(loaded_wallet()->receive_counters, ReceiveCounters{});
-    EXPECT_EQ(loaded_wallet()->shown, 0U);
-    EXPECT_TRUE(loaded_wallet()->ordinals.empty());
-    EXPECT_TRUE(loaded_wallet()->contacts.empty());
+    ASSERT_TRUE(load_wallet(held));
+    EXPECT_EQ(held->wallet->paymail + held->wallet->picture, "");
+    EXPECT_FALSE(held->wallet->backup_confirmed);
+    EXPECT_EQ(held->wallet->receive_counters, ReceiveCounters{});
+    EXPECT_EQ(held->wallet->shown, 0U);
+    EXPECT_TRUE(held->wallet->ordinals.empty());
+    EXPECT_TRUE(held->wallet->contacts.empty());
 }

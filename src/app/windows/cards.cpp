@@ -5,7 +5,7 @@
 #include "app/windows/busy_guard.h"
 #include "app/windows/controls.h"
 #include "app/windows/workers.h"
-#include "paymail/payname_registry.h"
+#include "paymail/kept_names.h"
 #include "platform/text_conversion.h"
 #include "wallet_bridge/binding.h"
 #include "wallet_bridge/connect.h"

@@ -4,7 +4,7 @@
 #include "app/windows/controls.h"
 #include "kit/wallet_files.h"
 #include "kit/windows/own_window.h"
-#include "paymail/payname_registry.h"
+#include "paymail/kept_names.h"
 #include "text/json.h"
 #include "wallet_bridge/binding.h"
 #include "wallet_bridge/wallet_identity.h"

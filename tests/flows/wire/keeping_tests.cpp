@@ -1,7 +1,7 @@
 // The last step of a verification: the row in the registry on this PC, and what may keep it from being written.
 #include "kit/wire/publishing.h"
 #include "kit/wire/verifying.h"
-#include "paymail/payname_registry.h"
+#include "paymail/kept_names.h"
 
 namespace {
 
@@ -29,13 +29,13 @@ TEST_F(Verifying, ANameThatIsAlreadyKeptIsUpdatedInItsRow)
                            {"paymail", kName}, {"pubkey", wallet.key}, {"address", wallet.address}, {"note", "mine"}}));
 }
 
-TEST_F(Verifying, WithoutAFolderForTheRegistryNothingIsKept)
+TEST_F(Verifying, WithoutAFolderForTheFileNothingIsKept)
 {
     wallet.folder.write("payname", "a file where the folder should be");
     expect_refused("Could not keep the name on this PC.");
 }
 
-TEST_F(Verifying, ARegistryThatMayNotBeWrittenKeepsItsOtherNames)
+TEST_F(Verifying, AFileThatMayNotBeWrittenKeepsItsOtherNames)
 {
     wallet.folder.write(kRegistry, kOthers);
     stand_in().files.writes_fail = true;
@@ -51,11 +51,11 @@ TEST_F(Verifying, AFullDiskKeepsTheOtherNames)
     EXPECT_EQ(kept_names(), kOthers);
 }
 
-TEST_F(Verifying, ARegistryThatCannotBeReadIsNeverWrittenOver)
+TEST_F(Verifying, AFileThatCannotBeReadIsNeverWrittenOver)
 {
     wallet.folder.write(kRegistry, kOthers);
     hold_the_registry();
-    const Verification verification = verify_and_keep(kName);
+    const Verification verification = verify_and_keep(kName, {wallet.key, wallet.address});
     stand_in().files = {};
     EXPECT_FALSE(verification.is_kept);
     EXPECT_EQ(verification.message, "Could not keep the name on this PC.");

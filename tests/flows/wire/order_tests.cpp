@@ -17,18 +17,21 @@ TEST_F(Verifying, AMissingWalletComesBeforeABadName)
     expect_refused("Connect a Vaultry wallet first.", "no paymail");
 }
 
-TEST_F(Verifying, AWalletThatGoesMeanwhileHasNoPaymentAddress)
+TEST_F(Verifying, WhatWasPublishedWithoutAKeyOrAnAddressHasNoPaymentAddress)
 {
-    wallet_file_changes(2, kNoWallet);
-    expect_refused("This Vaultry has no payment address yet.");
+    const std::string names = kept_names();
+    for (const PublicIdentity& published :
+         {PublicIdentity{}, PublicIdentity{wallet.key, ""}, PublicIdentity{"", wallet.address},
+          PublicIdentity{wallet.key + "0", wallet.address}, PublicIdentity{wallet.key, std::string(25, '1')}})
+        EXPECT_EQ(verify_and_keep(kName, published).message, "This Vaultry has no payment address yet.");
+    EXPECT_EQ(kept_names(), names);
     EXPECT_TRUE(server.requests().empty());
     EXPECT_TRUE(stand_in().srv_queries.empty());
 }
 
 TEST_F(Verifying, AHouseNameComesBeforeAMissingAddress)
 {
-    wallet_file_changes(2, kNoWallet);
-    expect_refused("The house paymail stays on Vaultry.", std::string("alice@") + kHouseDomain);
+    EXPECT_EQ(verify_and_keep(std::string("alice@") + kHouseDomain, {}).message, "The house paymail stays on Vaultry.");
 }
 
 TEST_F(Verifying, AnotherKeyComesBeforeAMissingPaymentDestination)
@@ -44,24 +47,22 @@ TEST_F(Verifying, TheDestinationHasTwelveSeconds)
     EXPECT_EQ(options_set().at(CURLOPT_TIMEOUT_MS), 12'000);
 }
 
-TEST_F(Publishing, AWalletThatGoesMeanwhileHasNoPaymentAddress)
+TEST_F(Publishing, AWalletThatGoesAfterItWasSentIsNotKept)
 {
-    answer(kStatusPath, "", 404);
     wallet_file_changes(2, kNoWallet);
-    expect_sentence("This Vaultry has no payment address yet.");
-    EXPECT_TRUE(server.requests().empty());
+    expect_sentence("Connect a Vaultry wallet first.");
+    EXPECT_EQ(server.requests().size(), 2U);  // its plugin, and the name
 }
 
-TEST_F(Publishing, AMissingLoginComesBeforeAMissingAddress)
+TEST_F(Publishing, AMissingLoginComesBeforeAllTraffic)
 {
     settings.user = "";
-    wallet_file_changes(2, kNoWallet);
     expect_sentence("Add the WordPress user and application password in settings.");
+    EXPECT_TRUE(server.requests().empty());
 }
 
 TEST_F(Publishing, TheKeyIsSentInLowerCase)
 {
-    wallet_file_changes(2, R"({"pub":")" + upper_ascii(wallet.key) + "\"}");
     expect_sentence(kKept);
     EXPECT_THAT(server.requests()[1], testing::EndsWith(R"("pubkey":")" + wallet.key + "\"}"));
 }

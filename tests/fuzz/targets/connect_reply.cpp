@@ -1,6 +1,6 @@
 // Property: only a JSON object whose "ok" is true approves, and then exactly the wallet that it names is bound, in
 // memory and in the record; every other reply is a refusal and changes nothing.
-#include "wallet_bridge/connect_files.h"
+#include "wallet_bridge/connect.h"
 
 #include "fuzz/data_folder.h"
 #include "fuzz/target.h"

@@ -109,15 +109,15 @@ bool is_of_another_format(const json& document)
     return document.value("version", json(0)) > json(2);
 }
 
-void check_loaded(std::string_view bytes)
+void check_loaded(HeldWallet& held, std::string_view bytes)
 {
-    const Wallet wallet = *loaded_wallet();
+    const Wallet wallet = *held->wallet;
     require(wallet.shown <= wallet.receive_counters[1], "no more is shown than was handed out");
     require(hash160_from_address(wallet.keys.address).has_value(), "a wallet has a payment address");
     require(address_from_public_key(wallet.keys.public_key) == wallet.keys.address, "it belongs to its key");
     require(!is_wallet_locked(), "a wallet that loads is not locked");
 
-    const bool is_saved = save_wallet();
+    const bool is_saved = save_wallet(held);
     require(is_saved != is_of_another_format(parse_exact_json(bytes)),
             "a wallet is saved unless its format is another");
     if (!is_saved) {
@@ -126,8 +126,8 @@ void check_loaded(std::string_view bytes)
     }
     const std::string saved = files_on_disk().at(kFile);
     check_kept_members(bytes, saved);
-    require(load_wallet() && is_same(*loaded_wallet(), wallet), "a wallet survives a save and a load");
-    require(save_wallet() && files_on_disk().at(kFile) == saved, "saving it again changes nothing on the disk");
+    require(load_wallet(held) && is_same(*held->wallet, wallet), "a wallet survives a save and a load");
+    require(save_wallet(held) && files_on_disk().at(kFile) == saved, "saving it again changes nothing on the disk");
 }
 
 void check(std::string_view bytes)
@@ -135,20 +135,21 @@ void check(std::string_view bytes)
     empty_data_folder();
     put_file(kFile, bytes);
     const FilesOnDisk before = files_on_disk();
-    const bool is_loaded = load_wallet();
+    HeldWallet held = hold_wallet();
+    const bool is_loaded = load_wallet(held);
     require(files_on_disk() == before, "loading changes nothing on the disk");
-    require(is_loaded == (loaded_wallet() != nullptr), "a wallet is there when the load succeeds");
+    require(is_loaded == held->wallet.has_value(), "a wallet is there when the load succeeds");
     require(!is_loaded || !is_lock_record(bytes), "a lock record does not load");
     if (is_loaded) {
-        check_loaded(bytes);
+        check_loaded(held, bytes);
     } else {
-        require(!save_wallet() && files_on_disk() == before, "without a wallet there is nothing to save");
+        require(!save_wallet(held) && files_on_disk() == before, "without a wallet there is nothing to save");
     }
 
     put_file(std::string(kFile) + ".seal", bytes);
     const FilesOnDisk sealed = files_on_disk();
-    require(is_wallet_locked() && !load_wallet(), "a wallet with a seal beside it is locked");
-    require(loaded_wallet() == nullptr && files_on_disk() == sealed, "a locked wallet is neither loaded nor written");
+    require(is_wallet_locked() && !load_wallet(held), "a wallet with a seal beside it is locked");
+    require(!held->wallet && files_on_disk() == sealed, "a locked wallet is neither loaded nor written");
 }
 
 const FuzzTarget target("wallet_file", check);

@@ -6,8 +6,7 @@
 #include "wallet_bridge/binding.h"
 #include "wallet_bridge/loaded_wallet.h"
 #include "wallet_bridge/migration.h"
-#include "wallet_bridge/registry_lock.h"
-#include "wallet_bridge/wallet_registry.h"
+#include "wallet_bridge/wallet_list.h"
 
 #include <cstdio>
 #include <exception>
@@ -45,9 +44,9 @@ int add_entries(const std::string& prefix, int count)
     say("adding");
     for (int i = 0; i < count; ++i) {
         const RegistryLock lock;
-        auto registry = read_registry();
+        auto registry = read_registry(lock);
         registry["wallets"].push_back({{"id", prefix + std::to_string(i)}});
-        if (!write_registry(registry)) return 1;
+        if (!write_registry(lock, registry)) return 1;
     }
     return 0;
 }
@@ -64,10 +63,11 @@ int migrate()
 int save_wallet_for_ever()
 {
     bind_at_startup(".", "Brasslet");
+    HeldWallet held = hold_wallet();
     for (unsigned turn = 0;; ++turn) {
-        if (!load_wallet("1")) return 1;
-        loaded_wallet()->paymail = turn % 2 == 0 ? "ann" : "a-much-longer-label";
-        if (!save_wallet()) return 1;
+        if (!load_wallet(held, "1")) return 1;
+        held->wallet->paymail = turn % 2 == 0 ? "ann" : "a-much-longer-label";
+        if (!save_wallet(held)) return 1;
         if (turn == 0) say("saving");
     }
 }
@@ -86,7 +86,7 @@ int write_registry_for_ever(int size)
     const nlohmann::json registries[] = {registry_of(size, 'a'), registry_of(size, 'b')};
     for (unsigned turn = 0;; ++turn) {
         const RegistryLock lock;
-        if (!write_registry(registries[turn % 2])) return 1;
+        if (!write_registry(lock, registries[turn % 2])) return 1;
         if (turn == 0) say("writing");
     }
 }

@@ -3,7 +3,7 @@
 #include "app/windows/app_state.h"
 #include "app/windows/main_window.h"
 #include "kit/windows/own_window.h"
-#include "ui/windows/users_palette.h"
+#include "ui/windows/theme.h"
 
 #include <windows.h>
 

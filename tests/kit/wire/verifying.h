@@ -13,7 +13,7 @@ class Verifying : public PayingSite {
 protected:
     void expect_kept(const std::string& name = kName)
     {
-        const Verification verification = verify_and_keep(name);
+        const Verification verification = verify_and_keep(name, {wallet.key, wallet.address});
         EXPECT_TRUE(verification.is_kept);
         EXPECT_EQ(verification.message, "");
         EXPECT_THAT(kept_names(), testing::HasSubstr("\"alice@brasslet.test\""));
@@ -21,7 +21,7 @@ protected:
     void expect_refused(const std::string& message, const std::string& name = kName)
     {
         const std::string names = kept_names();
-        const Verification verification = verify_and_keep(name);
+        const Verification verification = verify_and_keep(name, {wallet.key, wallet.address});
         EXPECT_FALSE(verification.is_kept);
         EXPECT_EQ(verification.message, message);
         EXPECT_EQ(kept_names(), names);

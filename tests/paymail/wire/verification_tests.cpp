@@ -1,6 +1,6 @@
 #include "kit/wire/verifying.h"
 
-#include "paymail/payname_registry.h"
+#include "paymail/kept_names.h"
 #include "text/clock.h"
 #include "text/json.h"
 

@@ -7,7 +7,7 @@
 #include "platform/windows/windows_path.h"
 #include "wallet_bridge/loaded_wallet.h"
 #include "wallet_bridge/migration.h"
-#include "wallet_bridge/wallet_registry.h"
+#include "wallet_bridge/wallet_list.h"
 
 #include <gtest/gtest.h>
 
@@ -143,7 +143,7 @@ TEST(SharedFiles, AFileThatIsMissingOrRefusedIsNotWaitedFor)
     EXPECT_EQ(pauses, 0);
 }
 
-TEST(SharedFiles, AnOldWalletThatIsLockedElsewhereStaysAndTheRegistryGainsItsEntry)
+TEST(SharedFiles, AnOldWalletThatIsLockedElsewhereStaysAndTheListGainsItsEntry)
 {
     const TestFolder folder;
     folder.write("corvane_vaultry.json", "the wallet");
@@ -158,7 +158,7 @@ TEST(SharedFiles, AnOldWalletThatIsLockedElsewhereStaysAndTheRegistryGainsItsEnt
     EXPECT_EQ(folder.read("corvane_vaultry.json"), "the wallet");
 }
 
-TEST(SharedFiles, ARegistryThatIsLockedElsewhereIsNotTakenForAnEmptyOne)
+TEST(SharedFiles, AListThatIsLockedElsewhereIsNotTakenForAnEmptyOne)
 {
     const TestFolder folder;
     const std::string registry = R"({"wallets":[{"id":"1"}]})";
@@ -295,15 +295,16 @@ TEST(SharedFiles, AFileThatIsHeldIsUnreadableAndNotMissing)
 TEST(SharedFiles, AWalletThatVaultryHasToItselfIsLeftAlone)
 {
     const TestFolder folder;
+    HeldWallet held = hold_wallet();
     bind_to_wallet(folder, phrase_wallet());
-    ASSERT_TRUE(load_wallet());
-    loaded_wallet()->paymail = "ann";
+    ASSERT_TRUE(load_wallet(held));
+    held->wallet->paymail = "ann";
     const std::string text = folder.read("wallets/1/wallet.json");
     {
         ChildProcess other({folder.path(), "hold-alone", folder.data() + "/wallets/1/wallet.json"});
         ASSERT_EQ(other.read_line(), "open");
         const ReplacedImport<SleepFunction> noted(__imp_Sleep, note_pause);
-        EXPECT_FALSE(save_wallet());
+        EXPECT_FALSE(save_wallet(held));
     }
     EXPECT_EQ(folder.read("wallets/1/wallet.json"), text);
 }

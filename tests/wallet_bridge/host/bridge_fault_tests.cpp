@@ -5,41 +5,41 @@
 #include "kit/wallet_files.h"
 #include "text/json.h"
 #include "wallet_bridge/binding.h"
-#include "wallet_bridge/house_registry.h"
+#include "wallet_bridge/house_labels.h"
 #include "wallet_bridge/migration.h"
 #include "wallet_bridge/wallet_identity.h"
-#include "wallet_bridge/wallet_registry.h"
+#include "wallet_bridge/wallet_list.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
 
-TEST(BridgeFaults, AFailedReplaceLeavesTheOldRegistryAndNoTemporaryFile)
+TEST(BridgeFaults, AFailedReplaceLeavesTheOldFileAndNoTemporaryFile)
 {
     const TestFolder folder;
     folder.write("wallets.json", "old");
     stand_in().files.replaces_fail = true;
-    EXPECT_FALSE(write_registry({{"wallets", nlohmann::json::array()}}));
+    EXPECT_FALSE(write_registry(RegistryLock{}, {{"wallets", nlohmann::json::array()}}));
     EXPECT_EQ(folder.read("wallets.json"), "old");
     EXPECT_FALSE(folder.has("wallets.json.tmp"));
 }
 
-TEST(BridgeFaults, AFullDiskLeavesTheOldRegistryAndTheTemporaryFileWhereItIs)
+TEST(BridgeFaults, AFullDiskLeavesTheOldFileAndTheTemporaryFileWhereItIs)
 {
     const TestFolder folder;
     folder.write("wallets.json", "old");
     stand_in().files.largest_file = 5;
-    EXPECT_FALSE(write_registry({{"wallets", nlohmann::json::array()}}));
+    EXPECT_FALSE(write_registry(RegistryLock{}, {{"wallets", nlohmann::json::array()}}));
     EXPECT_EQ(folder.read("wallets.json"), "old");
     EXPECT_TRUE(folder.has("wallets.json.tmp"));
 }
 
-TEST(BridgeFaults, AnUnchangedRegistryIsNotWrittenAgain)
+TEST(BridgeFaults, AnUnchangedFileIsNotWrittenAgain)
 {
     const TestFolder folder;
-    ASSERT_TRUE(write_registry({{"wallets", nlohmann::json::array()}}));
+    ASSERT_TRUE(write_registry(RegistryLock{}, {{"wallets", nlohmann::json::array()}}));
     stand_in().files.written.clear();
-    EXPECT_TRUE(write_registry({{"wallets", nlohmann::json::array()}}));
+    EXPECT_TRUE(write_registry(RegistryLock{}, {{"wallets", nlohmann::json::array()}}));
     EXPECT_TRUE(stand_in().files.written.empty());
 }
 
@@ -54,7 +54,7 @@ TEST(BridgeFaults, AnOldWalletThatCannotBeRenamedIsCopiedAndThenDeleted)
     EXPECT_FALSE(folder.has("corvane_vaultry.json"));
 }
 
-TEST(BridgeFaults, AnOldWalletThatCannotBeMovedStaysAndTheRegistryGainsItsEntry)
+TEST(BridgeFaults, AnOldWalletThatCannotBeMovedStaysAndTheListGainsItsEntry)
 {
     const TestFolder folder;
     folder.write("corvane_vaultry.json", "the wallet");
@@ -67,13 +67,13 @@ TEST(BridgeFaults, AnOldWalletThatCannotBeMovedStaysAndTheRegistryGainsItsEntry)
     EXPECT_EQ(folder.read("corvane_vaultry.json"), "the wallet");
 }
 
-TEST(BridgeFaults, ARegistryThatCannotBeReadNowIsNotTakenForAnEmptyOne)
+TEST(BridgeFaults, AListThatCannotBeReadNowIsNotTakenForAnEmptyOne)
 {
     const TestFolder folder;
     folder.write("corvane_vaultry.json", "the wallet");
     folder.write("wallets.json", R"({"wallets":[{"id":"1"}]})");
     stand_in().files.reads_fail = true;
-    EXPECT_EQ(look_into_registry().status, RegistryStatus::unreadable);
+    EXPECT_EQ(look_into_wallet_list(RegistryLock{}).status, WalletListStatus::unreadable);
     migrate_single_wallet();
     stand_in().files.reads_fail = false;
     EXPECT_EQ(folder.read("wallets.json"), R"({"wallets":[{"id":"1"}]})");
@@ -152,7 +152,7 @@ TEST(BridgeFaults, WithoutABindRecordThereIsNothingToDelete)
     EXPECT_TRUE(wallet_binding().is_recorded);
 }
 
-TEST(BridgeFaults, AnOlderHouseRegistryThatCannotBeReadNowIsNotTakenForAMissingOne)
+TEST(BridgeFaults, AnOlderHouseLabelsFileThatCannotBeReadNowIsNotTakenForAMissingOne)
 {
     const TestFolder folder;
     const std::string here = std::filesystem::current_path().string();
@@ -163,7 +163,7 @@ TEST(BridgeFaults, AnOlderHouseRegistryThatCannotBeReadNowIsNotTakenForAMissingO
     EXPECT_FALSE(folder.has("corvane_paymail.json"));
 }
 
-TEST(BridgeFaults, AHouseRegistryThatCannotBeWrittenTakesNoPaymailAway)
+TEST(BridgeFaults, AHouseLabelsFileThatCannotBeWrittenTakesNoPaymailAway)
 {
     const TestFolder folder;
     bind_to_wallet(folder, phrase_wallet({{"paymail", "ann"}}));
@@ -171,14 +171,14 @@ TEST(BridgeFaults, AHouseRegistryThatCannotBeWrittenTakesNoPaymailAway)
     EXPECT_EQ(wallet_paymail(), std::string("ann@") + kHouseDomain);
 }
 
-TEST(BridgeFaults, AHouseRegistryIsWrittenInItsPlace)
+TEST(BridgeFaults, AHouseLabelsFileIsWrittenInItsPlace)
 {
     const TestFolder folder;
     EXPECT_EQ(register_house_label("ann", "02ab", {}), "");
     EXPECT_EQ(stand_in().files.written, std::vector<std::string>{folder.data() + "/corvane_paymail.json"});
 }
 
-TEST(BridgeFaults, AHouseRegistryThatCannotBeReadNowIsNotTakenForAnEmptyOne)
+TEST(BridgeFaults, AHouseLabelsFileThatCannotBeReadNowIsNotTakenForAnEmptyOne)
 {
     const TestFolder folder;
     const std::string text = R"({"names":{"bob":{"pubkey":"03cd"}}})";

@@ -11,7 +11,6 @@
 
 #include <gtest/gtest.h>
 
-#include <future>
 #include <vector>
 
 namespace {
@@ -87,8 +86,11 @@ TEST_F(ConnectHandshake, AnApprovedWalletIsBoundAndLoaded)
 {
     EXPECT_EQ(connect_with_reply(R"({"ok":true,"wallet_id":"2"})"), "success");
     EXPECT_EQ(bound_wallet_id(), "2");
-    ASSERT_NE(loaded_wallet(), nullptr);
-    EXPECT_EQ(loaded_wallet()->receive_counters[1], 5U);
+    ASSERT_TRUE(is_wallet_loaded());
+    {
+        HeldWallet held = hold_wallet();
+        EXPECT_EQ(held->wallet->receive_counters[1], 5U);
+    }
     EXPECT_TRUE(wallet_ready());
     EXPECT_EQ(m_lines, after_asking({"Connected to Vaultry wallet Shop\n"}));
     EXPECT_EQ(stand_in().wallet_app_raises, 1);
@@ -99,6 +101,22 @@ TEST_F(ConnectHandshake, TheIdentityIsRefreshedBeforeTheWalletIsNamed)
     m_folder.write("wallets/2/wallet.json", phrase_wallet({{"paymail", "ann"}}).dump());
     EXPECT_EQ(connect_with_reply(R"({"ok":true,"wallet_id":"2"})"), "success");
     EXPECT_EQ(m_lines, after_asking({event("paymail\x1f" + wallet_paymail()), "Connected to Vaultry wallet ann\n"}));
+}
+
+TEST_F(ConnectHandshake, AnObserverMayAskForTheWalletAtEveryLine)
+{
+    m_folder.write("wallets/2/wallet.json", phrase_wallet({{"paymail", "ann"}}).dump());
+    int answers = 0;
+    const auto ask = [&answers](const std::string&) { answers += wallet_ready() ? 1 : 0; };
+    set_log_sink(ask);
+    set_event_sink(ask);
+    reply_during_pause(1, R"({"ok":true,"wallet_id":"2"})");
+    EXPECT_EQ(connect_wallet(), "success");
+    EXPECT_EQ(answers, 2);  // the house paymail, and the wallet's name
+    EXPECT_EQ(connect_wallet(), "success");
+    EXPECT_EQ(answers, 3);
+    disconnect_wallet();
+    EXPECT_EQ(answers, 3);
 }
 
 TEST_F(ConnectHandshake, TheFilesOfTheHandshakeStay)
@@ -184,7 +202,7 @@ TEST_F(ConnectHandshake, AnApprovedWalletWithASealFileIsLockedAndStaysBound)
     EXPECT_EQ(connect_with_reply(R"({"ok":true,"wallet_id":"2"})"), message);
     EXPECT_EQ(m_lines, after_asking({event("error\x1f" + message)}));
     EXPECT_EQ(bound_wallet_id(), "2");
-    EXPECT_EQ(loaded_wallet(), nullptr);
+    EXPECT_FALSE(is_wallet_loaded());
 }
 
 TEST_F(ConnectHandshake, AnApprovedWalletThatIsALockRecordIsLocked)
@@ -204,9 +222,9 @@ TEST_F(ConnectHandshake, AFailedLoadForgetsTheWalletOfBefore)
 {
     m_folder.write("corvane_vaultry.json", phrase_wallet().dump());
     ASSERT_TRUE(wallet_address().has_value());
-    ASSERT_NE(loaded_wallet(), nullptr);
+    ASSERT_TRUE(is_wallet_loaded());
     connect_with_reply(R"({"ok":true,"wallet_id":"9"})");
-    EXPECT_EQ(loaded_wallet(), nullptr);
+    EXPECT_FALSE(is_wallet_loaded());
 }
 
 TEST_F(ConnectHandshake, ARequestThatCannotBeWrittenAsksNobody)
@@ -245,10 +263,7 @@ TEST_F(ConnectHandshake, OtherThreadsMayAskForTheWalletWhileItWaits)
 {
     bool is_free = false;
     stand_in().during_pause = [this, &is_free] {
-        is_free = std::async(std::launch::async, [] {
-                      const std::unique_lock lock(wallet_state_mutex(), std::try_to_lock);
-                      return lock.owns_lock();
-                  }).get();
+        is_free = wallet_state().wallet.is_free();
         reply(R"({"ok":false})");
     };
     connect_wallet();

@@ -1,16 +1,15 @@
 // The examples in docs/files.md are what the program writes and reads.
 #include "kit/connect_requests.h"
 #include "kit/test_folder.h"
-#include "paymail/payname_registry.h"
+#include "paymail/kept_names.h"
 #include "settings/settings_store.h"
 #include "text/json.h"
 #include "wallet_bridge/binding.h"
-#include "wallet_bridge/connect_files.h"
-#include "wallet_bridge/house_registry.h"
+#include "wallet_bridge/connect.h"
+#include "wallet_bridge/house_labels.h"
 #include "wallet_bridge/loaded_wallet.h"
-#include "wallet_bridge/spent_snapshot.h"
 #include "wallet_bridge/wallet_identity.h"
-#include "wallet_bridge/wallet_registry.h"
+#include "wallet_bridge/wallet_list.h"
 
 #include <gtest/gtest.h>
 
@@ -22,8 +21,8 @@ namespace {
 constexpr char kId[] = "1700000000000";
 constexpr char kWallet[] = "wallets/1700000000000/wallet.json";
 constexpr char kLockedWallet[] = "wallets/1700000000001/wallet.json";
-constexpr char kRegistry[] = "wallets.json";
-constexpr char kHouseRegistry[] = "corvane_paymail.json";
+constexpr char kWalletList[] = "wallets.json";
+constexpr char kHouseLabels[] = "corvane_paymail.json";
 
 const std::string& document()
 {
@@ -52,7 +51,7 @@ protected:
     DocumentedFiles()
     {
         put(kWallet);
-        put(kRegistry);
+        put(kWalletList);
         bind_at_startup("C:\\Tools\\Brasslet", "Brasslet");
     }
     void put(const std::string& path) const { folder.write(path, example(path)); }
@@ -68,22 +67,22 @@ TEST_F(DocumentedFiles, TheBindRecord)
     expect_as_documented("binds/c__tools_brasslet.json");
 }
 
-TEST_F(DocumentedFiles, TheWalletRegistry)
+TEST_F(DocumentedFiles, TheWalletList)
 {
-    folder.write(kRegistry, R"({"wallets":[{"name":"Wallet 1","id":"1700000000000"}],"active":"1700000000000"})");
+    folder.write(kWalletList, R"({"wallets":[{"name":"Wallet 1","id":"1700000000000"}],"active":"1700000000000"})");
     set_registry_name_from_paymail(kId, "ada");
-    expect_as_documented(kRegistry);
+    expect_as_documented(kWalletList);
 }
 
 TEST_F(DocumentedFiles, TheWalletIsWrittenBackAsItIs)
 {
-    const std::scoped_lock lock(wallet_state_mutex());
+    HeldWallet held = hold_wallet();
     nlohmann::json without_paymail = parse_json(example(kWallet));
     without_paymail.erase("paymail");
     folder.write(kWallet, without_paymail.dump());
-    ASSERT_TRUE(load_wallet());
-    loaded_wallet()->paymail = "ada";
-    ASSERT_TRUE(save_wallet());
+    ASSERT_TRUE(load_wallet(held));
+    held->wallet->paymail = "ada";
+    ASSERT_TRUE(save_wallet(held));
     expect_as_documented(kWallet);
 }
 
@@ -99,14 +98,13 @@ TEST_F(DocumentedFiles, TheOlderWalletHasASingleKey)
 TEST_F(DocumentedFiles, TheLockedWallet)
 {
     folder.write(kWallet, example(kLockedWallet));
-    const std::scoped_lock lock(wallet_state_mutex());
+    HeldWallet held = hold_wallet();
     EXPECT_TRUE(is_wallet_locked());
-    EXPECT_FALSE(load_wallet());
+    EXPECT_FALSE(load_wallet(held));
 }
 
 TEST_F(DocumentedFiles, TheSeal)
 {
-    const std::scoped_lock lock(wallet_state_mutex());
     EXPECT_FALSE(is_wallet_locked());
     folder.write(std::string(kWallet) + ".seal", "");
     EXPECT_TRUE(is_wallet_locked());
@@ -129,13 +127,13 @@ TEST_F(DocumentedFiles, TheConnectReply)
     EXPECT_EQ(bound_wallet_id(), kId);
 }
 
-TEST_F(DocumentedFiles, TheHouseRegistry)
+TEST_F(DocumentedFiles, TheHouseLabels)
 {
     const std::string key = identity_pubkey().value_or("");
     EXPECT_EQ(register_house_label("ada", key, {.payment = wallet_address().value_or(""), .ordinals = {}}), "");
     EXPECT_EQ(set_house_avatar(key, "1b2e"), "");
     EXPECT_TRUE(wallet_ready());  // a load notes the ordinals address
-    expect_as_documented(kHouseRegistry);
+    expect_as_documented(kHouseLabels);
 }
 
 TEST_F(DocumentedFiles, TheSpentItems)

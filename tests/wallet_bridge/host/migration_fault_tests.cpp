@@ -4,7 +4,7 @@
 #include "kit/test_folder.h"
 #include "text/json.h"
 #include "wallet_bridge/migration.h"
-#include "wallet_bridge/wallet_registry.h"
+#include "wallet_bridge/wallet_list.h"
 
 #include <gtest/gtest.h>
 
@@ -130,7 +130,7 @@ TEST(MigrationFaults, TheSameHoldsWhereFilesHaveToBeCopied)
     try_every_step(with_a_kill_before);
 }
 
-TEST(MigrationFaults, WhenTheRegistryCannotBeWrittenAllIsMovedBack)
+TEST(MigrationFaults, WhenTheListCannotBeWrittenAllIsMovedBack)
 {
     const TestFolder folder;
     put_old_wallet(folder);

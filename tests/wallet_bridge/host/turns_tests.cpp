@@ -1,13 +1,14 @@
-// What is held while the bridge uses its files: the registry lock, and the wallet-state mutex.
+// What is held while the bridge uses its files: the lock of the wallet list, and the wallet state.
 #include "kit/stand_in/native_path.h"
 #include "kit/stand_in/stand_in.h"
 #include "kit/wallet_files.h"
 #include "wallet_bridge/binding.h"
-#include "wallet_bridge/house_registry.h"
+#include "wallet_bridge/connect.h"
+#include "wallet_bridge/house_labels.h"
 #include "wallet_bridge/loaded_wallet.h"
 #include "wallet_bridge/migration.h"
 #include "wallet_bridge/wallet_identity.h"
-#include "wallet_bridge/wallet_registry.h"
+#include "wallet_bridge/wallet_list.h"
 
 #include <gtest/gtest.h>
 
@@ -25,7 +26,7 @@ using Names = std::set<std::string>;
 const char* const kWallet = "wallets/1/wallet.json";
 
 // Asked by opening the lock file anew, as another process would.
-bool is_registry_free(const TestFolder& folder)
+bool is_wallet_list_free(const TestFolder& folder)
 {
     const int file = open(native_path(folder.data() + "/wallets.lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
     const bool is_free = flock(file, LOCK_EX | LOCK_NB) == 0;
@@ -33,15 +34,10 @@ bool is_registry_free(const TestFolder& folder)
     return is_free;
 }
 
-// Asked on another thread: a thread may take a recursive mutex again.
+// Asked on another thread, since this one may hold it.
 bool is_wallet_state_free()
 {
-    const auto ask = [] {
-        const bool is_free = wallet_state_mutex().try_lock();
-        if (is_free) wallet_state_mutex().unlock();
-        return is_free;
-    };
-    return std::async(std::launch::async, ask).get();
+    return std::async(std::launch::async, [] { return wallet_state().wallet.is_free(); }).get();
 }
 
 // The files that `work` uses, by their paths in the data directory: those used while held, and those used while free.
@@ -65,60 +61,61 @@ Uses uses_of(const TestFolder& folder, IsFree is_free, Work work)
 }
 
 template <typename Work>
-Uses registry_uses_of(const TestFolder& folder, Work work)
+Uses wallet_list_uses_of(const TestFolder& folder, Work work)
 {
     return uses_of(
-        folder, [&folder] { return is_registry_free(folder); }, work);
+        folder, [&folder] { return is_wallet_list_free(folder); }, work);
 }
 
 }  // namespace
 
-TEST(RegistryTurns, ListingReadsUnderTheLock)
+TEST(WalletListTurns, ListingReadsUnderTheLock)
 {
     const TestFolder folder;
-    const Uses uses = registry_uses_of(folder, list_wallets);
+    const Uses uses = wallet_list_uses_of(folder, list_wallets);
     EXPECT_EQ(uses.held, Names{"wallets.json"});
     EXPECT_EQ(uses.free, Names{});
 }
 
-TEST(RegistryTurns, NamingReadsAndWritesUnderTheLock)
+TEST(WalletListTurns, NamingReadsAndWritesUnderTheLock)
 {
     const TestFolder folder;
     folder.write("wallets.json", R"({"wallets":[{"id":"1"}]})");
-    const Uses uses = registry_uses_of(folder, [] { set_registry_name_from_paymail("1", "ann"); });
+    const Uses uses = wallet_list_uses_of(folder, [] { set_registry_name_from_paymail("1", "ann"); });
     EXPECT_EQ(uses.held, (Names{"wallets.json", "wallets.json.tmp"}));
     EXPECT_EQ(uses.free, Names{});
 }
 
-TEST(RegistryTurns, TheMigrationDoesAllUnderTheLock)
+TEST(WalletListTurns, TheMigrationDoesAllUnderTheLock)
 {
     const TestFolder folder;
     folder.write("corvane_vaultry.json", "the wallet");
     folder.write("wallets.json", R"({"wallets":[]})");
-    const Uses uses = registry_uses_of(folder, migrate_single_wallet);
+    const Uses uses = wallet_list_uses_of(folder, migrate_single_wallet);
     EXPECT_EQ(uses.held,
               (Names{"corvane_vaultry.json", "corvane_vaultry.json.moving", "wallets.json", "wallets.json.tmp"}));
     EXPECT_EQ(uses.free, Names{});
 }
 
-TEST(RegistryTurns, TheStartHoldsTheLockToItsEnd)
+TEST(WalletListTurns, TheStartHoldsTheLockToItsEnd)
 {
     const TestFolder folder;
     folder.write("wallets.json", R"({"wallets":[{"id":"1"}]})");
-    const Uses uses = registry_uses_of(folder, [] { bind_at_startup(".", "Brasslet"); });
+    const Uses uses = wallet_list_uses_of(folder, [] { bind_at_startup(".", "Brasslet"); });
     EXPECT_EQ(uses.held, (Names{"binds/_.json", "corvane_vaultry.json.moving", "wallets.json"}));
     EXPECT_EQ(uses.free, Names{});
     EXPECT_TRUE(folder.has("binds/_.json"));
 }
 
-TEST(RegistryTurns, BindRecordsWalletFilesAndHouseLabelsAreUsedWithoutTheLock)
+TEST(WalletListTurns, BindRecordsWalletFilesAndHouseLabelsAreUsedWithoutTheLock)
 {
     const TestFolder folder;
     bind_to_wallet(folder, phrase_wallet());
-    const Uses uses = registry_uses_of(folder, [] {
+    const Uses uses = wallet_list_uses_of(folder, [] {
         bind_wallet("1");
-        EXPECT_TRUE(load_wallet());
-        EXPECT_TRUE(save_wallet());
+        HeldWallet held = hold_wallet();
+        EXPECT_TRUE(load_wallet(held));
+        EXPECT_TRUE(save_wallet(held));
         EXPECT_EQ(register_house_label("ann", "02ab", {}), "");
         EXPECT_EQ(set_house_avatar("02ab", "p_0"), "");
         unbind_wallet();
@@ -129,24 +126,39 @@ TEST(RegistryTurns, BindRecordsWalletFilesAndHouseLabelsAreUsedWithoutTheLock)
     EXPECT_TRUE(uses.free.contains("binds/c__tools_brasslet.json"));
 }
 
-TEST(WalletStateTurns, EveryQueryDoesAllUnderTheMutex)
+constexpr std::initializer_list<void (*)()> kQueries = {
+    [] { EXPECT_TRUE(wallet_ready()); },
+    [] { EXPECT_TRUE(wallet_address().has_value()); },
+    [] { EXPECT_TRUE(identity_pubkey().has_value()); },
+    [] { EXPECT_NE(public_identity(), PublicIdentity()); },
+    [] { EXPECT_NE(wallet_paymail(), ""); },
+    [] { EXPECT_TRUE(wallet_identity().has_value()); },
+    [] { refresh_identity(); },
+};
+
+TEST(WalletStateTurns, EveryQueryDoesAllWhileItHoldsTheWallet)
 {
     const TestFolder folder;
     bind_to_wallet(folder, phrase_wallet({{"paymail", "ann"}, {"ord_avatar", "p_0"}}));
-    for (auto* const query :
-         {+[] { EXPECT_TRUE(wallet_ready()); }, +[] { EXPECT_TRUE(wallet_address().has_value()); },
-          +[] { EXPECT_TRUE(identity_pubkey().has_value()); }, +[] { EXPECT_NE(public_identity(), PublicIdentity()); },
-          +[] { EXPECT_NE(wallet_paymail(), ""); }, +[] { refresh_identity(); }}) {
+    for (auto* const query : kQueries) {
         const Uses uses = uses_of(folder, is_wallet_state_free, query);
         EXPECT_TRUE(uses.held.contains(kWallet));
         EXPECT_EQ(uses.free, Names{});
     }
 }
 
-TEST(WalletStateTurns, WhoHoldsTheMutexMayAskAllTheSame)
+TEST(WalletStateTurns, EveryQuestionLoadsTheWalletOnce)
 {
     const TestFolder folder;
-    bind_to_wallet(folder, phrase_wallet());
-    const std::scoped_lock lock(wallet_state_mutex());
-    EXPECT_TRUE(wallet_ready());
+    bind_to_wallet(folder, phrase_wallet({{"paymail", "ann"}, {"ord_avatar", "p_0"}}));
+    int loads = 0;
+    stand_in().files.on_use = [&loads](const std::string& path) { loads += path.ends_with(kWallet) ? 1 : 0; };
+    int questions = 0;
+    for (auto* const query : kQueries) {
+        query();
+        EXPECT_EQ(loads, ++questions);
+    }
+    EXPECT_EQ(connect_wallet(), "success");
+    EXPECT_EQ(loads, ++questions);
+    stand_in().files.on_use = nullptr;
 }

@@ -15,12 +15,13 @@ const char* const kWallet = "wallets/1/wallet.json";
 TEST(WalletFaults, AFileThatCannotBeReadNowIsNotWrittenOver)
 {
     const TestFolder folder;
+    HeldWallet held = hold_wallet();
     bind_to_wallet(folder, phrase_wallet());
-    ASSERT_TRUE(load_wallet());
+    ASSERT_TRUE(load_wallet(held));
     const std::string newer = phrase_wallet({{"recv", {0, 5, 0, 0, 0, 0}}}).dump();
     folder.write(kWallet, newer);
     stand_in().files.reads_fail = true;
-    EXPECT_FALSE(save_wallet());
+    EXPECT_FALSE(save_wallet(held));
     stand_in().files.reads_fail = false;
     EXPECT_EQ(folder.read(kWallet), newer);
 }
@@ -28,39 +29,42 @@ TEST(WalletFaults, AFileThatCannotBeReadNowIsNotWrittenOver)
 TEST(WalletFaults, AfterAFailedSaveTheNextOneSucceeds)
 {
     const TestFolder folder;
+    HeldWallet held = hold_wallet();
     bind_to_wallet(folder, phrase_wallet());
-    ASSERT_TRUE(load_wallet());
-    loaded_wallet()->paymail = "ann";
+    ASSERT_TRUE(load_wallet(held));
+    held->wallet->paymail = "ann";
     stand_in().files.writes_fail = true;
-    EXPECT_FALSE(save_wallet());
+    EXPECT_FALSE(save_wallet(held));
     stand_in().files.writes_fail = false;
-    EXPECT_TRUE(save_wallet());
+    EXPECT_TRUE(save_wallet(held));
     EXPECT_EQ(parse_json(folder.read(kWallet))["paymail"], "ann");
 }
 
 TEST(WalletFaults, AFullDiskLeavesTheOldWallet)
 {
     const TestFolder folder;
+    HeldWallet held = hold_wallet();
     bind_to_wallet(folder, phrase_wallet());
-    ASSERT_TRUE(load_wallet());
+    ASSERT_TRUE(load_wallet(held));
     const std::string text = folder.read(kWallet);
-    loaded_wallet()->paymail = std::string(500, 'a');
+    held->wallet->paymail = std::string(500, 'a');
     stand_in().files.largest_file = text.size();
-    EXPECT_FALSE(save_wallet());
+    EXPECT_FALSE(save_wallet(held));
     EXPECT_EQ(folder.read(kWallet), text);
 }
 
 TEST(WalletFaults, TheWalletIsWrittenInItsPlaceAndOnlyWhenItChanged)
 {
     const TestFolder folder;
+    HeldWallet held = hold_wallet();
     bind_to_wallet(folder, phrase_wallet());
-    ASSERT_TRUE(load_wallet());
-    EXPECT_TRUE(save_wallet());
+    ASSERT_TRUE(load_wallet(held));
+    EXPECT_TRUE(save_wallet(held));
     stand_in().files.written.clear();
-    EXPECT_TRUE(save_wallet());
+    EXPECT_TRUE(save_wallet(held));
     EXPECT_TRUE(stand_in().files.written.empty());
-    loaded_wallet()->paymail = "ann";
-    EXPECT_TRUE(save_wallet());
+    held->wallet->paymail = "ann";
+    EXPECT_TRUE(save_wallet(held));
     EXPECT_EQ(stand_in().files.written, std::vector<std::string>{folder.data() + "/" + kWallet});
 }
 
@@ -71,14 +75,15 @@ TEST(WalletFaults, AnotherProgramThatComesBetweenAnyTwoStepsIsNotUndone)
     int moments = 0;
     for (bool came_between = true; came_between; ++moments) {
         const TestFolder folder;
+        HeldWallet held = hold_wallet();
         bind_to_wallet(folder, phrase_wallet());
-        ASSERT_TRUE(load_wallet());
-        loaded_wallet()->paymail = "ann";
+        ASSERT_TRUE(load_wallet(held));
+        held->wallet->paymail = "ann";
         int uses = 0;
         stand_in().files.on_use = [&](const std::string&) {
             if (uses++ == moments) folder.write(kWallet, newer);
         };
-        const bool is_saved = save_wallet();
+        const bool is_saved = save_wallet(held);
         stand_in().files.on_use = nullptr;
         came_between = uses > moments;
         EXPECT_EQ(is_saved, !came_between);

@@ -1,4 +1,4 @@
-#include "paymail/payname_registry.h"
+#include "paymail/kept_names.h"
 
 #include "kit/bound_wallet.h"
 #include "platform/files.h"
@@ -26,7 +26,7 @@ std::string names_form(const json& rows)
 
 }  // namespace
 
-TEST(PaynameRegistry, IsEmptyWithoutAReadableFile)
+TEST(KeptNames, IsEmptyWithoutAReadableFile)
 {
     const TestFolder folder;
     EXPECT_EQ(load_paynames(), json::array());
@@ -38,7 +38,7 @@ TEST(PaynameRegistry, IsEmptyWithoutAReadableFile)
     }
 }
 
-TEST(PaynameRegistry, ReadsTheNamesOrAnArrayOrOneOlderRow)
+TEST(KeptNames, ReadsTheNamesOrAnArrayOrOneOlderRow)
 {
     const TestFolder folder;
     const json rows = json::array({row("a@x.org"), row("b@x.org")});
@@ -54,7 +54,7 @@ TEST(PaynameRegistry, ReadsTheNamesOrAnArrayOrOneOlderRow)
     EXPECT_EQ(load_paynames(), json::array({older}));
 }
 
-TEST(PaynameRegistry, ReadsNoRowsOfTheOlderFormsThatItCouldNotReadAgainAfterwards)
+TEST(KeptNames, ReadsNoRowsOfTheOlderFormsThatItCouldNotReadAgainAfterwards)
 {
     const TestFolder folder;
     const auto nested = [](int levels) {
@@ -74,7 +74,7 @@ TEST(PaynameRegistry, ReadsNoRowsOfTheOlderFormsThatItCouldNotReadAgainAfterward
     }
 }
 
-TEST(PaynameRegistry, IsWrittenInTheNamesForm)
+TEST(KeptNames, IsWrittenInTheNamesForm)
 {
     const TestFolder folder;
     EXPECT_TRUE(save_paynames(json::array({row("a@x.org")})));
@@ -83,7 +83,7 @@ TEST(PaynameRegistry, IsWrittenInTheNamesForm)
               "      \"pubkey\": \"key\"\n    }\n  ]\n}");
 }
 
-TEST(PaynameRegistry, CannotBeWrittenWhereItsFolderCannotBe)
+TEST(KeptNames, CannotBeWrittenWhereItsFolderCannotBe)
 {
     const TestFolder folder;
     folder.write("payname", "a file");
@@ -92,7 +92,7 @@ TEST(PaynameRegistry, CannotBeWrittenWhereItsFolderCannotBe)
     EXPECT_EQ(folder.read("payname"), "a file");
 }
 
-TEST(PaynameRegistry, AnOlderRowIsRewrittenInTheNamesForm)
+TEST(KeptNames, AnOlderRowIsRewrittenInTheNamesForm)
 {
     const TestFolder folder;
     folder.write(kFile, row("a@x.org").dump());
@@ -100,7 +100,7 @@ TEST(PaynameRegistry, AnOlderRowIsRewrittenInTheNamesForm)
     EXPECT_EQ(folder.read(kFile), names_form(json::array({row("a@x.org"), row("b@x.org", "k", "a")})));
 }
 
-TEST(PaynameRegistry, KeepingANameTwiceUpdatesItsRowInPlace)
+TEST(KeptNames, KeepingANameTwiceUpdatesItsRowInPlace)
 {
     const TestFolder folder;
     json noted = row("A@X.org", "old", "old");
@@ -112,7 +112,7 @@ TEST(PaynameRegistry, KeepingANameTwiceUpdatesItsRowInPlace)
     EXPECT_EQ(load_paynames(), json::array({7, updated, row("b@x.org")}));
 }
 
-TEST(PaynameRegistry, RemovingANameKeepsEveryOther)
+TEST(KeptNames, RemovingANameKeepsEveryOther)
 {
     const TestFolder folder;
     folder.write(kFile, names_form(json::array({row("a@x.org"), 7, row("A@X.ORG"), row("b@x.org"), json::object()})));
@@ -120,7 +120,7 @@ TEST(PaynameRegistry, RemovingANameKeepsEveryOther)
     EXPECT_EQ(folder.read(kFile), names_form(json::array({7, row("b@x.org"), json::object()})));
 }
 
-TEST(PaynameRegistry, RemovingTheLastNameDeletesTheFile)
+TEST(KeptNames, RemovingTheLastNameDeletesTheFile)
 {
     const TestFolder folder;
     folder.write(kFile, names_form(json::array({row("a@x.org")})));
@@ -130,14 +130,14 @@ TEST(PaynameRegistry, RemovingTheLastNameDeletesTheFile)
     EXPECT_FALSE(folder.has(kFile));
 }
 
-TEST(PaynameRegistry, ShowsNothingWithoutAWallet)
+TEST(KeptNames, ShowsNothingWithoutAWallet)
 {
     const TestFolder folder;
     folder.write(kFile, names_form(json::array({row("a@x.org", "", "")})));
     EXPECT_EQ(names_of_this_wallet(), "");
 }
 
-TEST(PaynameRegistry, ShowsTheNamesOfThisWallet)
+TEST(KeptNames, ShowsTheNamesOfThisWallet)
 {
     const BoundWallet wallet;
     const auto mine = [&wallet](const std::string& paymail) { return row(paymail, wallet.key, wallet.address); };
@@ -149,7 +149,7 @@ TEST(PaynameRegistry, ShowsTheNamesOfThisWallet)
     EXPECT_EQ(names_of_this_wallet(), "a@x.org, b@y.org");
 }
 
-TEST(PaynameRegistry, NothingIsTheNameOfATextThatIsNoKeyOrNoAddress)
+TEST(KeptNames, NothingIsTheNameOfATextThatIsNoKeyOrNoAddress)
 {
     const TestFolder folder;
     const std::string key(66, 'a');
@@ -161,7 +161,7 @@ TEST(PaynameRegistry, NothingIsTheNameOfATextThatIsNoKeyOrNoAddress)
     EXPECT_EQ(names_of_wallet(key, "short"), "");
 }
 
-TEST(PaynameRegistry, DigitsOfOtherMembersStayAsTheyStand)
+TEST(KeptNames, DigitsOfOtherMembersStayAsTheyStand)
 {
     const TestFolder folder;
     folder.write(kFile, R"([{"paymail":"a@x.org","since":123456789012345678901234567890,"share":0.10},)"

@@ -1,4 +1,4 @@
-// The paynames that were verified for wallets on this PC: payname.json in the settings folder. Read afresh by every
+// The kept names: the paynames that were verified for wallets on this PC, in "payname.json". Read afresh by every
 // operation; the busy guard keeps flows apart.
 #pragma once
 

@@ -1,12 +1,15 @@
-#include "wallet_bridge/wallet_registry.h"
+#include "wallet_bridge/wallet_list.h"
 
 #include "kit/child_process.h"
 #include "kit/test_folder.h"
+#include "platform/file_lock.h"
 #include "platform/files.h"
 #include "text/json.h"
-#include "wallet_bridge/registry_lock.h"
 
+#include <atomic>
+#include <future>
 #include <gtest/gtest.h>
+#include <optional>
 
 #include <random>
 #include <thread>
@@ -24,24 +27,24 @@ const nlohmann::json kNoWallets = {{"wallets", nlohmann::json::array()}};
 
 }  // namespace
 
-TEST(WalletRegistry, AMissingFileReadsAsNoWallets)
+TEST(WalletList, AMissingFileReadsAsNoWallets)
 {
     const TestFolder folder;
-    EXPECT_EQ(read_registry(), kNoWallets);
+    EXPECT_EQ(read_registry(RegistryLock{}), kNoWallets);
 }
 
-TEST(WalletRegistry, WhatIsNoRegistryReadsAsNoWallets)
+TEST(WalletList, WhatIsNoListReadsAsNoWallets)
 {
     const TestFolder folder;
     for (const std::string& text :
          {std::string(), std::string("garbage"), std::string("[{\"id\":\"1\"}]"), std::string("{\"wallets\": {}}"),
           std::string("{} {}"), std::string("7"), "{\"wallets\":" + std::string(100'000, '[')}) {
         folder.write("wallets.json", text);
-        EXPECT_EQ(read_registry(), kNoWallets) << text.substr(0, 40);
+        EXPECT_EQ(read_registry(RegistryLock{}), kNoWallets) << text.substr(0, 40);
     }
 }
 
-TEST(WalletRegistry, OtherMembersSurviveARewrite)
+TEST(WalletList, OtherMembersSurviveARewrite)
 {
     const TestFolder folder;
     folder.write("wallets.json", R"({"theme":{"dark":true},"wallets":[{"id":"1","name":"A","colour":"red"},"x",7]})");
@@ -50,34 +53,34 @@ TEST(WalletRegistry, OtherMembersSurviveARewrite)
               parse_json(R"({"theme":{"dark":true},"wallets":[{"id":"1","name":"ann","colour":"red"},"x",7]})"));
 }
 
-TEST(WalletRegistry, IsWrittenWithAnIndentOfTwoAndSortedKeys)
+TEST(WalletList, IsWrittenWithAnIndentOfTwoAndSortedKeys)
 {
     const TestFolder folder;
-    EXPECT_TRUE(write_registry({{"wallets", {{{"name", "A"}, {"id", "1"}}}}, {"active", "1"}}));
+    EXPECT_TRUE(write_registry(RegistryLock{}, {{"wallets", {{{"name", "A"}, {"id", "1"}}}}, {"active", "1"}}));
     EXPECT_EQ(folder.read("wallets.json"), "{\n  \"active\": \"1\",\n  \"wallets\": [\n    {\n      \"id\": \"1\",\n"
                                            "      \"name\": \"A\"\n    }\n  ]\n}");
     EXPECT_FALSE(folder.has("wallets.json.tmp"));
 }
 
-TEST(WalletRegistry, AStaleTemporaryFileIsReused)
+TEST(WalletList, AStaleTemporaryFileIsReused)
 {
     const TestFolder folder;
     folder.write("wallets.json.tmp", "left by a process that was killed, and longer than what is written now");
-    EXPECT_TRUE(write_registry({{"wallets", nlohmann::json::array()}}));
+    EXPECT_TRUE(write_registry(RegistryLock{}, {{"wallets", nlohmann::json::array()}}));
     EXPECT_EQ(folder.read("wallets.json"), "{\n  \"wallets\": []\n}");
     EXPECT_FALSE(folder.has("wallets.json.tmp"));
 }
 
-TEST(WalletRegistry, AFailedReplaceLeavesTheOldRegistryAndNoTemporaryFile)
+TEST(WalletList, AFailedReplaceLeavesTheOldFileAndNoTemporaryFile)
 {
     const TestFolder folder;
     folder.write("wallets.json/in the way", "");
-    EXPECT_FALSE(write_registry({{"wallets", nlohmann::json::array()}}));
+    EXPECT_FALSE(write_registry(RegistryLock{}, {{"wallets", nlohmann::json::array()}}));
     EXPECT_TRUE(folder.has("wallets.json/in the way"));
     EXPECT_FALSE(folder.has("wallets.json.tmp"));
 }
 
-TEST(WalletRegistry, ListsWalletsInOrderByNameOrElseId)
+TEST(WalletList, ListsWalletsInOrderByNameOrElseId)
 {
     const TestFolder folder;
     folder.write("wallets.json",
@@ -91,7 +94,7 @@ TEST(WalletRegistry, ListsWalletsInOrderByNameOrElseId)
     EXPECT_EQ(wallets[3].id + wallets[3].name, "11");
 }
 
-TEST(WalletRegistry, TheFirstEntryWithAnIdGivesTheName)
+TEST(WalletList, TheFirstEntryWithAnIdGivesTheName)
 {
     const TestFolder folder;
     folder.write("wallets.json", R"({"wallets":[{"id":"1","name":"A"},{"id":"1","name":"B"}]})");
@@ -99,7 +102,7 @@ TEST(WalletRegistry, TheFirstEntryWithAnIdGivesTheName)
     EXPECT_EQ(wallet_display_name("2"), "2");
 }
 
-TEST(WalletRegistry, APaymailNamesTheFirstEntryWithItsId)
+TEST(WalletList, APaymailNamesTheFirstEntryWithItsId)
 {
     const TestFolder folder;
     folder.write("wallets.json", R"({"wallets":[{"id":"0"},{"id":"1","name":"A"},{"id":"1","name":"B"}]})");
@@ -108,7 +111,7 @@ TEST(WalletRegistry, APaymailNamesTheFirstEntryWithItsId)
               parse_json(R"({"wallets":[{"id":"0"},{"id":"1","name":"ann"},{"id":"1","name":"B"}]})"));
 }
 
-TEST(WalletRegistry, NamingAnUnknownWalletOrWithoutANameWritesNothing)
+TEST(WalletList, NamingAnUnknownWalletOrWithoutANameWritesNothing)
 {
     const TestFolder folder;
     const std::string text = R"({"wallets":[{"id":"1"},{"id":""}]})";
@@ -122,7 +125,7 @@ TEST(WalletRegistry, NamingAnUnknownWalletOrWithoutANameWritesNothing)
     EXPECT_FALSE(folder.has("wallets.json"));
 }
 
-TEST(WalletRegistry, TwoProcessesThatAddEntriesLoseNone)
+TEST(WalletList, TwoProcessesThatAddEntriesLoseNone)
 {
     const TestFolder folder;
     ChildProcess first({folder.path(), "add-entries", "a", std::to_string(kEntries)});
@@ -137,7 +140,7 @@ TEST(WalletRegistry, TwoProcessesThatAddEntriesLoseNone)
     EXPECT_EQ(second_count, kEntries);
 }
 
-TEST(WalletRegistry, AWriterKilledAtAnyMomentLeavesTheOldOrTheNewRegistry)
+TEST(WalletList, AWriterKilledAtAnyMomentLeavesTheOldOrTheNewRegistry)
 {
     const TestFolder folder;
     constexpr std::size_t kWallets = 100;
@@ -159,7 +162,7 @@ TEST(WalletRegistry, AWriterKilledAtAnyMomentLeavesTheOldOrTheNewRegistry)
     EXPECT_LT(registries_with_a, 200);
 }
 
-TEST(WalletRegistry, DigitsOfOtherMembersStayAsTheyStand)
+TEST(WalletList, DigitsOfOtherMembersStayAsTheyStand)
 {
     const TestFolder folder;
     folder.write("wallets.json", R"({"wallets":[{"id":"1","name":"old","order":123456789012345678901234567890}],)"
@@ -177,4 +180,94 @@ TEST(WalletRegistry, DigitsOfOtherMembersStayAsTheyStand)
     }
   ]
 })");
+}
+
+TEST(RegistryLock, MakesAnEmptyLockFileAndLeavesIt)
+{
+    const TestFolder folder;
+    {
+        const RegistryLock lock;
+        EXPECT_TRUE(folder.has("wallets.lock"));
+    }
+    EXPECT_TRUE(folder.has("wallets.lock"));
+    EXPECT_EQ(folder.read("wallets.lock"), "");
+}
+
+TEST(RegistryLock, OpensTheLockFileAsItStandsAndClosesIt)
+{
+    const TestFolder folder;
+    folder.write("wallets.lock", "a word of another program");
+    {
+        const RegistryLock lock;
+    }
+    EXPECT_EQ(folder.read("wallets.lock"), "a word of another program");
+    EXPECT_TRUE(remove_file(folder.data() + "/wallets.lock"));
+}
+
+TEST(RegistryLock, AThreadMayTakeItAgainAndTheOutermostReleaseGivesTheFileBack)
+{
+    const TestFolder folder;
+    std::optional<RegistryLock> outer(std::in_place);
+    {
+        const RegistryLock inner;
+    }
+    ChildProcess other({folder.path(), "hold-lock"});
+    auto line = std::async(std::launch::async, [&other] { return other.read_line(); });
+    EXPECT_EQ(line.wait_for(std::chrono::milliseconds(300)), std::future_status::timeout);
+    outer.reset();
+    EXPECT_EQ(line.get(), "held");
+}
+
+TEST(RegistryLock, WaitsForTheOtherProcess)
+{
+    const TestFolder folder;
+    ChildProcess other({folder.path(), "hold-lock"});
+    ASSERT_EQ(other.read_line(), "held");
+    std::atomic<bool> asked_to_release = false;
+    auto waiting = std::async(std::launch::async, [&asked_to_release] {
+        const RegistryLock lock;
+        return asked_to_release.load();
+    });
+    EXPECT_EQ(waiting.wait_for(std::chrono::milliseconds(300)), std::future_status::timeout);
+    asked_to_release = true;
+    other.close_input();
+    EXPECT_TRUE(waiting.get());
+    EXPECT_EQ(other.wait(), 0);
+}
+
+TEST(RegistryLock, TheDeathOfItsHolderReleasesIt)
+{
+    const TestFolder folder;
+    ChildProcess other({folder.path(), "hold-lock"});
+    ASSERT_EQ(other.read_line(), "held");
+    other.kill();
+    const RegistryLock lock;
+    EXPECT_TRUE(folder.has("wallets.lock"));
+}
+
+TEST(RegistryLock, ThreadsTakeTurnsEvenWithoutALockFile)
+{
+    const TestFolder folder;
+    folder.write("wallets.lock/in the way", "");
+    int count = 0;
+    const auto add = [&count] {
+        for (int i = 0; i < 1000; ++i) {
+            const RegistryLock lock;
+            const int seen = count;
+            std::this_thread::yield();
+            count = seen + 1;
+        }
+    };
+    std::thread first(add);
+    std::thread second(add);
+    first.join();
+    second.join();
+    EXPECT_EQ(count, 2000);
+}
+
+TEST(FileLock, IsNotHeldWhenTheFileCannotBeOpened)
+{
+    const TestFolder folder;
+    EXPECT_FALSE(FileLock(folder.path() + "/absent/file").is_held());
+    EXPECT_TRUE(FileLock(folder.path() + "/file").is_held());
 }

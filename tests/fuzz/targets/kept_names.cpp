@@ -1,6 +1,6 @@
 // Property: the rows that are read survive a write and a read; keeping a name changes its own row only and removing it
 // leaves the others; a name that is shown is a valid paymail of this wallet; a file that is no list gives no row.
-#include "paymail/payname_registry.h"
+#include "paymail/kept_names.h"
 
 #include "build_values.h"
 #include "fuzz/data_folder.h"
@@ -80,6 +80,6 @@ void check(std::string_view bytes)
     check_keeping(rows);
 }
 
-const FuzzTarget target("payname_registry", check);
+const FuzzTarget target("kept_names", check);
 
 }  // namespace

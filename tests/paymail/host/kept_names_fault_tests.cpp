@@ -1,5 +1,5 @@
-// The payname registry when file operations fail.
-#include "paymail/payname_registry.h"
+// The kept names when file operations fail.
+#include "paymail/kept_names.h"
 
 #include "kit/stand_in/stand_in.h"
 #include "kit/test_folder.h"
@@ -15,7 +15,7 @@ constexpr char kNames[] = R"({"names":[{"paymail":"a@x.org"}]})";
 
 }  // namespace
 
-TEST(PaynameFaults, ARegistryThatCannotBeReadNowIsNeitherWrittenOverNorDeleted)
+TEST(KeptNamesFaults, AFileThatCannotBeReadNowIsNeitherWrittenOverNorDeleted)
 {
     const TestFolder folder;
     folder.write(kFile, kNames);
@@ -28,7 +28,7 @@ TEST(PaynameFaults, ARegistryThatCannotBeReadNowIsNeitherWrittenOverNorDeleted)
     EXPECT_EQ(folder.read(kFile), kNames);
 }
 
-TEST(PaynameFaults, ARegistryThatIsNotThereYetIsWrittenThoughNothingCanBeRead)
+TEST(KeptNamesFaults, AFileThatIsNotThereYetIsWrittenThoughNothingCanBeRead)
 {
     const TestFolder folder;
     stand_in().files.reads_fail = true;
@@ -37,7 +37,7 @@ TEST(PaynameFaults, ARegistryThatIsNotThereYetIsWrittenThoughNothingCanBeRead)
     EXPECT_EQ(load_paynames().size(), 1U);
 }
 
-TEST(PaynameFaults, AFullDiskLeavesTheOldRegistry)
+TEST(KeptNamesFaults, AFullDiskLeavesTheOldFile)
 {
     const TestFolder folder;
     folder.write(kFile, kNames);
@@ -46,7 +46,7 @@ TEST(PaynameFaults, AFullDiskLeavesTheOldRegistry)
     EXPECT_EQ(folder.read(kFile), kNames);
 }
 
-TEST(PaynameFaults, ARegistryThatMayNotBeWrittenStaysAsItIs)
+TEST(KeptNamesFaults, AFileThatMayNotBeWrittenStaysAsItIs)
 {
     const TestFolder folder;
     folder.write(kFile, kNames);
@@ -56,7 +56,7 @@ TEST(PaynameFaults, ARegistryThatMayNotBeWrittenStaysAsItIs)
     EXPECT_EQ(folder.read(kFile), kNames);
 }
 
-TEST(PaynameFaults, AnUnchangedRegistryIsNotWrittenAgain)
+TEST(KeptNamesFaults, AnUnchangedFileIsNotWrittenAgain)
 {
     const TestFolder folder;
     ASSERT_TRUE(keep_payname({"a@x.org", "key", "address"}));

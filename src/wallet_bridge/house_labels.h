@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-inline constexpr char kHouseRegistryUnwritable[] = "could not write paymail registry";
-inline constexpr char kHouseRegistryUnreadable[] = "could not read paymail registry";
+inline constexpr char kHouseLabelsUnwritable[] = "could not write paymail registry";
+inline constexpr char kHouseLabelsUnreadable[] = "could not read paymail registry";
 
 // Base58Check, or empty.
 struct HouseAddresses {
@@ -28,7 +28,7 @@ std::string house_label_of(const std::string& public_key);
 
 // Takes the label of `name` for the identity, or renews what it holds, and calls it this PC's own. Empty on success,
 // else the message: a label that another key holds is refused and stays untouched, and so is a further label beyond the
-// identity's quota. While the registry is there but cannot be read nobody knows whose the label is, and nothing is
+// identity's quota. While the file is there but cannot be read nobody knows whose the label is, and nothing is
 // taken. An empty address leaves that of the row as it is.
 std::string register_house_label(std::string_view name, const std::string& public_key, const HouseAddresses& addresses);
 

@@ -1,7 +1,7 @@
 // Property: a label is refused exactly when another key holds it or the key has used up its labels, and then nothing on
 // the disk changes; an accepted one is found again and changes only its own row and what this PC calls its own; a
 // picture that is set and taken away leaves everything else as it was.
-#include "wallet_bridge/house_registry.h"
+#include "wallet_bridge/house_labels.h"
 
 #include "fuzz/data_folder.h"
 #include "fuzz/target.h"
@@ -23,44 +23,44 @@ json document()
 {
     const FilesOnDisk files = files_on_disk();
     const auto file = files.find(kFile);
-    json registry = file == files.end() ? json() : parse_exact_json(file->second);
-    return registry.is_object() ? registry : json::object();
+    json labels = file == files.end() ? json() : parse_exact_json(file->second);
+    return labels.is_object() ? labels : json::object();
 }
 
-// The registry apart from what a registration of the label sets, and what it leaves out when it is not of use.
-json without_the_label(json registry)
+// The document apart from what a registration of the label sets, and what it leaves out when it is not of use.
+json without_the_label(json labels)
 {
-    registry.erase("self");
-    json& names = registry["names"];
+    labels.erase("self");
+    json& names = labels["names"];
     if (!names.is_object()) names = json::object();
     json& row = names[kLabel];
     if (!row.is_object()) row = json::object();
     row.erase("pubkey");
     row.erase("address");
-    return registry;
+    return labels;
 }
 
-json without_pictures(json registry)
+json without_pictures(json labels)
 {
-    if (registry.contains("avatars") && registry["avatars"].is_object()) registry["avatars"].erase(kKey);
-    if (registry.value("avatars", json()) == json::object()) registry.erase("avatars");
-    json names = registry.value("names", json());
-    if (!names.is_object()) return registry;
+    if (labels.contains("avatars") && labels["avatars"].is_object()) labels["avatars"].erase(kKey);
+    if (labels.value("avatars", json()) == json::object()) labels.erase("avatars");
+    json names = labels.value("names", json());
+    if (!names.is_object()) return labels;
     for (json& row : names)
         if (lower_ascii(text_member(row, "pubkey")) == kKey) row.erase("avatar");
-    registry["names"] = names;
-    return registry;
+    labels["names"] = names;
+    return labels;
 }
 
 // Whether the identity may have the label: it holds it, or nobody does and it has not used up its labels.
-bool is_free_for_key(const json& registry)
+bool is_free_for_key(const json& labels)
 {
-    const json names = registry.value("names", json());
+    const json names = labels.value("names", json());
     if (!names.is_object()) return true;
     if (names.contains(kLabel)) return lower_ascii(text_member(names[kLabel], "pubkey")) == kKey;
     const auto is_held = [](const json& row) { return lower_ascii(text_member(row, "pubkey")) == kKey; };
     const auto held = std::count_if(names.begin(), names.end(), is_held);
-    const std::string role = lower_ascii(text_member(registry, "host_role"));
+    const std::string role = lower_ascii(text_member(labels, "host_role"));
     return role == "architect" || held < (role == "dev" ? 20 : 10);
 }
 
@@ -113,6 +113,6 @@ void check(std::string_view bytes)
     check_pictures();
 }
 
-const FuzzTarget target("house_registry", check);
+const FuzzTarget target("house_labels", check);
 
 }  // namespace

@@ -1,11 +1,11 @@
-#include "paymail/payname_registry.h"
+#include "paymail/kept_names.h"
 
 #include "build_values.h"
 #include "paymail/payname_rules.h"
 #include "platform/files.h"
 #include "text/ascii.h"
 #include "text/json.h"
-#include "wallet_bridge/data_directory.h"
+#include "wallet_bridge/shared_files.h"
 #include "wallet_bridge/wallet_identity.h"
 
 #include <optional>
@@ -14,11 +14,6 @@
 namespace {
 
 using nlohmann::json;
-
-std::string registry_path()
-{
-    return data_directory() + "/payname/payname.json";
-}
 
 // The older forms are written back with more around them: rows that could then not be read again are none.
 json rewritable(json rows)
@@ -39,8 +34,9 @@ json rows_of(json document)
 // Empty when there is a file that cannot be read just now: rows that nobody saw must not be written over.
 std::optional<json> readable_paynames()
 {
-    const std::optional<std::string> text = read_file(registry_path());
-    if (!text) return file_status(registry_path()) == FileStatus::missing ? std::optional(json::array()) : std::nullopt;
+    const std::optional<std::string> text = read_file(kept_names_path());
+    if (!text)
+        return file_status(kept_names_path()) == FileStatus::missing ? std::optional(json::array()) : std::nullopt;
     return rows_of(parse_exact_json(*text));
 }
 
@@ -74,12 +70,12 @@ bool is_shown(const std::string& paymail)
 
 json load_paynames()
 {
-    return rows_of(parse_exact_json(read_file(registry_path()).value_or("")));
+    return rows_of(parse_exact_json(read_file(kept_names_path()).value_or("")));
 }
 
 bool save_paynames(const json& rows)
 {
-    const std::string path = registry_path();
+    const std::string path = kept_names_path();
     const std::string text = pretty_exact_json({{"names", rows}});
     if (read_file(path) == text) return true;
     return create_folders(parent_folder(path)) && rewrite_in_place(path, text);
@@ -110,7 +106,7 @@ void remove_payname(const std::string& paymail)
     for (const json& row : *rows)
         if (!is_row_of(row, lower_ascii(paymail))) others.push_back(row);
     if (others.empty()) {
-        remove_file(registry_path());
+        remove_file(kept_names_path());
     } else {
         save_paynames(others);
     }
@@ -118,9 +114,9 @@ void remove_payname(const std::string& paymail)
 
 std::string names_of_wallet(const std::string& key, const std::string& address)
 {
-    if (key.size() != 66 || address.size() < 26) return {};
+    if (!PublicIdentity{key, address}.is_complete()) return {};
     // Nothing of these rows is written again.
-    const json rows = rows_of(parse_json(read_file(registry_path()).value_or("")));
+    const json rows = rows_of(parse_json(read_file(kept_names_path()).value_or("")));
     std::string names;
     for (const json& row : rows) {
         if (!is(member_text(row, "pubkey"), key) || !is(member_text(row, "address"), address)) continue;

@@ -1,4 +1,4 @@
-#include "wallet_bridge/house_registry.h"
+#include "wallet_bridge/house_labels.h"
 
 #include "build_values.h"
 #include "kit/test_folder.h"
@@ -48,7 +48,7 @@ TEST(HouseLabel, ABareLabelKeepsItsLetters)
     EXPECT_EQ(bare_label("@@"), "");
 }
 
-TEST(HouseRegistry, ALabelIsWrittenWithKeyAndAddressAndBecomesThisPcsOwn)
+TEST(HouseLabels, ALabelIsWrittenWithKeyAndAddressAndBecomesThisPcsOwn)
 {
     const TestFolder folder;
     EXPECT_EQ(register_house_label("@Ann", "02AB", {.payment = "1Addr", .ordinals = {}}), "");
@@ -56,7 +56,7 @@ TEST(HouseRegistry, ALabelIsWrittenWithKeyAndAddressAndBecomesThisPcsOwn)
                                   "      \"pubkey\": \"02ab\"\n    }\n  },\n  \"self\": \"ann\"\n}");
 }
 
-TEST(HouseRegistry, WithoutAnAddressNoneIsWrittenAndTheOneOfBeforeStays)
+TEST(HouseLabels, WithoutAnAddressNoneIsWrittenAndTheOneOfBeforeStays)
 {
     const TestFolder folder;
     EXPECT_EQ(register_house_label("ann", "02ab", {}), "");
@@ -66,7 +66,7 @@ TEST(HouseRegistry, WithoutAnAddressNoneIsWrittenAndTheOneOfBeforeStays)
     EXPECT_EQ(document(folder)["names"]["ann"]["address"], "1Addr");
 }
 
-TEST(HouseRegistry, ANameOrAKeyThatIsEmptyIsRefused)
+TEST(HouseLabels, ANameOrAKeyThatIsEmptyIsRefused)
 {
     const TestFolder folder;
     EXPECT_EQ(register_house_label(" @", "02ab", {}), kNeedName);
@@ -75,7 +75,7 @@ TEST(HouseRegistry, ANameOrAKeyThatIsEmptyIsRefused)
     EXPECT_FALSE(folder.has(kFile));
 }
 
-TEST(HouseRegistry, ALabelOfAnotherKeyIsTakenAndStaysUntouched)
+TEST(HouseLabels, ALabelOfAnotherKeyIsTakenAndStaysUntouched)
 {
     const TestFolder folder;
     for (const char* text : {R"({"names":{"ann":{"pubkey":"03cd","address":"1Other"}},"self":"ann"})",
@@ -87,7 +87,7 @@ TEST(HouseRegistry, ALabelOfAnotherKeyIsTakenAndStaysUntouched)
     }
 }
 
-TEST(HouseRegistry, RegisteringAgainKeepsWhatElseTheRowHolds)
+TEST(HouseLabels, RegisteringAgainKeepsWhatElseTheRowHolds)
 {
     const TestFolder folder;
     folder.write(kFile, R"({"names":{"ann":{"pubkey":"02AB","address":"1Old","ord":"x_0","ordAddress":"1Ord",
@@ -98,7 +98,7 @@ TEST(HouseRegistry, RegisteringAgainKeepsWhatElseTheRowHolds)
                             "avatar":"p_0","note":"kept"}},"theme":1,"self":"ann"})"));
 }
 
-TEST(HouseRegistry, TheEleventhLabelIsBeyondTheQuota)
+TEST(HouseLabels, TheEleventhLabelIsBeyondTheQuota)
 {
     const TestFolder folder;
     folder.write(kFile, nlohmann::json{{"names", labels(9, "02AB")}}.dump());
@@ -109,7 +109,7 @@ TEST(HouseRegistry, TheEleventhLabelIsBeyondTheQuota)
     EXPECT_EQ(register_house_label("eleventh", "03cd", {}), "");
 }
 
-TEST(HouseRegistry, TheRoleOfTheHostSetsTheQuota)
+TEST(HouseLabels, TheRoleOfTheHostSetsTheQuota)
 {
     const TestFolder folder;
     folder.write(kFile, nlohmann::json{{"names", labels(19, "02ab")}, {"host_role", "DEV"}}.dump());
@@ -122,7 +122,7 @@ TEST(HouseRegistry, TheRoleOfTheHostSetsTheQuota)
     EXPECT_EQ(register_house_label("more", "02ab", {}), "paymail quota reached (10 free labels per identity)");
 }
 
-TEST(HouseRegistry, AtItsQuotaAnIdentityMayRegisterWhatItHolds)
+TEST(HouseLabels, AtItsQuotaAnIdentityMayRegisterWhatItHolds)
 {
     const TestFolder folder;
     auto names = labels(12, "02ab");
@@ -133,7 +133,7 @@ TEST(HouseRegistry, AtItsQuotaAnIdentityMayRegisterWhatItHolds)
     EXPECT_EQ(document(folder)["self"], "label3");
 }
 
-TEST(HouseRegistry, WhatIsNoRegistryReadsAsEmptyAndTheNextWriteReplacesIt)
+TEST(HouseLabels, WhatIsNoListReadsAsEmptyAndTheNextWriteReplacesIt)
 {
     const TestFolder folder;
     for (const char* text : {"", "[", "[]", "7", R"({"names":[]})"}) {
@@ -145,7 +145,7 @@ TEST(HouseRegistry, WhatIsNoRegistryReadsAsEmptyAndTheNextWriteReplacesIt)
     }
 }
 
-TEST(HouseRegistry, TheOwnLabelIsFoundBeforeTheFirstOne)
+TEST(HouseLabels, TheOwnLabelIsFoundBeforeTheFirstOne)
 {
     const TestFolder folder;
     folder.write(kFile, R"({"names":{"c":{"pubkey":"02ab"},"b":{"pubkey":"02AB"},"a":{"pubkey":"03cd"},"0":7},
@@ -156,7 +156,7 @@ TEST(HouseRegistry, TheOwnLabelIsFoundBeforeTheFirstOne)
     EXPECT_EQ(house_label_of(""), "");
 }
 
-TEST(HouseRegistry, WithoutAnOwnLabelTheFirstInOrderIsFound)
+TEST(HouseLabels, WithoutAnOwnLabelTheFirstInOrderIsFound)
 {
     const TestFolder folder;
     for (const char* self : {"", "absent", "a"}) {
@@ -168,14 +168,14 @@ TEST(HouseRegistry, WithoutAnOwnLabelTheFirstInOrderIsFound)
     }
 }
 
-TEST(HouseRegistry, ARowWithoutAKeyBelongsToNobody)
+TEST(HouseLabels, ARowWithoutAKeyBelongsToNobody)
 {
     const TestFolder folder;
     folder.write(kFile, R"({"names":{"a":{},"b":{"pubkey":""}},"self":"a"})");
     EXPECT_EQ(house_label_of(""), "");
 }
 
-TEST(HouseRegistry, TheOlderFileIsReadOnceAndMoved)
+TEST(HouseLabels, TheOlderFileIsReadOnceAndMoved)
 {
     const TestFolder folder;
     std::filesystem::current_path(std::filesystem::path(std::u8string(folder.path().begin(), folder.path().end())));
@@ -187,7 +187,7 @@ TEST(HouseRegistry, TheOlderFileIsReadOnceAndMoved)
     std::filesystem::current_path(std::filesystem::temp_directory_path());
 }
 
-TEST(HouseRegistry, APictureIsRecordedForTheIdentityAndItsLabels)
+TEST(HouseLabels, APictureIsRecordedForTheIdentityAndItsLabels)
 {
     const TestFolder folder;
     folder.write(kFile, R"({"names":{"a":{"pubkey":"02AB"},"b":{"pubkey":"03cd"}}})");
@@ -196,7 +196,7 @@ TEST(HouseRegistry, APictureIsRecordedForTheIdentityAndItsLabels)
                                    "names":{"a":{"pubkey":"02AB","avatar":"p_0"},"b":{"pubkey":"03cd"}}})"));
 }
 
-TEST(HouseRegistry, WithoutAPictureTheRecordIsRemoved)
+TEST(HouseLabels, WithoutAPictureTheRecordIsRemoved)
 {
     const TestFolder folder;
     folder.write(kFile, R"({"avatars":{"02ab":"p_0","03cd":"q_0"},"names":{"a":{"pubkey":"02ab","avatar":"p_0"},
@@ -206,7 +206,7 @@ TEST(HouseRegistry, WithoutAPictureTheRecordIsRemoved)
                                    "names":{"a":{"pubkey":"02ab"},"b":{"pubkey":"03cd","avatar":"q_0"}}})"));
 }
 
-TEST(HouseRegistry, APictureNeedsAnIdentity)
+TEST(HouseLabels, APictureNeedsAnIdentity)
 {
     const TestFolder folder;
     EXPECT_EQ(set_house_avatar("", "p_0"), "no identity pubkey");
@@ -214,7 +214,7 @@ TEST(HouseRegistry, APictureNeedsAnIdentity)
     EXPECT_FALSE(folder.has(kFile));
 }
 
-TEST(HouseRegistry, TheOrdinalsAddressIsRecordedWithTheLabelsOfTheIdentity)
+TEST(HouseLabels, TheOrdinalsAddressIsRecordedWithTheLabelsOfTheIdentity)
 {
     const TestFolder folder;
     folder.write(kFile, R"({"names":{"a":{"pubkey":"02AB"},"b":{"pubkey":"03cd"},
@@ -224,7 +224,7 @@ TEST(HouseRegistry, TheOrdinalsAddressIsRecordedWithTheLabelsOfTheIdentity)
                   "c":{"pubkey":"02ab","ord":"1BvBMSEYstWetqTFn5Au4m4GFg7xJaNVN2","ordAddress":"1Ord"}}})"));
 }
 
-TEST(HouseRegistry, WhatTheFileSaysAlreadyIsNotWrittenAgain)
+TEST(HouseLabels, WhatTheFileSaysAlreadyIsNotWrittenAgain)
 {
     const TestFolder folder;
     const std::string text = R"({"names":{"a":{"pubkey":"02ab","address":"1A","ordAddress":"1Ord","avatar":"p"}},)"
@@ -238,7 +238,7 @@ TEST(HouseRegistry, WhatTheFileSaysAlreadyIsNotWrittenAgain)
     EXPECT_EQ(folder.read(kFile), text);
 }
 
-TEST(HouseRegistry, AFileThatCannotBeReadOrWrittenIsReported)
+TEST(HouseLabels, AFileThatCannotBeReadOrWrittenIsReported)
 {
     const TestFolder folder;
     folder.write("corvane_paymail.json/in the way", "");
@@ -246,7 +246,7 @@ TEST(HouseRegistry, AFileThatCannotBeReadOrWrittenIsReported)
     EXPECT_EQ(set_house_avatar("02ab", "p_0"), "could not write paymail registry");
 }
 
-TEST(HouseRegistry, ALabelIsWrittenWithItsOrdinalsAddressAndWithoutOneTheOneOfBeforeStays)
+TEST(HouseLabels, ALabelIsWrittenWithItsOrdinalsAddressAndWithoutOneTheOneOfBeforeStays)
 {
     const TestFolder folder;
     EXPECT_EQ(register_house_label("ann", "02ab", {.payment = {}, .ordinals = "1Ord"}), "");
@@ -255,7 +255,7 @@ TEST(HouseRegistry, ALabelIsWrittenWithItsOrdinalsAddressAndWithoutOneTheOneOfBe
     EXPECT_EQ(parse_json(folder.read(kFile))["names"]["ann"]["ordAddress"], "1Ord");
 }
 
-TEST(HouseRegistry, DigitsOfOtherMembersStayAsTheyStand)
+TEST(HouseLabels, DigitsOfOtherMembersStayAsTheyStand)
 {
     const TestFolder folder;
     folder.write(kFile, R"({"names":{"ann":{"pubkey":"02ab","since":123456789012345678901234567890}},)"
@@ -275,7 +275,7 @@ TEST(HouseRegistry, DigitsOfOtherMembersStayAsTheyStand)
 })");
 }
 
-TEST(HouseRegistry, AValueThatOnlyReadsTheSameIsNotWrittenAgain)
+TEST(HouseLabels, AValueThatOnlyReadsTheSameIsNotWrittenAgain)
 {
     const TestFolder folder;
     const std::string text = R"({"names":{"ann":{"ordAddress":"1ord","pubkey":"02ab"}},"scale":1.50})";

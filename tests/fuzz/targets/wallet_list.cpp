@@ -1,6 +1,6 @@
-// Property: naming a wallet changes that name and nothing else of the registry's document, which survives a write and a
-// read; a registry that cannot be read is changed by no naming, and one that holds a wallet by no migration.
-#include "wallet_bridge/wallet_registry.h"
+// Property: naming a wallet changes that name and nothing else of the wallet list, which survives a write and a
+// read; one that cannot be read is changed by no naming, and one that holds a wallet by no migration.
+#include "wallet_bridge/wallet_list.h"
 
 #include "fuzz/data_folder.h"
 #include "fuzz/target.h"
@@ -25,7 +25,7 @@ void check_names(const std::vector<WalletEntry>& entries)
 
 void check_naming(const std::string& id)
 {
-    json expected = read_registry();
+    json expected = read_registry(RegistryLock{});
     set_registry_name_from_paymail(id, kNewName);
     require(wallet_display_name(id) == kNewName, "the wallet has its new name");
     for (json& wallet : expected["wallets"]) {
@@ -33,7 +33,7 @@ void check_naming(const std::string& id)
         wallet["name"] = kNewName;
         break;
     }
-    require(read_registry() == expected, "nothing but the name has changed");
+    require(read_registry(RegistryLock{}) == expected, "nothing but the name has changed");
     const FilesOnDisk before = files_on_disk();
     set_registry_name_from_paymail(id, kNewName);
     require(files_on_disk() == before, "the same name again changes nothing on the disk");
@@ -44,19 +44,17 @@ void check_migration(std::string_view bytes)
     empty_data_folder();
     put_file(kFile, bytes);
     put_file(kOlderFile, "{}");
-    json expected = read_registry();
+    json expected = read_registry(RegistryLock{});
     const FilesOnDisk before = files_on_disk();
     migrate_single_wallet();
     if (!expected["wallets"].empty()) {
-        FilesOnDisk after = files_on_disk();
-        after.erase("wallets.lock");
-        require(after == before, "a registry that holds a wallet is not migrated into");
+        require(files_on_disk() == before, "a list that holds a wallet is not migrated into");
         return;
     }
     const auto entries = list_wallets();
-    require(entries.size() == 1 && entries[0].name == "Wallet 1", "the older wallet is the first of the registry");
+    require(entries.size() == 1 && entries[0].name == "Wallet 1", "the older wallet is the first of the list");
     require(files_on_disk().contains("wallets/" + entries[0].id + "/wallet.json"), "its file has moved");
-    json after = read_registry();
+    json after = read_registry(RegistryLock{});
     after.erase("wallets");
     after.erase("active");
     expected.erase("wallets");
@@ -76,13 +74,13 @@ void check(std::string_view bytes)
     require(files_on_disk().at(kFile) == bytes, "reading changes nothing on the disk");
     if (entries.empty()) {
         set_registry_name_from_paymail("1", kNewName);
-        require(files_on_disk().at(kFile) == bytes, "a registry without wallets is not written");
+        require(files_on_disk().at(kFile) == bytes, "a list without wallets is not written");
     } else {
         check_naming(entries.back().id);
     }
     check_migration(bytes);
 }
 
-const FuzzTarget target("wallet_registry", check);
+const FuzzTarget target("wallet_list", check);
 
 }  // namespace

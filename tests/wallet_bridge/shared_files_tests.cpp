@@ -1,4 +1,4 @@
-#include "wallet_bridge/data_directory.h"
+#include "wallet_bridge/shared_files.h"
 
 #include "kit/test_folder.h"
 

@@ -1,0 +1,40 @@
+// All that this process remembers about its wallet from one question to the next: the one owner of it.
+#pragma once
+
+#include "wallet/wallet_document.h"
+#include "wallet_bridge/binding.h"
+#include "wallet_bridge/guarded.h"
+#include "wallet_bridge/wallet_events.h"
+
+#include <optional>
+#include <set>
+#include <string>
+
+// The connected wallet as it was last read from its file.
+struct LoadedWallet {
+    std::optional<Wallet> wallet;           // empty: none is loaded
+    std::string id;                         // in the wallet list; empty for the older single wallet file
+    std::string path;                       // the file that was read
+    std::set<std::string> spent_outpoints;  // ordinal items known to be spent; outpoints as plain text
+};
+
+// The proof that the wallet state is locked, and the way to the loaded wallet. Whoever has one hands it on to what
+// works on the loaded wallet, and calls none of the queries that lock the state themselves.
+using HeldWallet = Guarded<LoadedWallet>::Held;
+
+struct EventSinks {
+    TextSink event;
+    TextSink log;
+};
+
+struct WalletState {
+    Guarded<LoadedWallet> wallet;    // held for the whole of a query; the first lock of docs/architecture.md
+    Guarded<WalletBinding> binding;  // never held while a file is read or written
+    Guarded<EventSinks> sinks;       // never held while a sink runs
+};
+
+// Never destroyed: a worker may be in it when the process ends.
+WalletState& wallet_state();
+
+// Locks the wallet state; waits without a time limit. Any thread.
+HeldWallet hold_wallet();
