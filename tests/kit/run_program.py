@@ -109,7 +109,7 @@ class Runner:
         if why:
             process.kill()
         status = process.wait()
-        flags.unlink()
+        flags.unlink(missing_ok=True)
         if current:
             self.note(current, since, "\n".join([*printed, why or f"The process ended with status {status}."]), "error")
             done.add(current)
