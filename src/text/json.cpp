@@ -48,14 +48,6 @@ json parse_json(std::string_view text)
     return json::parse(text.begin(), text.end(), nullptr, false);
 }
 
-json parse_first_json(std::string_view text)
-{
-    const auto first = first_of_json(text);
-    if (!first) return discarded();
-    // A stream would stop there itself, but iostreams add all of the locale code to the executable.
-    return json::parse(first->begin(), first->end(), nullptr, false);
-}
-
 std::string text_member(const json& object, const char* key)
 {
     if (!object.is_object()) return {};
@@ -184,6 +176,7 @@ json parse_exact_json(std::string_view text)
 
 json parse_first_exact_json(std::string_view text)
 {
+    // A stream would stop there itself, but iostreams add all of the locale code to the executable.
     const auto first = first_of_json(text);
     return first ? parse_exact_json(*first) : json(json::value_t::discarded);
 }

@@ -17,9 +17,6 @@ std::optional<std::string_view> first_of_json(std::string_view text);
 // The document. is_discarded() is true when `text` is not JSON or is nested deeper than kDeepestJson.
 [[nodiscard]] nlohmann::json parse_json(std::string_view text);
 
-// As parse_json; what follows the first complete object or array is ignored.
-[[nodiscard]] nlohmann::json parse_first_json(std::string_view text);
-
 // The string member `key` of `object`. Empty when `object` is not an object, or has no such member or one of another
 // type.
 std::string text_member(const nlohmann::json& object, const char* key);

@@ -29,7 +29,7 @@ TEST(Json, RefusesWhatIsNestedTooDeeply)
     EXPECT_FALSE(parse_json(nested(kDeepestJson)).is_discarded());
     EXPECT_TRUE(parse_json(nested(kDeepestJson + 1)).is_discarded());
     EXPECT_TRUE(parse_json(nested(10'000)).is_discarded());
-    EXPECT_TRUE(parse_first_json(nested(10'000)).is_discarded());
+    EXPECT_TRUE(parse_first_exact_json(nested(10'000)).is_discarded());
 }
 
 TEST(Json, BracketsInTextsDoNotCountAsLevels)
@@ -40,11 +40,11 @@ TEST(Json, BracketsInTextsDoNotCountAsLevels)
 
 TEST(Json, TheFirstValueIsReadAndTheRestIsNotLookedAt)
 {
-    EXPECT_EQ(parse_first_json(R"({"a":1} }{ )" + nested(10'000))["a"], 1);
-    EXPECT_EQ(parse_first_json(R"( [1,"]\"]"] x)")[1], "]\"]");
-    EXPECT_EQ(parse_first_json("{}{}"), nlohmann::json::object());
+    EXPECT_EQ(parse_first_exact_json(R"({"a":1} }{ )" + nested(10'000))["a"], 1);
+    EXPECT_EQ(parse_first_exact_json(R"( [1,"]\"]"] x)")[1], "]\"]");
+    EXPECT_EQ(parse_first_exact_json("{}{}"), nlohmann::json::object());
     for (const char* text : {"", "x {}", "{\"a\":", "{]", "{[}]", "]{}", "{\"a\":\"}"})
-        EXPECT_TRUE(parse_first_json(text).is_discarded()) << text;
+        EXPECT_TRUE(parse_first_exact_json(text).is_discarded()) << text;
 }
 
 TEST(Json, ATextMemberIsEmptyUnlessItIsAText)

@@ -25,9 +25,9 @@ void check(std::string_view text)
     require(pretty_exact_json(parse_exact_json(written)) == written, "a second write is the first");
 
     if (!document.is_structured()) return;
-    require(parse_first_json(text) == document, "the first value of a document is the document");
+    require(parse_first_exact_json(text) == exact, "the first value of a document is the document");
     for (const char* behind : {"]", "}", "\"", "7", "[[", "\xff"})
-        require(parse_first_json(std::string(text) + behind) == document, "what follows makes no difference");
+        require(parse_first_exact_json(std::string(text) + behind) == exact, "what follows makes no difference");
 }
 
 const FuzzTarget target("json", check);

@@ -56,7 +56,7 @@ void check(std::string_view bytes)
     const std::string name = saved_name();
     require(files_on_disk() == before, "loading changes nothing on the disk");
     require(taken.alias == "before", "the name of the last flow is not the file's");
-    if (!parse_first_json(bytes).is_object())
+    if (!parse_first_exact_json(bytes).is_object())
         require(is_same(taken, settings_before()) && name.empty(), "a file that is no object gives nothing");
 
     SiteSettings loaded;
