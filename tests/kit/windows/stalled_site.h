@@ -1,4 +1,4 @@
-// A road to every host on which nobody ever answers: what takes it lasts until the road is closed.
+// A proxy for every host that accepts and never replies: a request through it lasts until the proxy is closed.
 #pragma once
 
 #include <winsock2.h>
