@@ -1,4 +1,4 @@
-// What the process is told by its surroundings and carries along, and how it lets time pass.
+// The process and its surroundings: its folders, the resources of its executable, and pausing.
 #pragma once
 
 #include <chrono>

@@ -1,4 +1,5 @@
-// Between the narrow UTF-8 of the program and the wide text of Windows. Bytes that are no UTF-8 become U+FFFD.
+// Between the program's narrow strings (UTF-8) and Windows' wide ones. What is not valid becomes U+FFFD: bytes that are
+// not UTF-8, and half of a surrogate pair without the other.
 #pragma once
 
 #include <string>

@@ -2,6 +2,7 @@
 // and scaled to the monitor that the window is on.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 
 struct Size {
@@ -41,7 +42,15 @@ struct Rect {
 inline constexpr unsigned kDefaultDpi = 96;
 
 // `value` at 96 DPI as pixels at `dpi`, rounded to the nearest whole pixel, halves away from zero (as MulDiv does).
-int scaled(int value, unsigned dpi);
+inline int scaled(int value, unsigned dpi)
+{
+    const std::int64_t product = static_cast<std::int64_t>(value) * dpi;
+    const std::int64_t half = kDefaultDpi / 2;
+    return static_cast<int>((product + (product < 0 ? -half : half)) / kDefaultDpi);
+}
 
 // The DPI to start with: what the monitor reported, or 96 when it reported nothing or less.
-unsigned start_dpi(std::optional<unsigned> reported);
+inline unsigned start_dpi(std::optional<unsigned> reported)
+{
+    return reported.value_or(kDefaultDpi) < kDefaultDpi ? kDefaultDpi : reported.value_or(kDefaultDpi);
+}

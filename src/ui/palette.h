@@ -64,7 +64,7 @@ struct ButtonState {
 // The face of a button whose middle stands before the background colour `behind`.
 Gradient button_face(ButtonState state, Colour behind);
 
-// Those of the system's colours that go together: a text is legible on the colour that stands before it.
+// Those of the system's colours that go together: text of the one is legible on the one before it.
 struct SystemColours {
     Colour window;
     Colour window_text;

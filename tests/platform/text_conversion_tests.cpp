@@ -29,7 +29,7 @@ constexpr Pair kCharacters[] = {
     {"\xF4\x8F\xBF\xBF", L"\U0010FFFF"},
 };
 
-// What is no character becomes one U+FFFD for the longest beginning of one.
+// The longest beginning of a character that does not go on as one becomes one U+FFFD.
 constexpr Pair kDamaged[] = {
     {"\x80", L"\uFFFD"},                                 // a tail alone
     {"\x80\xBF", L"\uFFFD\uFFFD"}, {"\xC2", L"\uFFFD"},  // ends too early

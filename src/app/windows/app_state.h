@@ -12,7 +12,7 @@
 struct AppState {
     HWND main_window = nullptr;
     HWND settings_window = nullptr;  // null while it is closed
-    HWND tips = nullptr;             // for texts that are cut off
+    HWND tips = nullptr;             // the tooltips of labels that are cut off
     unsigned dpi = kDefaultDpi;
     SiteSettings settings;
     SettingsNotice settings_notice = SettingsNotice::none;  // of the file as it was read at the start

@@ -1,9 +1,35 @@
 #include "app/windows/busy_guard.h"
 
 #include "app/windows/app_state.h"
+#include "app/windows/cards.h"
 #include "app/windows/controls.h"
 #include "app/windows/open_settings.h"
+#include "flows/install.h"
+#include "flows/publish.h"
+#include "flows/remove.h"
+#include "platform/windows/shell.h"
+#include "plugin/package.h"
+#include "site/site_address.h"
 #include "text/ascii.h"
+
+#include <utility>
+
+namespace {
+
+// The worker asks the window to show the package: Explorer and the browser are opened by the window's own thread.
+std::wstring install(const SiteSettings& settings, HWND window)
+{
+    return install_sentence(settings, [window] { return PostMessageW(window, MsgShowPackage, 0, 0) != 0; });
+}
+
+Flow flow_of(int button)
+{
+    if (button == kPublishButton) return publish_sentence;
+    if (button == kRemoveButton) return remove_sentence;
+    return [window = app_state().main_window](const SiteSettings& settings) { return install(settings, window); };
+}
+
+}  // namespace
 
 void start_guarded_flow(int button, const Flow& flow)
 {
@@ -35,4 +61,24 @@ void clear_busy()
     AppState& state = app_state();
     show_idle(std::exchange(state.waiting_button, 0));
     state.is_busy = false;
+}
+
+void on_flow_pressed(int button)
+{
+    start_guarded_flow(button, flow_of(button));
+}
+
+void on_flow_result(const std::wstring& sentence)
+{
+    clear_busy();
+    refresh_wallet_card();
+    refresh_name_preview();
+    set_status(sentence);
+}
+
+void show_plugin_upload(std::string site, HWND owner)
+{
+    show_in_explorer(plugin_zip_path(), owner);
+    const SiteAddress address = normalise_site(site);
+    if (address.ok) open_page(address.base + "/wp-admin/plugin-install.php?tab=upload", owner);
 }

@@ -1,9 +1,9 @@
 #include "app/windows/main_window.h"
 
 #include "app/windows/app_state.h"
+#include "app/windows/busy_guard.h"
 #include "app/windows/cards.h"
 #include "app/windows/controls.h"
-#include "app/windows/flow_buttons.h"
 #include "app/windows/main_window_painting.h"
 #include "app/windows/open_settings.h"
 #include "app/windows/update_notice.h"

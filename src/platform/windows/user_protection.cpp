@@ -13,7 +13,7 @@ DATA_BLOB blob_of(std::string_view bytes)
 }
 
 // Copies what Windows allocated, wipes the original and frees it.
-std::string take(DATA_BLOB& blob)
+std::string copy_and_free(DATA_BLOB& blob)
 {
     std::string bytes(reinterpret_cast<const char*>(blob.pbData), blob.cbData);
     SecureZeroMemory(blob.pbData, blob.cbData);
@@ -28,7 +28,7 @@ std::optional<std::string> protect_for_user(const SecretText& secret)
     DATA_BLOB plain = blob_of(secret.text());
     DATA_BLOB sealed{};
     if (CryptProtectData(&plain, L"Brasslet", nullptr, nullptr, nullptr, 0, &sealed) == 0) return std::nullopt;
-    return take(sealed);
+    return copy_and_free(sealed);
 }
 
 std::optional<SecretText> unprotect_for_user(std::string_view bytes)
@@ -36,5 +36,5 @@ std::optional<SecretText> unprotect_for_user(std::string_view bytes)
     DATA_BLOB sealed = blob_of(bytes);
     DATA_BLOB plain{};
     if (CryptUnprotectData(&sealed, nullptr, nullptr, nullptr, nullptr, 0, &plain) == 0) return std::nullopt;
-    return SecretText(take(plain));
+    return SecretText(copy_and_free(plain));
 }

@@ -1,5 +1,5 @@
 // The settings window: a small owned window for site, WordPress user and application password. It has no OK and no
-// Cancel: closing it takes what stands in its fields. All of it belongs to the user-interface thread.
+// Cancel: closing it makes what stands in its fields the settings. All of it belongs to the user-interface thread.
 #pragma once
 
 #include "settings/settings_store.h"

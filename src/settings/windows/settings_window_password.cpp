@@ -20,8 +20,9 @@ void replace(HWND field, WPARAM from, LPARAM to, const wchar_t* text, bool can_u
     SendMessageW(field, EM_REPLACESEL, can_undo ? TRUE : FALSE, reinterpret_cast<LPARAM>(text));
 }
 
-// A control that deletes text holds it in a block of its own meanwhile, and frees that as it stands: a single letter
-// tells nothing. From the end, where a letter that counts as two takes none along that is still to come.
+// A control that deletes a string holds it in a block of its own meanwhile, and frees that as it stands: a single
+// letter tells nothing. From the end, where a surrogate pair that goes as one takes no letter along that is still to
+// come.
 void blank_letter_by_letter(HWND field)
 {
     for (int last = GetWindowTextLengthW(field); last > 0; --last)

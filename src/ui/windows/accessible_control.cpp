@@ -51,7 +51,7 @@ ULONG AccessibleControl::Release()
     return static_cast<ULONG>(left);
 }
 
-// What is corrected.
+// The answers that differ from Windows' own.
 
 HRESULT AccessibleControl::get_accName(VARIANT, BSTR* name)
 {
@@ -101,7 +101,7 @@ HRESULT AccessibleControl::GetWindow(HWND* window)
     return IsWindow(m_control) ? S_OK : E_FAIL;
 }
 
-// What Windows knows.
+// The answers that Windows' own object gives.
 
 HRESULT AccessibleControl::GetTypeInfoCount(UINT* count)
 {

@@ -1,4 +1,4 @@
-// A drawn control as an object that screen readers speak to.
+// The IAccessible object of a control that the program draws itself.
 #pragma once
 
 #include "ui/windows/screen_reader.h"

@@ -41,7 +41,7 @@ void paint(HWND label, TextFlow flow)
     if (shows_focus(label)) paint_focus(painting.dc(), client, text, length);
 }
 
-// The static draws a new text at once, over the old one and without a background.
+// Windows' static draws a new window text at once, over the old one and without a background.
 LRESULT set_text(HWND label, WPARAM wparam, LPARAM lparam)
 {
     const LRESULT answer = DefSubclassProc(label, WM_SETTEXT, wparam, lparam);

@@ -9,7 +9,7 @@
 
 namespace {
 
-// UI Automation's name for how urgently the changes of a text are to be read out, and its value for: when there is
+// UI Automation's name for how urgently changes of a control are to be read out, and its value for: when there is
 // nothing else to read.
 constexpr GUID kLiveSetting{0xc12bcd8e, 0x2a8e, 0x4950, {0x8a, 0xe7, 0x36, 0x25, 0x11, 0x1d, 0x58, 0xeb}};
 constexpr LONG kPolite = 1;

@@ -22,7 +22,8 @@ inline constexpr AccessibleKind kAccessibleLink{ROLE_SYSTEM_LINK, STATE_SYSTEM_L
 // window nor its last user. 0, which lets Windows answer, when this Windows has no accessibility.
 LRESULT answer_screen_reader(HWND control, WPARAM wparam, const AccessibleKind& kind);
 
-// The name of a control whose window text does not say it, and the news of it. `name` is a text that never dies.
+// Sets the name of a control whose window text does not say it, and tells screen readers that it changed. `name` lives
+// as long as the process.
 void set_accessible_name(HWND control, const wchar_t* name);
 
 // Has the text of `label` read out, wherever the focus is, as soon as the reader is silent. For a label whose text has

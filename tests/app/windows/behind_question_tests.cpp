@@ -2,8 +2,8 @@
 // who starts the program again is led to the question.
 #include "app/windows/workers.h"
 #include "kit/test_folder.h"
-#include "kit/windows/open_settings_window.h"
 #include "kit/windows/own_window.h"
+#include "kit/windows/running_program.h"
 #include "kit/windows/spoken.h"
 #include "kit/windows/stalled_site.h"
 

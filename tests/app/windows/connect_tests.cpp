@@ -1,11 +1,11 @@
-// Connect and Unbind through the real window. The user of the wallet application is the test itself.
+// Connect through the real window. The user of the wallet application is the test itself.
 #include "app/windows/workers.h"
 #include "kit/child_process.h"
 #include "kit/connect_requests.h"
 #include "kit/wallet_files.h"
 #include "kit/windows/running_program.h"
+#include "kit/windows/users_files.h"
 #include "platform/text_conversion.h"
-#include "platform/windows/unique_handle.h"
 #include "text/json.h"
 #include "wallet/wallet_keys.h"
 
@@ -18,49 +18,12 @@ namespace {
 constexpr int kButtonsOfWork[] = {1001, 1002, 1003, 1005, 1006, 1007};
 
 constexpr wchar_t kWaits[] = L"Waiting for Vaultry to approve.";
-constexpr wchar_t kUnbound[] = L"Unbound. Connect again to pick a wallet in Vaultry.";
 
 WalletKeys keys_of_shop()
 {
     WalletKeys keys;
     EXPECT_TRUE(derive_wallet_keys(SecretText(kPhrase), 5, 0, keys));
     return keys;
-}
-
-// Two wallets, of which the start binds none.
-void write_two_wallets(const TestFolder& folder)
-{
-    folder.write("wallets.json", R"({"wallets":[{"id":"1","name":"Savings"},{"id":"2","name":"Shop"}]})");
-    folder.write("wallets/1/wallet.json", phrase_wallet().dump());
-    folder.write("wallets/2/wallet.json", phrase_wallet({{"recv", {0, 5, 0, 0, 0, 0}}, {"show", 5}}).dump());
-}
-
-void write_one_wallet(const TestFolder& folder, const nlohmann::json& wallet)
-{
-    folder.write("wallets.json", R"({"wallets":[{"id":"1"}]})");
-    folder.write("wallets/1/wallet.json", wallet.dump());
-}
-
-std::size_t bind_records(const TestFolder& folder)
-{
-    WIN32_FIND_DATAW found{};
-    HANDLE search = FindFirstFileW(widen(folder.data() + "\\binds\\*.json").c_str(), &found);
-    if (search == INVALID_HANDLE_VALUE) return 0;
-    std::size_t count = 1;
-    while (FindNextFileW(search, &found))
-        ++count;
-    FindClose(search);
-    return count;
-}
-
-// The one bind record, open elsewhere: it can be read, and neither written nor deleted.
-UniqueHandle held_record(const TestFolder& folder)
-{
-    const std::wstring binds = widen(folder.data() + "\\binds\\");
-    WIN32_FIND_DATAW found{};
-    FindClose(FindFirstFileW((binds + L"*.json").c_str(), &found));
-    return UniqueHandle(CreateFileW((binds + found.cFileName).c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
-                                    OPEN_EXISTING, 0, nullptr));
 }
 
 // Connect has been pressed, the request is there, nobody has answered yet.
@@ -75,6 +38,12 @@ protected:
     }
 
     void reply(const char* text) const { reply_to_connect_request(m_folder, text); }
+
+    void expect_connected_by_approval() const
+    {
+        reply(R"({"ok":true,"wallet_id":"2"})");
+        EXPECT_TRUE(m_program->shows(1008, L"Connected."));
+    }
 
     void expect_idle() const
     {
@@ -111,15 +80,13 @@ TEST_F(Connecting, ASecondPressOnlySaysSo)
     m_program->press(1001);
     EXPECT_EQ(m_program->text(1008), L"Already working.");
     EXPECT_EQ(connect_request_ids(m_folder).size(), 1U);
-    reply(R"({"ok":true,"wallet_id":"2"})");
-    EXPECT_TRUE(m_program->shows(1008, L"Connected."));
+    expect_connected_by_approval();
     EXPECT_EQ(connect_request_ids(m_folder).size(), 1U);
 }
 
 TEST_F(Connecting, TheApprovedWalletIsShown)
 {
-    reply(R"({"ok":true,"wallet_id":"2"})");
-    EXPECT_TRUE(m_program->shows(1008, L"Connected."));
+    expect_connected_by_approval();
     EXPECT_EQ(m_program->text(1010), L"No house paymail yet");
     EXPECT_EQ(m_program->text(1011), widen(keys_of_shop().address));
     EXPECT_EQ(m_program->text(1013), L"");
@@ -137,8 +104,7 @@ TEST_F(Connecting, ThePublishedNameOfTheApprovedWalletIsFilledIn)
             .dump());
     m_folder.write("payname/ui.json", R"({"alias":"","pass":"","site":"https://example.org","user":""})");
     m_program->type(L"zoe");
-    reply(R"({"ok":true,"wallet_id":"2"})");
-    EXPECT_TRUE(m_program->shows(1008, L"Connected."));
+    expect_connected_by_approval();
     EXPECT_EQ(m_program->text(1004), L"shop");
     EXPECT_EQ(m_program->text(1013), L"Vaultry kept shop@example.org");
 }
@@ -146,8 +112,7 @@ TEST_F(Connecting, ThePublishedNameOfTheApprovedWalletIsFilledIn)
 TEST_F(Connecting, WithoutAPublishedOrSavedNameTheFieldStaysAsItIs)
 {
     m_program->type(L"zoe");
-    reply(R"({"ok":true,"wallet_id":"2"})");
-    EXPECT_TRUE(m_program->shows(1008, L"Connected."));
+    expect_connected_by_approval();
     EXPECT_EQ(m_program->text(1004), L"zoe");
 }
 
@@ -237,75 +202,4 @@ TEST(Connect, AResultThatAnotherProgramPostsIsNone)
         ASSERT_TRUE(PostMessageW(program.window(), MsgConnectResult, 0, number));
     EXPECT_TRUE(program.answers());
     EXPECT_EQ(program.text(1008), L"");
-}
-
-TEST(Unbind, EmptiesTheCardAndForgetsTheBinding)
-{
-    const TestFolder folder;
-    write_one_wallet(folder, phrase_wallet({{"paymail", "ann"}}));
-    const RunningProgram program;
-    ASSERT_TRUE(program.text(1010).starts_with(L"ann@"));
-    ASSERT_EQ(bind_records(folder), 1U);
-    program.press(1002);
-    EXPECT_EQ(program.text(1008), kUnbound);
-    EXPECT_EQ(program.text(1010), L"Connect Vaultry");
-    EXPECT_EQ(program.text(1011), L"Connect Vaultry");
-    EXPECT_EQ(program.text(1013), L"");
-    EXPECT_EQ(bind_records(folder), 0U);
-    EXPECT_TRUE(folder.has("wallets/1/wallet.json"));
-}
-
-TEST(Unbind, OfARecordThatCannotBeDeletedHoldsUntilTheNextStartAndSaysSo)
-{
-    const TestFolder folder;
-    write_one_wallet(folder, phrase_wallet());
-    const RunningProgram program;
-    const UniqueHandle held = held_record(folder);
-    ASSERT_TRUE(held);
-    program.press(1002);
-    EXPECT_EQ(program.text(1008),
-              L"Unbound. The file that remembers the wallet could not be deleted: the next start may use it again.");
-    EXPECT_EQ(program.text(1011), L"Connect Vaultry");
-    program.press(1001);
-    EXPECT_EQ(program.text(1008), kWaits);
-}
-
-TEST(Unbind, OfARecordThatCannotBeDeletedIsFollowedByAConnectThatSaysWhatItCouldNotWrite)
-{
-    const TestFolder folder;
-    write_one_wallet(folder, phrase_wallet());
-    const RunningProgram program;
-    const UniqueHandle held = held_record(folder);
-    ASSERT_TRUE(held);
-    program.press(1002);
-    write_two_wallets(folder);
-    program.press(1001);
-    ASSERT_TRUE(becomes_true([&] { return connect_request_ids(folder).size() == 1; }));
-    reply_to_connect_request(folder, R"({"ok":true,"wallet_id":"2"})");
-    EXPECT_TRUE(program.shows(1008,
-                              L"Connected. The file that remembers the wallet could not be written: connect again "
-                              L"at the next start."));
-    EXPECT_EQ(program.text(1011), widen(keys_of_shop().address));
-}
-
-TEST(Unbind, WhenNothingIsBoundSaysTheSame)
-{
-    const TestFolder folder;
-    const RunningProgram program;
-    program.press(1002);
-    EXPECT_EQ(program.text(1008), kUnbound);
-}
-
-TEST(Unbind, IsFollowedByAConnectThatAsksVaultry)
-{
-    const TestFolder folder;
-    write_one_wallet(folder, phrase_wallet());
-    const RunningProgram program;
-    program.press(1002);
-    program.press(1001);
-    EXPECT_EQ(program.text(1008), kWaits);
-    ASSERT_TRUE(becomes_true([&] { return connect_request_ids(folder).size() == 1; }));
-    reply_to_connect_request(folder, R"({"ok":true,"wallet_id":"1"})");
-    EXPECT_TRUE(program.shows(1008, L"Connected."));
-    EXPECT_EQ(program.text(1011).front(), L'1');
 }

@@ -2,10 +2,9 @@
 // they come. The pictures are left in build/pictures.
 #include "app/layout.h"
 #include "app/windows/controls.h"
-#include "kit/windows/keys.h"
+#include "kit/windows/any_window.h"
 #include "kit/windows/own_window.h"
 #include "kit/windows/picture.h"
-#include "kit/windows/picture_file.h"
 
 #include <gtest/gtest.h>
 

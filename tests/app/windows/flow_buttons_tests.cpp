@@ -1,16 +1,88 @@
-// How the plugin package is shown. Nothing is started: what the shell is given is noted.
-#include "app/windows/flow_buttons.h"
+// The window while a flow runs, and what it keeps: the flow is the real one, on a site that never answers. And how the
+// plugin package is shown: what the shell is given is noted, nothing is started.
+#include "app/windows/busy_guard.h"
 
+#include "kit/child_process.h"
 #include "kit/test_folder.h"
 #include "kit/windows/handed_to_shell.h"
+#include "kit/windows/running_program.h"
+#include "kit/windows/stalled_site.h"
+#include "kit/windows/users_files.h"
 #include "platform/text_conversion.h"
+#include "platform/user_protection.h"
 #include "platform/windows/shell.h"
+#include "text/ascii.h"
+#include "text/json.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
 
 namespace {
+
+void write_settings(const TestFolder& folder, const std::string& alias)
+{
+    const std::string pass = base64_encode(protect_for_user(SecretText("abcdefghijkl")).value_or(""));
+    folder.write("payname/ui.json",
+                 pretty_json({{"alias", alias}, {"pass", pass}, {"site", "https://example.org"}, {"user", "admin"}}));
+}
+
+std::string saved_alias(const TestFolder& folder)
+{
+    return text_member(parse_json(folder.read("payname/ui.json")), "alias");
+}
+
+// A flow's button, its label, and what the flow says of a site that does not answer.
+struct FlowButton {
+    int id;
+    const wchar_t* label;
+    const wchar_t* sentence;
+};
+
+constexpr int kWorkButtons[] = {1001, 1002, 1003, 1005, 1006, 1007};
+constexpr wchar_t kInstallFirst[] = L"Press Install plugin and upload the zip over the one on the site.";
+constexpr FlowButton kFlows[] = {
+    {1005, L"Install plugin",
+     L"Brasslet.zip is selected in the folder that opened. Upload it, activate it, then press Install plugin again."},
+    {1006, L"Publish", kInstallFirst},
+    {1007, L"Remove", kInstallFirst},
+};
+
+// The folder that Install plugin opens would lie over the windows of the tests that follow.
+void close_folder_of_the_zip()
+{
+    const auto folder = [] { return FindWindowW(nullptr, L"payname"); };
+    EXPECT_TRUE(becomes_true([&] { return folder() != nullptr; }));
+    PostMessageW(folder(), WM_CLOSE, 0, 0);
+    EXPECT_TRUE(becomes_true([&] { return folder() == nullptr; }));
+}
+
+// A connected wallet and complete settings: a flow comes as far as the site.
+class RunningFlow : public testing::TestWithParam<FlowButton> {
+protected:
+    void SetUp() override
+    {
+        write_settings(m_folder, "");
+        write_wallet(m_folder);
+        m_site = std::make_unique<StalledSite>("example.org");
+        m_program = std::make_unique<RunningProgram>();
+        m_program->type(L"Ann");
+        m_program->press(GetParam().id);
+        ASSERT_TRUE(m_site->is_asked());
+    }
+    std::vector<int> enabled_buttons() const
+    {
+        std::vector<int> ids;
+        for (const int id : kWorkButtons)
+            if (IsWindowEnabled(m_program->control(id)) != FALSE) ids.push_back(id);
+        return ids;
+    }
+
+    TestFolder m_folder;
+    std::unique_ptr<StalledSite> m_site;
+    std::unique_ptr<RunningProgram> m_program;
+};
 
 std::vector<ShellStart> starts_for(const char* site)
 {
@@ -30,6 +102,118 @@ void expect_zip_selected(const ShellStart& start, const TestFolder& folder)
 }
 
 }  // namespace
+
+TEST_P(RunningFlow, OnlyThePressedButtonStaysEnabledAndWaits)
+{
+    EXPECT_EQ(m_program->text(GetParam().id), L"Wait...");
+    EXPECT_THAT(enabled_buttons(), testing::ElementsAre(GetParam().id));
+    EXPECT_TRUE(IsWindowEnabled(m_program->control(1018)));
+    EXPECT_EQ(saved_alias(m_folder), "Ann");
+}
+
+TEST_P(RunningFlow, ASecondPressOnlySaysSo)
+{
+    m_program->type(L"bob");
+    m_program->press(GetParam().id);
+    EXPECT_EQ(m_program->text(1008), L"Already working.");
+    EXPECT_FALSE(m_site->is_asked_again());
+    EXPECT_EQ(saved_alias(m_folder), "Ann");
+}
+
+TEST_P(RunningFlow, TheWindowKeepsAnswering)
+{
+    for (int i = 0; i < 20; ++i)
+        EXPECT_TRUE(m_program->answers());
+    m_program->type(L"zoe");
+    EXPECT_EQ(m_program->text(1012), L"zoe@example.org");
+}
+
+TEST_P(RunningFlow, ItsEndGivesTheButtonsBackAndShowsTheSentence)
+{
+    m_site->close();
+    EXPECT_TRUE(m_program->shows(1008, GetParam().sentence));
+    EXPECT_EQ(m_program->text(GetParam().id), GetParam().label);
+    EXPECT_THAT(enabled_buttons(), testing::ElementsAreArray(kWorkButtons));
+    if (GetParam().id == 1005) close_folder_of_the_zip();
+}
+
+TEST_P(RunningFlow, ClosingMeanwhileSavesTheSettingsAndEndsWithSuccess)
+{
+    m_program->type(L"Zoe");
+    EXPECT_EQ(m_program->close(), 0U);
+    EXPECT_EQ(saved_alias(m_folder), "Zoe");
+}
+
+INSTANTIATE_TEST_SUITE_P(Buttons, RunningFlow, testing::ValuesIn(kFlows),
+                         [](const auto& flow) { return std::to_string(flow.param.id); });
+
+TEST(Install, AZipThatIsOpenElsewhereStaysAsItIs)
+{
+    const TestFolder folder;
+    write_settings(folder, "");
+    folder.write("payname/brasslet.zip", "the old zip");
+    ChildProcess other({folder.path(), "hold-open", folder.data() + "/payname/brasslet.zip"});
+    ASSERT_EQ(other.read_line(), "open");
+    StalledSite site("example.org");
+    const RunningProgram program;
+    program.press(1005);
+    ASSERT_TRUE(site.is_asked());
+    site.close();
+    EXPECT_TRUE(program.shows(1008, L"Could not write the plugin."));
+    other.close_input();
+    EXPECT_EQ(folder.read("payname/brasslet.zip"), "the old zip");
+    EXPECT_FALSE(folder.has("payname/brasslet.zip.tmp"));
+}
+
+TEST(NameField, ShowsItsPreviewWhileTyping)
+{
+    const TestFolder folder;
+    write_settings(folder, "");
+    const RunningProgram program;
+    EXPECT_EQ(program.text(1012), L"name@your-site");
+    program.type(L"Ann");
+    EXPECT_EQ(program.text(1012), L"ann@example.org");
+    program.type(L"an n");
+    EXPECT_EQ(program.text(1012), L"name@your-site");
+}
+
+TEST(NameField, StartsWithTheSavedName)
+{
+    const TestFolder folder;
+    write_settings(folder, "bob");
+    const RunningProgram program;
+    EXPECT_EQ(program.text(1004), L"bob");
+    EXPECT_EQ(program.text(1012), L"bob@example.org");
+}
+
+TEST(NameField, IsKeptAsTypedWhenTheWindowCloses)
+{
+    const TestFolder folder;
+    const RunningProgram program;
+    program.type(L" Zoe ");
+    EXPECT_EQ(program.close(), 0U);
+    EXPECT_EQ(saved_alias(folder), "Zoe");
+}
+
+TEST(Publish, WithoutAWalletSaysSoInTheStatusLine)
+{
+    const TestFolder folder;
+    const RunningProgram program;
+    program.press(1006);
+    EXPECT_TRUE(program.shows(1008, L"Connect a Vaultry wallet first."));
+    EXPECT_TRUE(program.shows(1006, L"Publish"));
+}
+
+TEST(WalletCard, ShowsTheConnectedWallet)
+{
+    const TestFolder folder;
+    write_wallet(folder);
+    const RunningProgram program;
+    EXPECT_EQ(program.text(1010), L"No house paymail yet");
+    EXPECT_EQ(program.text(1011).size(), 34U);
+    EXPECT_EQ(program.text(1011).front(), L'1');
+    EXPECT_EQ(program.text(1013), L"");
+}
 
 TEST(ShowingThePackage, SelectsTheZipAndOpensTheUploadPage)
 {

@@ -2,10 +2,9 @@
 #include "app/windows/busy_guard.h"
 #include "app/windows/controls.h"
 #include "app/windows/update_notice.h"
-#include "kit/windows/keys.h"
+#include "kit/windows/any_window.h"
 #include "kit/windows/own_window.h"
 #include "kit/windows/picture.h"
-#include "kit/windows/picture_file.h"
 #include "ui/geometry.h"
 #include "ui/windows/keyboard.h"
 

@@ -1,4 +1,4 @@
-// Messages that other programs of the desktop post with numbers of their own: the main window takes nothing from them.
+// Messages that other programs of the desktop post with numbers of their own: the main window ignores them.
 #include "app/windows/busy_guard.h"
 #include "app/windows/controls.h"
 #include "app/windows/workers.h"
@@ -36,7 +36,7 @@ protected:
     OwnWindow m_window;
 };
 
-// The address of something that looks like a text to whoever believes it.
+// The address of something that looks like a string object.
 template <typename Text>
 LPARAM address_of(Text& text)
 {

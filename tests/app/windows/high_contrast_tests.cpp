@@ -3,11 +3,10 @@
 
 #include "app/windows/controls.h"
 #include "app/windows/update_notice.h"
+#include "kit/windows/any_window.h"
 #include "kit/windows/drawn_texts.h"
-#include "kit/windows/keys.h"
 #include "kit/windows/own_window.h"
 #include "kit/windows/picture.h"
-#include "kit/windows/picture_file.h"
 #include "kit/windows/replaced_import.h"
 #include "ui/windows/keyboard.h"
 

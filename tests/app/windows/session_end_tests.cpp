@@ -2,8 +2,8 @@
 // does the test, and what was not saved by then is lost.
 #include "app/windows/workers.h"
 #include "kit/test_folder.h"
-#include "kit/windows/open_settings_window.h"
-#include "kit/windows/saved_settings.h"
+#include "kit/windows/running_program.h"
+#include "kit/windows/users_files.h"
 #include "settings/settings_store.h"
 
 #include <gtest/gtest.h>

@@ -185,3 +185,20 @@ TEST(SingleInstance, AfterTheFirstHasEndedAnotherStarts)
     const RunningProgram second;
     EXPECT_EQ(second.close(), 0U);
 }
+
+// A window class is a name that any program may use. docs/security.md names this as a limit.
+TEST(ForeignClass, AWindowOfTheProgramsClassKeepsItFromStarting)
+{
+    const TestFolder folder;
+    WNDCLASSW foreign{};
+    foreign.lpfnWndProc = DefWindowProcW;
+    foreign.lpszClassName = L"CorvaneBrassletShell";
+    ASSERT_NE(RegisterClassW(&foreign), 0);
+    const HWND window =
+        CreateWindowExW(0, foreign.lpszClassName, L"", WS_POPUP, 0, 0, 50, 50, nullptr, nullptr, nullptr, nullptr);
+    ASSERT_NE(window, nullptr);
+    EXPECT_EQ(run_to_its_end(), 0U);
+    EXPECT_FALSE(folder.has("payname"));
+    DestroyWindow(window);
+    UnregisterClassW(foreign.lpszClassName, nullptr);
+}

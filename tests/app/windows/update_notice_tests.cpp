@@ -1,8 +1,8 @@
 // What the main window makes of a newer build: its label, its question, and the page.
 #include "app/windows/workers.h"
 #include "kit/test_folder.h"
+#include "kit/windows/any_window.h"
 #include "kit/windows/handed_to_shell.h"
-#include "kit/windows/keys.h"
 #include "kit/windows/running_program.h"
 #include "kit/windows/stalled_site.h"
 #include "platform/windows/shell.h"
@@ -162,21 +162,21 @@ TEST_F(UpdateNotice, TheLabelTurnsIntoALink)
 
 TEST_F(UpdateNotice, TheKeyboardOpensThePageFromTheLabelOnlyWhileThereIsAnUpdate)
 {
-    tab_to(program, program.control(1018));
+    program.tab_to(program.control(1018));
     strike(VK_TAB);
-    ASSERT_TRUE(has_focus(program, program.control(1001)));  // past the label
+    ASSERT_TRUE(program.has_focus(program.control(1001)));  // past the label
     announce(2);
     answer(IDNO);
     turn_to_window(1001);
     for (const WORD key : {WORD{VK_RETURN}, WORD{VK_SPACE}}) {
         const std::size_t opened = pages.addresses().size();
-        tab_to(program, program.control(kVersionLabel));
+        program.tab_to(program.control(kVersionLabel));
         strike(key);
         EXPECT_TRUE(pages.come_to(opened + 1));
     }
     EXPECT_EQ(opened_by_program(), 2U);
     strike(VK_TAB);
-    EXPECT_TRUE(has_focus(program, program.control(1001)));
+    EXPECT_TRUE(program.has_focus(program.control(1001)));
 }
 
 TEST_F(UpdateNotice, IsPutToTheUserWhileTheSettingsAreOpenToo)

@@ -1,4 +1,4 @@
-// What the main window does about the messages of the system, asked of it directly.
+// The main window's handlers of the system's messages, called directly.
 #include "app/layout.h"
 #include "app/windows/controls.h"
 #include "kit/windows/own_window.h"

@@ -39,7 +39,7 @@ TEST_F(Publishing, ANameThatTheSiteDoesNotTakeHasLoadedTheWalletOnce)
 {
     const CountedLoads counted;
     answer(kNamePath, "{}", 500);
-    EXPECT_EQ(publish_sentence(settings), L"The site did not take the name.");
+    EXPECT_EQ(publish_sentence(settings), "The site did not take the name.");
     EXPECT_EQ(counted.loads(), 1);
 }
 
@@ -55,7 +55,7 @@ TEST_F(Publishing, AWalletThatMovesOnBetweenItsLoadAndTheRequestIsSentAsItWasLoa
             wallet.folder.write(kBoundWalletFile, newer);
         };
     };
-    expect_sentence(L"That site is paying a different address.");
+    expect_sentence("That site is paying a different address.");
     bool is_sent = false;
     for (const std::string& request : server.requests())
         is_sent = is_sent || (request.starts_with(kNamePath) && request.find(wallet.address) != std::string::npos);

@@ -1,6 +1,6 @@
 #include "kit/bound_wallet.h"
+#include "kit/wallet_files.h"
 #include "wallet_bridge/binding.h"
-#include "wallet_bridge/loaded_wallet.h"
 #include "wallet_bridge/wallet_events.h"
 
 #include <gtest/gtest.h>
@@ -56,10 +56,10 @@ bool variables_are_fresh()
 TEST_P(StartingAfresh, NoTestFindsTheWalletThatAnotherBound)
 {
     EXPECT_FALSE(wallet_binding().is_initialised);
-    EXPECT_EQ(loaded_wallet(), nullptr);
+    EXPECT_FALSE(is_wallet_loaded());
     const BoundWallet wallet;
     EXPECT_TRUE(wallet_binding().is_initialised);
-    EXPECT_NE(loaded_wallet(), nullptr);
+    EXPECT_TRUE(is_wallet_loaded());
 }
 
 TEST_P(StartingAfresh, NoTestIsHeardByTheObserverOfAnother)
@@ -88,9 +88,9 @@ TEST_P(StartingAfresh, NoTestHasTheEnvironmentOfAnother)
 TEST_P(StartingAfresh, NoTestMeetsTheFaultsOfAnother)
 {
     EXPECT_FALSE(stand_in().files.reads_fail);
-    EXPECT_TRUE(stand_in().pages.empty());
+    EXPECT_TRUE(stand_in().srv_queries.empty());
     stand_in().files.reads_fail = true;
-    stand_in().pages.emplace_back("https://corvane.example/");
+    stand_in().srv_queries.emplace_back("corvane.example");
 }
 
 #endif

@@ -1,9 +1,25 @@
 #include "kit/windows/own_window.h"
 
 #include "app/windows/main_window.h"
-#include "kit/windows/running_program.h"
 
 #include <gtest/gtest.h>
+
+// NOLINTNEXTLINE(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)
+extern "C" decltype(&GetDpiForWindow) __imp_GetDpiForWindow;
+
+namespace {
+
+UINT dpi_of_main_window = 0;
+UINT dpi_of_others = 0;
+
+UINT WINAPI answer_dpi(HWND window)
+{
+    wchar_t name[64] = {};
+    GetClassNameW(window, name, std::size(name));
+    return std::wstring(name) == kMainWindowClass ? dpi_of_main_window : dpi_of_others;
+}
+
+}  // namespace
 
 void answer_messages()
 {
@@ -38,33 +54,11 @@ OwnWindow::~OwnWindow()
     if (IsWindow(m_window)) destroy();
 }
 
-std::wstring OwnWindow::text(int id) const
-{
-    wchar_t text[1024] = {};
-    GetWindowTextW(control(id), text, std::size(text));
-    return text;
-}
-
-Rect OwnWindow::place(int id) const
-{
-    RECT place{};
-    GetWindowRect(control(id), &place);
-    MapWindowPoints(HWND_DESKTOP, m_window, reinterpret_cast<POINT*>(&place), 2);
-    return from_windows(place);
-}
-
 RECT OwnWindow::rectangle() const
 {
     RECT rectangle{};
     GetWindowRect(m_window, &rectangle);
     return rectangle;
-}
-
-Size OwnWindow::client() const
-{
-    RECT client{};
-    GetClientRect(m_window, &client);
-    return {client.right, client.bottom};
 }
 
 void OwnWindow::change_dpi(unsigned dpi, RECT suggested) const
@@ -79,4 +73,10 @@ void OwnWindow::destroy()
     MSG quit{};
     EXPECT_TRUE(PeekMessageW(&quit, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
     EXPECT_EQ(quit.wParam, 0U);
+}
+
+Monitors::Monitors(UINT main_dpi, UINT other_dpi) : m_answer(__imp_GetDpiForWindow, answer_dpi)
+{
+    dpi_of_main_window = main_dpi;
+    dpi_of_others = other_dpi;
 }

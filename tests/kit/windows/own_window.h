@@ -4,6 +4,8 @@
 
 #include "app/windows/app_state.h"
 #include "kit/test_folder.h"
+#include "kit/windows/any_window.h"
+#include "kit/windows/replaced_import.h"
 
 #include <functional>
 #include <string>
@@ -14,7 +16,7 @@ void answer_messages();
 // Answers messages until `condition` holds; false when it still does not after half a minute.
 bool comes_true(const std::function<bool()>& condition);
 
-class OwnWindow {
+class OwnWindow : public DrivenWindow {
 public:
     // Shown and painted, with a state of its own, at the 96 DPI of the test's monitor; expected on one of another DPI.
     explicit OwnWindow(unsigned expected_dpi = kDefaultDpi);
@@ -22,17 +24,19 @@ public:
     OwnWindow& operator=(const OwnWindow&) = delete;
     ~OwnWindow();
 
-    HWND window() const { return m_window; }
-    HWND control(int id) const { return GetDlgItem(m_window, id); }
-    std::wstring text(int id) const;
-    Rect place(int id) const;  // in the window's client area
-    RECT rectangle() const;    // on the screen
-    Size client() const;
+    RECT rectangle() const;  // on the screen
 
     // What the system sends to a window that comes to a monitor of `dpi`.
     void change_dpi(unsigned dpi, RECT suggested) const;
-    void destroy();  // and takes the message that would have ended the program
+    void destroy();  // and removes the message that would have ended the program
+};
+
+// Monitors of other resolutions than the test desktop's, as the windows of this process are told of them.
+class Monitors {
+public:
+    // The main window stands on a monitor of `main_dpi`, and every other window on one of `other_dpi`.
+    Monitors(UINT main_dpi, UINT other_dpi);
 
 private:
-    HWND m_window = nullptr;
+    ReplacedImport<decltype(&GetDpiForWindow)> m_answer;
 };

@@ -1,8 +1,9 @@
-// The pixels of a window's client area, as they stand on the screen.
+// The pixels of a window's client area, as they stand on the screen, and as a file for people to look at.
 #pragma once
 
 #include "ui/windows/gdi.h"
 
+#include <string>
 #include <vector>
 
 class Picture {
@@ -22,3 +23,6 @@ private:
 
 // The same window after it has painted itself completely anew.
 Picture repainted(HWND window);
+
+// build/pictures/NAME.bmp
+void save_picture(const Picture& picture, const std::string& name);

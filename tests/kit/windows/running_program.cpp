@@ -84,34 +84,9 @@ RunningProgram::~RunningProgram()
     CloseHandle(m_process);
 }
 
-std::wstring RunningProgram::text(int id) const
-{
-    return text_of(control(id));
-}
-
-Rect RunningProgram::place(int id) const
-{
-    return place_of(control(id));
-}
-
-Size RunningProgram::client() const
-{
-    return client_size_of(m_window);
-}
-
 void RunningProgram::type(const wchar_t* name) const
 {
     type_into(control(1004), name);
-}
-
-void RunningProgram::press(int id) const
-{
-    send_to(control(id), BM_CLICK);
-}
-
-bool RunningProgram::shows(int id, const std::wstring& expected) const
-{
-    return shows_text(control(id), expected);
 }
 
 bool RunningProgram::answers() const
@@ -126,6 +101,22 @@ HWND RunningProgram::focus() const
     thread.cbSize = sizeof thread;
     GetGUIThreadInfo(GetWindowThreadProcessId(m_window, nullptr), &thread);
     return thread.hwndFocus;
+}
+
+bool RunningProgram::has_focus(HWND control) const
+{
+    return becomes_true([&] { return focus() == control; });
+}
+
+void RunningProgram::tab_to(HWND control) const
+{
+    constexpr int kMoreThanControls = 20;
+    for (int i = 0; focus() != control && i < kMoreThanControls; ++i) {
+        const HWND before = focus();
+        strike(VK_TAB);
+        ASSERT_TRUE(becomes_true([&] { return focus() != before; }));
+    }
+    ASSERT_EQ(focus(), control);
 }
 
 std::wstring RunningProgram::cue_of(HWND field) const
@@ -151,7 +142,7 @@ void RunningProgram::change_dpi(unsigned dpi, const RECT& suggested) const
 
 std::wstring RunningProgram::current_folder() const
 {
-    // Of the parameters only the later half is declared: the current folder stands two texts and a handle earlier.
+    // Of the parameters only the later half is declared: the current folder stands two strings and a handle earlier.
     constexpr std::ptrdiff_t kFolderBeforeImagePath = -(2 * static_cast<std::ptrdiff_t>(sizeof(UNICODE_STRING)) + 8);
     PROCESS_BASIC_INFORMATION basics{};
     ULONG size = 0;
@@ -173,4 +164,24 @@ DWORD RunningProgram::close() const
 DWORD RunningProgram::exit_code() const
 {
     return exit_code_of(m_process);
+}
+
+OpenSettingsWindow::OpenSettingsWindow(const RunningProgram& program)
+{
+    program.press(1003);
+    m_window = find_settings_window();
+    if (m_window == nullptr || !IsWindowVisible(m_window)) ADD_FAILURE() << "the gear opens no window";
+}
+
+bool OpenSettingsWindow::is_masked() const
+{
+    constexpr LRESULT kBullet = 0x2022;
+    const LRESULT mask = send_to(control(2003), EM_GETPASSWORDCHAR);
+    EXPECT_TRUE(mask == kBullet || mask == 0) << mask;
+    return mask == kBullet;
+}
+
+HWND find_settings_window()
+{
+    return FindWindowW(L"CorvaneBrassletSettings", nullptr);
 }

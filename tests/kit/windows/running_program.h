@@ -11,7 +11,7 @@ DWORD run_to_its_end();
 // The folder that the build left the program in.
 std::wstring program_folder();
 
-class RunningProgram {
+class RunningProgram : public DrivenWindow {
 public:
     // Started from the build's folder, or from another that holds a copy of it, and asked to be shown as `show` says.
     // Returns when the window is there and waits for input.
@@ -20,17 +20,12 @@ public:
     RunningProgram& operator=(const RunningProgram&) = delete;
     ~RunningProgram();  // ended with force when it still runs
 
-    HWND window() const { return m_window; }
-    HWND control(int id) const { return GetDlgItem(m_window, id); }
-    std::wstring text(int id) const;
-    Rect place(int id) const;  // in the window's client area
-    Size client() const;
-
-    void type(const wchar_t* name) const;                // into the name field, in place of what it holds
-    void press(int id) const;                            // a button, with the mouse
-    bool shows(int id, const std::wstring& text) const;  // sooner or later
-    bool answers() const;                                // its thread is in the message loop
-    HWND focus() const;                                  // the window that the keys go to
+    void type(const wchar_t* name) const;  // into the name field, in place of what it holds
+    bool shows(int id, const std::wstring& text) const { return shows_text(control(id), text); }  // sooner or later
+    bool answers() const;                // its thread is in the message loop
+    HWND focus() const;                  // the window that the keys go to
+    bool has_focus(HWND control) const;  // sooner or later
+    void tab_to(HWND control) const;     // strikes Tab until the control has the focus
     std::wstring cue_of(HWND field) const;
     HANDLE process() const { return m_process; }
 
@@ -44,5 +39,19 @@ public:
 
 private:
     HANDLE m_process = nullptr;
-    HWND m_window = nullptr;
 };
+
+// Its settings window, opened and worked as the user would.
+class OpenSettingsWindow : public DrivenWindow {
+public:
+    explicit OpenSettingsWindow(const RunningProgram& program);  // by the gear; returns when the window is there
+
+    void type(int id, const wchar_t* text) const { type_into(control(id), text); }
+    void close_by_box() const { send_to(m_window, WM_CLOSE); }
+
+    bool is_open() const { return IsWindow(m_window) != FALSE; }
+    bool is_masked() const;  // the password shows bullets
+};
+
+// Null when there is none.
+HWND find_settings_window();

@@ -1,7 +1,7 @@
 // The password in the settings window's field: gone from the whole memory of the program once the window is closed.
 #include "kit/test_folder.h"
-#include "kit/windows/open_settings_window.h"
-#include "kit/windows/saved_settings.h"
+#include "kit/windows/running_program.h"
+#include "kit/windows/users_files.h"
 
 #include <gtest/gtest.h>
 

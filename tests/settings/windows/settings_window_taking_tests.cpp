@@ -1,9 +1,8 @@
 // What becomes of the settings window's fields: the password's eye, the ways of closing, and a flow that starts.
 #include "kit/test_folder.h"
-#include "kit/windows/open_settings_window.h"
-#include "kit/windows/saved_settings.h"
+#include "kit/windows/running_program.h"
 #include "kit/windows/stalled_site.h"
-#include "kit/windows/wallet_on_disk.h"
+#include "kit/windows/users_files.h"
 #include "settings/settings_store.h"
 
 #include <gtest/gtest.h>

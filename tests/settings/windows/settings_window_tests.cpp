@@ -1,8 +1,8 @@
 // The settings window: what it is, what it shows, and how the keys move in it.
 #include "kit/test_folder.h"
-#include "kit/windows/keys.h"
-#include "kit/windows/open_settings_window.h"
-#include "kit/windows/saved_settings.h"
+#include "kit/windows/any_window.h"
+#include "kit/windows/running_program.h"
+#include "kit/windows/users_files.h"
 #include "ui/geometry.h"
 
 #include <gmock/gmock.h>
@@ -169,14 +169,14 @@ TEST(SettingsWindow, TabMovesThroughTheFieldsAndButtonsAndBack)
     const TestFolder folder;
     const RunningProgram program;
     const OpenSettingsWindow settings(program);
-    ASSERT_TRUE(has_focus(program, settings.control(2001)));
+    ASSERT_TRUE(program.has_focus(settings.control(2001)));
     for (const int id : {2002, 2003, 2009, 2004, 2001}) {
         strike(VK_TAB);
-        ASSERT_TRUE(has_focus(program, settings.control(id))) << id;
+        ASSERT_TRUE(program.has_focus(settings.control(id))) << id;
     }
     for (const int id : {2004, 2009, 2003, 2002, 2001}) {
         strike(VK_TAB, VK_SHIFT);
-        ASSERT_TRUE(has_focus(program, settings.control(id))) << "back to " << id;
+        ASSERT_TRUE(program.has_focus(settings.control(id))) << "back to " << id;
     }
 }
 
@@ -186,10 +186,10 @@ TEST(SettingsWindow, EnterAndEscapeChangeNothingInAField)
     save({"old.example", "admin", ""});
     const RunningProgram program;
     const OpenSettingsWindow settings(program);
-    ASSERT_TRUE(has_focus(program, settings.control(2001)));
+    ASSERT_TRUE(program.has_focus(settings.control(2001)));
     for (const WORD key : {WORD{VK_RETURN}, WORD{VK_ESCAPE}, WORD{VK_TAB}})
         strike(key);
-    ASSERT_TRUE(has_focus(program, settings.control(2002)));  // the keys before Tab have been taken
+    ASSERT_TRUE(program.has_focus(settings.control(2002)));  // the keys before Tab have been taken
     EXPECT_TRUE(settings.is_open());
     EXPECT_EQ(settings.text(2001), L"old.example");
 }
@@ -199,9 +199,9 @@ TEST(SettingsWindow, SpacePressesTheButtonThatHasTheFocus)
     const TestFolder folder;
     const RunningProgram program;
     const OpenSettingsWindow settings(program);
-    ASSERT_TRUE(has_focus(program, settings.control(2001)));
+    ASSERT_TRUE(program.has_focus(settings.control(2001)));
     strike(VK_TAB, VK_SHIFT);
-    ASSERT_TRUE(has_focus(program, settings.control(2004)));
+    ASSERT_TRUE(program.has_focus(settings.control(2004)));
     strike(VK_SPACE);
     EXPECT_TRUE(becomes_true([&] { return !settings.is_open(); }));
 }

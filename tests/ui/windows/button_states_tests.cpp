@@ -1,7 +1,7 @@
 // The buttons of the real windows as they stand on the screen: at rest, under the mouse, pressed, disabled; and the
 // pictures on two of them.
 #include "kit/test_folder.h"
-#include "kit/windows/open_settings_window.h"
+#include "kit/windows/running_program.h"
 #include "ui/button_pictures.h"
 #include "ui/windows/gdi.h"
 

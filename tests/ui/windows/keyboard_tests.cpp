@@ -1,6 +1,6 @@
 // The main window in the hands of somebody who works with the keyboard alone.
-#include "kit/windows/keys.h"
-#include "kit/windows/open_settings_window.h"
+#include "kit/windows/any_window.h"
+#include "kit/windows/running_program.h"
 
 #include "kit/test_folder.h"
 #include "ui/windows/gdi.h"
@@ -29,8 +29,8 @@ protected:
     ~Keyboard() override { put_mouse_away(); }
 
     HWND control(int id) const { return program.control(id); }
-    bool has_focus(int id) const { return ::has_focus(program, control(id)); }
-    void tab_to(int id) const { ::tab_to(program, control(id)); }
+    bool has_focus(int id) const { return program.has_focus(control(id)); }
+    void tab_to(int id) const { program.tab_to(control(id)); }
 
     // A window of the test itself comes to the front, as another program's does.
     HWND turn_to_another_window() const
@@ -131,8 +131,8 @@ TEST_F(Keyboard, EnterOnTheGearOpensTheSettingsWhichGiveTheFocusBack)
     strike(VK_RETURN);
     ASSERT_TRUE(becomes_true([] { return IsWindowVisible(find_settings_window()) != FALSE; }));
     const HWND settings = find_settings_window();
-    ASSERT_TRUE(::has_focus(program, GetDlgItem(settings, 2001)));
-    ::tab_to(program, GetDlgItem(settings, 2004));
+    ASSERT_TRUE(program.has_focus(GetDlgItem(settings, 2001)));
+    program.tab_to(GetDlgItem(settings, 2004));
     strike(VK_RETURN);
     EXPECT_TRUE(becomes_true([&] { return !IsWindow(settings); }));
     EXPECT_TRUE(has_focus(kGear));
@@ -209,16 +209,16 @@ TEST_F(Keyboard, ShowsTheFocusInTheSettingsToo)
 {
     const OpenSettingsWindow settings(program);
     const HWND eye = settings.control(2009);
-    ::tab_to(program, eye);
+    program.tab_to(eye);
     EXPECT_TRUE(becomes_true([&] { return pixel_of(eye, 3, 16) == colorref(kButtonText); }));
 }
 
 TEST_F(Keyboard, TheSettingsGiveTheFocusBackToTheirFieldToo)
 {
     const OpenSettingsWindow settings(program);
-    ::tab_to(program, settings.control(2002));
+    program.tab_to(settings.control(2002));
     const HWND other = turn_to_another_window();
     SetForegroundWindow(settings.window());
-    EXPECT_TRUE(::has_focus(program, settings.control(2002)));
+    EXPECT_TRUE(program.has_focus(settings.control(2002)));
     DestroyWindow(other);
 }

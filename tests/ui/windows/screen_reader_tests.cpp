@@ -1,9 +1,9 @@
 // The program as a screen reader hears it: from another process, through IAccessible and the events of the desktop.
 #include "app/windows/workers.h"
 #include "kit/test_folder.h"
-#include "kit/windows/keys.h"
-#include "kit/windows/open_settings_window.h"
+#include "kit/windows/any_window.h"
 #include "kit/windows/own_window.h"
+#include "kit/windows/running_program.h"
 #include "kit/windows/spoken.h"
 #include "kit/windows/stalled_site.h"
 
@@ -124,7 +124,7 @@ TEST_F(ScreenReader, HearsThatTheEyeWouldHideThePasswordWhileItIsShown)
 
 TEST_F(ScreenReader, HearsWhichButtonHasTheFocusAndWhichCannotBePressed)
 {
-    tab_to(program, control(1002));
+    program.tab_to(control(1002));
     EXPECT_TRUE(spoken(control(1002)).is(STATE_SYSTEM_FOCUSED));
     EXPECT_FALSE(spoken(control(1001)).is(STATE_SYSTEM_FOCUSED));
     EnableWindow(control(1006), FALSE);

@@ -1,4 +1,5 @@
-// The hand-over of a text from a worker to a window, over a real queue, with texts that count how many of them live.
+// The hand-over of a string from a worker to a window, over a real queue, with strings that count how many of them
+// live.
 #include "app/windows/workers.h"
 
 #include "kit/windows/running_program.h"

@@ -1,5 +1,4 @@
 // The icons of the title bar and the taskbar, in the sizes of the window's DPI.
-#include "kit/windows/monitors.h"
 #include "kit/windows/own_window.h"
 
 #include <gtest/gtest.h>
@@ -11,7 +10,7 @@ HICON icon_of(HWND window, WPARAM which)
     return reinterpret_cast<HICON>(SendMessageW(window, WM_GETICON, which, 0));
 }
 
-// Pixels of a side; 0 when it is no icon (any more).
+// Pixels of a side; 0 when the icon has been destroyed.
 int size_of(HICON icon)
 {
     ICONINFO info{};

@@ -2,8 +2,8 @@
 // window, and a file that another process really holds.
 #include "kit/child_process.h"
 #include "kit/test_folder.h"
-#include "kit/windows/open_settings_window.h"
-#include "kit/windows/saved_settings.h"
+#include "kit/windows/running_program.h"
+#include "kit/windows/users_files.h"
 #include "platform/text_conversion.h"
 #include "settings/settings_store.h"
 #include "text/json.h"

@@ -1,4 +1,4 @@
-// A drawn button under the mouse.
+// A drawn button under the mouse, and one that is enabled or disabled.
 #include "ui/windows/drawn_button.h"
 
 #include "kit/windows/own_window.h"
@@ -39,6 +39,15 @@ protected:
         return SendMessageW(button(), WM_SETCURSOR, reinterpret_cast<WPARAM>(button()),
                             MAKELPARAM(where, WM_MOUSEMOVE));
     }
+
+    TestFolder m_folder;
+    OwnWindow m_window;
+};
+
+class ButtonEnabling : public testing::Test {
+protected:
+    HWND button() const { return m_window.control(kPublish); }
+    bool has_to_be_painted() const { return GetUpdateRect(button(), nullptr, FALSE) != 0; }
 
     TestFolder m_folder;
     OwnWindow m_window;
@@ -92,4 +101,15 @@ TEST_F(ButtonHover, ShowsTheHandOverItsClientAreaAlone)
     EXPECT_EQ(GetCursor(), hand());
     ask_for_cursor(HTBORDER);
     EXPECT_NE(GetCursor(), hand());
+}
+
+TEST_F(ButtonEnabling, NobodyWaitsWhileItIsPainted)
+{
+    for (const BOOL is_enabled : {FALSE, TRUE}) {
+        UpdateWindow(button());
+        ASSERT_FALSE(has_to_be_painted());
+        EnableWindow(button(), is_enabled);
+        EXPECT_TRUE(has_to_be_painted());
+        EXPECT_EQ(IsWindowEnabled(button()), is_enabled);
+    }
 }

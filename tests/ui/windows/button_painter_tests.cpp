@@ -1,5 +1,5 @@
-// The pictures on buttons, read back pixel by pixel. A stroke is two pixels wide: along a line both the pixel on it and
-// one beside it have the stroke's colour, so that a pixel on the line is always hit.
+// Buttons, painted on a bitmap and read back pixel by pixel. A stroke of a picture is two pixels wide: along a line
+// both the pixel on it and one beside it have the stroke's colour, so that a pixel on the line is always hit.
 #include "kit/windows/canvas.h"
 
 #include <gtest/gtest.h>
@@ -112,4 +112,54 @@ TEST_F(PictureOnButton, ReplacesTheLabel)
     paint(Picture::gear);
     for (int right = -40; right < -12; ++right)
         EXPECT_FALSE(is_inked(right, 0)) << right;
+}
+
+TEST(DrawnButton, ShowsItsFaceRowByRowAndTheBackgroundInItsCorners)
+{
+    const Canvas canvas;
+    const Button button;
+    button.paint(canvas.dc(), 0);
+    const Gradient face = button_face({}, kBackgroundBottom);
+    for (const int row : {3, 20, 36})
+        EXPECT_EQ(canvas.at(50, row), colorref(gradient_row(face, row, kHeight))) << row;
+    EXPECT_EQ(canvas.at(50, 0), colorref(kBorder));
+    EXPECT_EQ(canvas.at(0, 0), colorref(background_sample(60, 200)));
+}
+
+TEST(DrawnButton, PressedIsDarkAtTheTopWithAnActiveBorder)
+{
+    const Canvas canvas;
+    const Button button;
+    button.paint(canvas.dc(), ODS_SELECTED);
+    EXPECT_EQ(canvas.at(50, 3), colorref(gradient_row(button_face({.pressed = true}, kBackgroundBottom), 3, kHeight)));
+    EXPECT_EQ(canvas.at(50, 0), colorref(kBorderActive));
+}
+
+TEST(DrawnButton, UnderTheMouseIsLighterWithAnActiveBorderUntilTheMouseLeaves)
+{
+    const Canvas canvas;
+    const Button button;
+    SendMessageW(button.window, WM_MOUSEMOVE, 0, MAKELPARAM(5, 5));
+    EXPECT_EQ(GetPropW(button.window, L"payname.hot"), reinterpret_cast<HANDLE>(1));
+    button.paint(canvas.dc(), 0);
+    EXPECT_EQ(canvas.at(50, 20), colorref(gradient_row(button_face({.hot = true}, {}), 20, kHeight)));
+    EXPECT_EQ(canvas.at(50, 0), colorref(kBorderActive));
+    SendMessageW(button.window, WM_MOUSELEAVE, 0, 0);
+    EXPECT_EQ(GetPropW(button.window, L"payname.hot"), nullptr);
+}
+
+TEST(DrawnButton, DisabledIsDimmedTowardsTheBackground)
+{
+    const Canvas canvas;
+    const Button button;
+    button.paint(canvas.dc(), ODS_DISABLED);
+    const Gradient face = button_face({.disabled = true}, background_sample(80, 200));
+    EXPECT_EQ(canvas.at(50, 20), colorref(gradient_row(face, 20, kHeight)));
+}
+
+TEST(DrawnButton, ShowsTheHandOverItsClientArea)
+{
+    const Button button;
+    EXPECT_EQ(SendMessageW(button.window, WM_SETCURSOR, reinterpret_cast<WPARAM>(button.window), HTCLIENT), TRUE);
+    EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_HAND));
 }

@@ -1,13 +1,10 @@
 // Files that another process holds open while the program wants to change them.
 #include "kit/child_process.h"
-#include "kit/wallet_files.h"
+#include "kit/test_folder.h"
 #include "kit/windows/replaced_import.h"
 #include "platform/files.h"
 #include "platform/windows/unique_handle.h"
 #include "platform/windows/windows_path.h"
-#include "wallet_bridge/loaded_wallet.h"
-#include "wallet_bridge/migration.h"
-#include "wallet_bridge/wallet_list.h"
 
 #include <gtest/gtest.h>
 
@@ -143,36 +140,6 @@ TEST(SharedFiles, AFileThatIsMissingOrRefusedIsNotWaitedFor)
     EXPECT_EQ(pauses, 0);
 }
 
-TEST(SharedFiles, AnOldWalletThatIsLockedElsewhereStaysAndTheListGainsItsEntry)
-{
-    const TestFolder folder;
-    folder.write("corvane_vaultry.json", "the wallet");
-    {
-        ChildProcess other({folder.path(), "hold-alone", folder.data() + "/corvane_vaultry.json"});
-        ASSERT_EQ(other.read_line(), "open");
-        migrate_single_wallet();
-    }
-    ASSERT_EQ(list_wallets().size(), 1U);
-    EXPECT_EQ(list_wallets()[0].name, "Wallet 1");
-    EXPECT_FALSE(folder.has("wallets/" + list_wallets()[0].id + "/wallet.json"));
-    EXPECT_EQ(folder.read("corvane_vaultry.json"), "the wallet");
-}
-
-TEST(SharedFiles, AListThatIsLockedElsewhereIsNotTakenForAnEmptyOne)
-{
-    const TestFolder folder;
-    const std::string registry = R"({"wallets":[{"id":"1"}]})";
-    folder.write("corvane_vaultry.json", "the wallet");
-    folder.write("wallets.json", registry);
-    {
-        ChildProcess other({folder.path(), "hold-alone", folder.data() + "/wallets.json"});
-        ASSERT_EQ(other.read_line(), "open");
-        migrate_single_wallet();
-    }
-    EXPECT_EQ(folder.read("wallets.json"), registry);
-    EXPECT_EQ(folder.read("corvane_vaultry.json"), "the wallet");
-}
-
 TEST(SharedFiles, WhatWindowsDeniesForGoodIsNotWaitedFor)
 {
     const TestFolder folder;
@@ -290,23 +257,6 @@ TEST(SharedFiles, AFileThatIsHeldIsUnreadableAndNotMissing)
     other.close_input();
     other.wait();
     EXPECT_EQ(read_whole_file(path).bytes, "text");
-}
-
-TEST(SharedFiles, AWalletThatVaultryHasToItselfIsLeftAlone)
-{
-    const TestFolder folder;
-    HeldWallet held = hold_wallet();
-    bind_to_wallet(folder, phrase_wallet());
-    ASSERT_TRUE(load_wallet(held));
-    held->wallet->paymail = "ann";
-    const std::string text = folder.read("wallets/1/wallet.json");
-    {
-        ChildProcess other({folder.path(), "hold-alone", folder.data() + "/wallets/1/wallet.json"});
-        ASSERT_EQ(other.read_line(), "open");
-        const ReplacedImport<SleepFunction> noted(__imp_Sleep, note_pause);
-        EXPECT_FALSE(save_wallet(held));
-    }
-    EXPECT_EQ(folder.read("wallets/1/wallet.json"), text);
 }
 
 TEST(SharedFiles, AFileIsReadWhileAnotherProgramHasItOpenForWriting)

@@ -1,4 +1,4 @@
-// A flow's start and its result, as the main window takes them; the flows are the tests' own.
+// A flow's start and its result, as the main window handles them; the flows are the tests' own.
 #include "app/windows/busy_guard.h"
 #include "app/windows/controls.h"
 #include "app/windows/workers.h"

@@ -1,8 +1,10 @@
-// What the two cards say of a connected wallet.
+// What the two cards say of a connected wallet, and what the main window does with the result of a connect.
 #include "app/windows/cards.h"
 
 #include "app/windows/controls.h"
+#include "app/windows/workers.h"
 #include "kit/wallet_files.h"
+#include "kit/windows/freed_memory.h"
 #include "kit/windows/own_window.h"
 #include "paymail/kept_names.h"
 #include "text/json.h"
@@ -12,6 +14,10 @@
 #include <gtest/gtest.h>
 
 #include <commctrl.h>
+
+#include <cstdint>
+#include <memory>
+#include <string>
 
 namespace {
 
@@ -38,6 +44,29 @@ protected:
     void save_name(const std::string& name) const { m_folder.write("payname/ui.json", pretty_json({{"alias", name}})); }
 
     TestFolder m_folder;
+};
+
+class ConnectResult : public testing::Test {
+protected:
+    std::wstring status_after(const char* result) const
+    {
+        EXPECT_TRUE(post_text(m_window.window(), MsgConnectResult, std::make_unique<std::string>(result)));
+        answer_messages();
+        return m_window.text(kStatusLine);
+    }
+
+    // Posts a string whose characters can be looked for after it was freed.
+    std::uintptr_t post_marked() const
+    {
+        auto text = std::make_unique<std::string>(kFreedSize, static_cast<char>(kFreedFiller));
+        const auto characters = reinterpret_cast<std::uintptr_t>(text->data());
+        EXPECT_TRUE(post_text(m_window.window(), MsgConnectResult, std::move(text)));
+        EXPECT_TRUE(is_still_there(characters));
+        return characters;
+    }
+
+    TestFolder m_folder;
+    OwnWindow m_window;
 };
 
 }  // namespace
@@ -126,4 +155,39 @@ TEST_F(WalletCards, ThePreviewTakesTheNameWithoutItsWhiteSpaceAndLeavesTheSettin
     refresh_name_preview();
     EXPECT_EQ(window.text(kNamePreview), L"ann@example.org");
     EXPECT_EQ(app_state().settings.site, " Example.org ");
+}
+
+TEST_F(ConnectResult, ThatBeginsWithSuccessIsOneWhateverFollows)
+{
+    EXPECT_EQ(status_after("success"), L"Connected.");
+    EXPECT_EQ(status_after("x"), L"x");
+    EXPECT_EQ(status_after("successful, more or less"), L"Connected.");
+}
+
+TEST_F(ConnectResult, ThatBeginsOtherwiseIsShownAsItIs)
+{
+    EXPECT_EQ(status_after("Success"), L"Success");
+    EXPECT_EQ(status_after(" success"), L" success");
+    EXPECT_EQ(status_after("error: no success"), L"error: no success");
+    EXPECT_EQ(status_after("%s %n Zo\xC3\xAB"), L"%s %n Zo\x00EB");
+}
+
+TEST_F(ConnectResult, ThatIsEmptyIsToldInASentence)
+{
+    EXPECT_EQ(status_after("success"), L"Connected.");
+    EXPECT_EQ(status_after(""), L"Vaultry did not connect.");
+}
+
+TEST_F(ConnectResult, IsFreedByTheWindow)
+{
+    const std::uintptr_t characters = post_marked();
+    answer_messages();
+    EXPECT_FALSE(is_still_there(characters));
+}
+
+TEST_F(ConnectResult, ThatComesTooLateIsFreedWithTheWindow)
+{
+    const std::uintptr_t characters = post_marked();
+    m_window.destroy();
+    EXPECT_FALSE(is_still_there(characters));
 }
