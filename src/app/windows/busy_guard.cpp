@@ -17,7 +17,7 @@
 namespace {
 
 // The worker asks the window to show the package: Explorer and the browser are opened by the window's own thread.
-std::wstring install(const SiteSettings& settings, HWND window)
+std::string install(const SiteSettings& settings, HWND window)
 {
     return install_sentence(settings, [window] { return PostMessageW(window, MsgShowPackage, 0, 0) != 0; });
 }

@@ -17,19 +17,19 @@ std::string alias_at_start;
 std::string file_at_start;
 std::promise<void> permission;
 
-std::wstring noting_flow(const SiteSettings& settings)
+std::string noting_flow(const SiteSettings& settings)
 {
     ++flow_runs;
     alias_at_start = settings.alias;
     file_at_start = data_folder->read("payname/ui.json");
-    return L"It is done.";
+    return "It is done.";
 }
 
-std::wstring waiting_flow(const SiteSettings&)
+std::string waiting_flow(const SiteSettings&)
 {
     ++flow_runs;
     permission.get_future().wait();
-    return L"It is done.";
+    return "It is done.";
 }
 
 class FlowResult : public testing::Test {

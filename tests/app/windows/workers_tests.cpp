@@ -30,10 +30,10 @@ HWND make_message_window()
 
 std::promise<void> settings_have_changed;
 
-std::wstring sentence_for(const SiteSettings& settings)
+std::string sentence_for(const SiteSettings& settings)
 {
     settings_have_changed.get_future().wait();
-    return L"done for " + std::wstring(settings.alias.begin(), settings.alias.end());
+    return "done for " + settings.alias;
 }
 
 }  // namespace
