@@ -6,11 +6,6 @@ ROOT = pathlib.Path(__file__).resolve().parents[2]
 SRC = ROOT / "src"
 PICTURE = ROOT / "docs/layers.svg"
 
-# Where a room stands in the picture, from left to right; how far up it stands follows from what it includes.
-COLUMNS = {
-    "app": 2.3, "flows": 2.3, "plugin": 1.6, "update": 0, "site": 1, "paymail": 2.8, "settings": 3.9,
-    "net": 1, "wallet_bridge": 2.6, "ui": 3.9, "platform": 2.0, "wallet": 3.2, "text": 2.3,
-}
 WIDTH, HEIGHT = 128, 38  # of a box
 COLUMN, ROW = 160, 84    # from one box to the next
 MARGIN = 16
@@ -50,9 +45,28 @@ def direct(room: str, graph: dict) -> set:
     return graph[room] - set().union(*(reachable(other, graph) for other in graph[room]))
 
 
+def columns(graph: dict) -> dict:
+    """Where a room stands from left to right: on its floor in the order of the middle of those that point to it, or, where
+    nobody does, of its name, and as far from the next as the widest floor leaves."""
+    top = max(floor(room, graph) for room in graph)
+    floors = [sorted(room for room in graph if floor(room, graph) == number) for number in range(top, -1, -1)]
+    widest = max(len(rooms) for rooms in floors)
+    column = {}
+
+    def middle_above(room):
+        above = [column[other] for other in column if room in direct(other, graph)]
+        return sum(above) / len(above) if above else 0
+
+    for rooms in floors:
+        for number, room in enumerate(sorted(rooms, key=middle_above)):
+            column[room] = (number + 0.5) * widest / len(rooms) - 0.5
+    return column
+
+
 def svg(graph: dict) -> str:
     top = max(floor(room, graph) for room in graph)
-    place = {room: (MARGIN + COLUMNS[room] * COLUMN, MARGIN + (top - floor(room, graph)) * ROW) for room in graph}
+    place = {room: (MARGIN + column * COLUMN, MARGIN + (top - floor(room, graph)) * ROW)
+             for room, column in columns(graph).items()}
     width = max(x for x, _ in place.values()) + WIDTH + MARGIN
     height = max(y for _, y in place.values()) + HEIGHT + MARGIN
     lines = [
