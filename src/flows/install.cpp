@@ -4,6 +4,7 @@
 #include "plugin/package.h"
 #include "site/site_address.h"
 #include "site/site_reply.h"
+#include "wallet_bridge/shared_files.h"
 
 namespace {
 
@@ -13,7 +14,7 @@ constexpr std::size_t kSmallestPlugin = 16;  // bytes; a smaller resource is not
 bool save_package()
 {
     const std::string_view plugin = load_resource(kPluginResource);
-    return plugin.size() >= kSmallestPlugin && write_plugin_zip(plugin_zip_path(), plugin);
+    return plugin.size() >= kSmallestPlugin && write_plugin_zip(plugin_package_path(), plugin);
 }
 
 }  // namespace

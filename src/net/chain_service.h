@@ -21,12 +21,12 @@ struct JsonPost {
 };
 
 // The request that post_json sends. Certificates are always checked, redirects never followed.
-HttpRequest json_post(const JsonPost& post);
+[[nodiscard]] HttpRequest json_post(const JsonPost& post);
 
 // Sends `post`, again after 429: the first pause is 400 ms, each next one twice as long. Succeeds for a status of 200
 // to 299; otherwise the reply's error is one line for the user: libcurl's text for a failed transfer, or
 // service_error() of the last attempt. Status and body are those of the last attempt.
-HttpReply post_json(const JsonPost& post, const Pause& pause = sleep_for);
+[[nodiscard]] HttpReply post_json(const JsonPost& post, const Pause& pause = sleep_for);
 
 // The error line for a reply of `status` and `body`.
 std::string service_error(std::int32_t status, const std::string& body);

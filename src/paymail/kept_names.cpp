@@ -108,7 +108,8 @@ void remove_payname(const std::string& paymail)
     if (others.empty()) {
         remove_file(kept_names_path());
     } else {
-        save_paynames(others);
+        // A row that stays is not shown for a wallet that it does not pay; the next removal tries again.
+        static_cast<void>(save_paynames(others));
     }
 }
 

@@ -13,13 +13,13 @@ struct PaynameRecord {
     std::string address;  // Base58Check
 };
 
-nlohmann::json load_paynames();                   // array of rows, possibly empty, as of parse_exact_json; never fails
-bool save_paynames(const nlohmann::json& rows);   // false when the file cannot be written
-bool keep_payname(const PaynameRecord& record);   // adds it, or updates its row in place
-void remove_payname(const std::string& paymail);  // deletes the file when the last row goes
+nlohmann::json load_paynames();  // array of rows, possibly empty, as of parse_exact_json; never fails
+[[nodiscard]] bool save_paynames(const nlohmann::json& rows);  // false when the file cannot be written
+[[nodiscard]] bool keep_payname(const PaynameRecord& record);  // adds it, or updates its row in place
+void remove_payname(const std::string& paymail);               // deletes the file when the last row goes
 
-// The names of the wallet with this identity key and payment address, joined by ", "; empty when there are none or one
-// of the two texts is no key or no address.
+// The names of the wallet with this identity key and payment address, joined by ", "; empty when there are none, or
+// when `key` or `address` is malformed.
 std::string names_of_wallet(const std::string& key, const std::string& address);
 
 // Those of the connected wallet; empty when none is connected.

@@ -9,7 +9,7 @@
 
 enum class FileStatus { exists, missing, unknown };  // unknown: the question itself failed
 
-FileStatus file_status(const std::string& path);
+[[nodiscard]] FileStatus file_status(const std::string& path);
 
 bool create_folders(const std::string& path);  // with all missing parents; true when the folder is there afterwards
 
@@ -31,7 +31,7 @@ struct FileReading {
 
 // The whole file, exactly as it stands, also while another program has it open; up to 64 MiB. The buffer is freed, and
 // so wiped, by its owner; no stream keeps a second copy.
-FileReading read_whole_file(const std::string& path);
+[[nodiscard]] FileReading read_whole_file(const std::string& path);
 
 // The same for callers to whom a missing file and an unreadable one are alike.
 inline std::optional<std::string> read_file(const std::string& path)
@@ -48,22 +48,22 @@ std::optional<std::string> read_held_file(const std::string& path);
 // for.
 
 // Truncates, then writes. True only when every byte is on the disk and the file was closed without an error.
-bool write_file(const std::string& path, std::string_view bytes);
+[[nodiscard]] bool write_file(const std::string& path, std::string_view bytes);
 
 // Rewrites a file in place such that a process killed at any moment leaves either the old text or the new one, each at
 // most followed by blanks: never an empty file, never a cut one. For text whose readers skip trailing blanks (JSON). A
 // disk that is full is noticed before the first byte of the old text is touched. A missing file is made. Others may
 // read the file meanwhile, and write to it again as soon as the new text is in it: the disk is waited for afterwards.
-bool rewrite_in_place(const std::string& path, std::string_view text);
+[[nodiscard]] bool rewrite_in_place(const std::string& path, std::string_view text);
 
 // As rewrite_in_place, for a file that is there (none is made) and only when `may_replace` says so of what it holds.
 // That is read, judged and written through one handle, so that no other program's text comes between. `may_replace` is
 // called at most once, on the caller's thread, and must not open the file.
-bool rewrite_existing(const std::string& path, std::string_view text,
-                      const std::function<bool(std::string_view current)>& may_replace);
+[[nodiscard]] bool rewrite_existing(const std::string& path, std::string_view text,
+                                    const std::function<bool(std::string_view current)>& may_replace);
 
 // Moves `from` onto `to`, replacing it atomically, and returns when the change is on the disk.
-bool replace_file(const std::string& from, const std::string& to);
+[[nodiscard]] bool replace_file(const std::string& from, const std::string& to);
 
 // As rewrite_in_place, but a file that holds the text already is left alone.
 inline bool update_in_place(const std::string& path, std::string_view text)
@@ -72,9 +72,9 @@ inline bool update_in_place(const std::string& path, std::string_view text)
 }
 
 // Fails when `to` exists.
-bool rename_file(const std::string& from, const std::string& to);
+[[nodiscard]] bool rename_file(const std::string& from, const std::string& to);
 
 // Overwrites `to`, and returns when the copy is on the disk; a copy that fails leaves no file there. Tried once.
-bool copy_file(const std::string& from, const std::string& to);
+[[nodiscard]] bool copy_file(const std::string& from, const std::string& to);
 
 bool remove_file(const std::string& path);

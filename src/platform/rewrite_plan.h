@@ -12,7 +12,7 @@
 // true when they worked. False: a step failed; when the disk was full the old text stands as it was. Flushing is the
 // caller's.
 template <typename FileContent>
-bool carry_out_rewrite(FileContent& file, std::string_view text)
+[[nodiscard]] bool carry_out_rewrite(FileContent& file, std::string_view text)
 {
     const std::optional<std::size_t> old_size = file.size();
     if (!old_size) return false;

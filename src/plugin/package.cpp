@@ -1,7 +1,6 @@
 #include "plugin/package.h"
 
 #include "platform/files.h"
-#include "wallet_bridge/shared_files.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -96,15 +95,9 @@ std::string stored_zip(std::string_view name, std::string_view data)
     return local + directory + end_record(local.size(), directory.size());
 }
 
-std::string plugin_zip_path()
-{
-    std::string path = plugin_package_path();
-    create_folders(parent_folder(path));
-    return path;
-}
-
 bool write_plugin_zip(const std::string& path, std::string_view plugin)
 {
+    create_folders(parent_folder(path));
     const std::string temporary = path + ".tmp";
     if (write_file(temporary, stored_zip("brasslet/brasslet.php", plugin)) && replace_file(temporary, path))
         return true;

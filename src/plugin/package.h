@@ -13,9 +13,6 @@ std::uint32_t crc32(std::string_view bytes);
 // and holds `data`, less than 4 GiB. The entry's date is zero: the same data always gives the same bytes.
 std::string stored_zip(std::string_view name, std::string_view data);
 
-// "brasslet.zip" in the folder of the settings; the folder is made when it is missing.
-std::string plugin_zip_path();
-
-// Writes the zip file whose only entry is "brasslet/brasslet.php" with the bytes of `plugin`. False when it cannot be
-// written; an older zip of that name then stays as it was.
+// Writes the zip file at `path` whose only entry is "brasslet/brasslet.php" with the bytes of `plugin`; its folder is
+// made when it is missing. False when it cannot be written; an older zip of that name then stays as it was.
 [[nodiscard]] bool write_plugin_zip(const std::string& path, std::string_view plugin);

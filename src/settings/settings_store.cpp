@@ -85,13 +85,6 @@ bool is_empty(const SiteSettings& settings, const std::string& name)
 
 }  // namespace
 
-std::string settings_folder()
-{
-    std::string folder = parent_folder(settings_path());
-    create_folders(folder);
-    return folder;
-}
-
 SettingsNotice load_settings(SiteSettings& settings)
 {
     create_folders(parent_folder(settings_path()));

@@ -5,15 +5,12 @@
 
 #include <string>
 
-// Folder of the settings and of the kept names; made when it is missing.
-std::string settings_folder();
-
 // Fills `settings` from the file, up to its first member of a wrong type. Returns what the user should know; `none`
 // when there is no file.
-SettingsNotice load_settings(SiteSettings& settings);
+[[nodiscard]] SettingsNotice load_settings(SiteSettings& settings);
 
 // Tries again when the file could not be read before: takes what is empty in `settings` from the file.
-SettingsNotice load_what_waits(SiteSettings& settings);
+[[nodiscard]] SettingsNotice load_what_waits(SiteSettings& settings);
 
 // Writes the file; `name_field` is the text of the main window's name field. Unknown
 // members of the file are kept.
@@ -24,7 +21,7 @@ SettingsNotice load_what_waits(SiteSettings& settings);
 //
 // Returns `not_saved` when writing would have lost something of the file; for settings that waited, the notice of the
 // file; otherwise `none`, also when the file cannot be written.
-SettingsNotice save_settings(SiteSettings& settings, const std::string& name_field);
+[[nodiscard]] SettingsNotice save_settings(SiteSettings& settings, const std::string& name_field);
 
 // The name kept in the settings file; empty when there is none.
 std::string saved_name();

@@ -29,7 +29,7 @@ struct SiteRequest {
 //
 // The reply's error is kSiteUnreachable, kSiteSilent, or empty for a response of any status. Its redirect_url is set
 // only when a request with a login was redirected to where the login must not go.
-HttpReply site_request(const SiteRequest& request);
+[[nodiscard]] HttpReply site_request(const SiteRequest& request);
 
 // The request that site_request sends first.
-HttpRequest describe_site_request(const SiteRequest& request);
+[[nodiscard]] HttpRequest describe_site_request(const SiteRequest& request);

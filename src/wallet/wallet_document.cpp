@@ -44,9 +44,13 @@ bool read_phrase_wallet(const json& document, const Wallet* known, Wallet& walle
     wallet.receive_counters = counters_from(document);
     wallet.shown = shown_from(document, wallet.receive_counters[1]);
     wallet.paymail = text_member(document, "paymail");
-    if (known == nullptr || !has_keys_of(*known, wallet))
-        return derive_wallet_keys(wallet.phrase, wallet.shown, wallet.receive_counters[kOrdinalsCounter], wallet.keys);
-    wallet.keys = known->keys;
+    if (known != nullptr && has_keys_of(*known, wallet)) {
+        wallet.keys = known->keys;
+        return true;
+    }
+    auto keys = derive_wallet_keys(wallet.phrase, wallet.shown, wallet.receive_counters[kOrdinalsCounter]);
+    if (!keys) return false;
+    wallet.keys = std::move(*keys);
     return true;
 }
 

@@ -58,13 +58,15 @@ std::optional<ExtendedKey> master_key_of_phrase(const SecretText& phrase)
     return seed ? master_key(seed->bytes()) : std::nullopt;
 }
 
-bool derive_all(const ExtendedKey& master, std::uint32_t receive_index, std::uint32_t ordinals_index, WalletKeys& keys)
+std::optional<WalletKeys> derive_all(const ExtendedKey& master, std::uint32_t receive_index,
+                                     std::uint32_t ordinals_index)
 {
     auto payment = account_key(master, kPaymentAccount, receive_index);
-    if (!payment) return false;
+    if (!payment) return std::nullopt;
     auto identity = account_key(master, kIdentityAccount, 0);
-    if (!identity) return false;
+    if (!identity) return std::nullopt;
 
+    WalletKeys keys;
     keys.private_key = std::move(payment->private_key);
     keys.public_key = std::move(payment->public_key);
     keys.address = std::move(payment->address);
@@ -73,18 +75,17 @@ bool derive_all(const ExtendedKey& master, std::uint32_t receive_index, std::uin
     // The ordinals address is optional: without it the wallet can still be paid and identified.
     auto ordinals = account_key(master, kOrdinalsAccount, ordinals_index);
     if (ordinals) keys.ordinals_address = std::move(ordinals->address);
-    return true;
+    return keys;
 }
 
 }  // namespace
 
-bool derive_wallet_keys(const SecretText& phrase, std::uint32_t receive_index, std::uint32_t ordinals_index,
-                        WalletKeys& keys)
+std::optional<WalletKeys> derive_wallet_keys(const SecretText& phrase, std::uint32_t receive_index,
+                                             std::uint32_t ordinals_index)
 {
-    keys = WalletKeys{};
-    if (phrase.empty()) return false;
+    if (phrase.empty()) return std::nullopt;
     const auto master = master_key_of_phrase(phrase);
-    const bool derived = master && derive_all(*master, receive_index, ordinals_index, keys);
+    auto keys = master ? derive_all(*master, receive_index, ordinals_index) : std::nullopt;
     wipe_finished_stack();
-    return derived;
+    return keys;
 }

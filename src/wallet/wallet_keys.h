@@ -34,6 +34,6 @@ struct WalletKeys {
 };
 
 // Payment key at m/44'/236'/1'/0/`receive_index`, identity key, and ordinals address at index `ordinals_index`, all
-// from one master key. False, with nothing kept, when the payment or the identity key cannot be derived.
-bool derive_wallet_keys(const SecretText& phrase, std::uint32_t receive_index, std::uint32_t ordinals_index,
-                        WalletKeys& keys);
+// from one master key. Empty when the payment or the identity key cannot be derived.
+[[nodiscard]] std::optional<WalletKeys> derive_wallet_keys(const SecretText& phrase, std::uint32_t receive_index,
+                                                           std::uint32_t ordinals_index);

@@ -6,7 +6,7 @@
 // Asks Vaultry for a wallet, waits for its user's answer, then binds and loads the approved wallet. Returns "success",
 // also when a wallet is bound already and loads, else a message that begins with "error: ". Takes up to a minute, for
 // which no lock is held: for a worker thread.
-std::string connect_wallet();
+[[nodiscard]] std::string connect_wallet();
 
 // Deletes the bind record and wipes the loaded wallet. Always "success".
 std::string disconnect_wallet();
@@ -15,7 +15,7 @@ std::string disconnect_wallet();
 // is deleted here; the wallet application clears them away.
 
 // The id of the request that was written; empty before bind_at_startup has run and when the file cannot be written.
-std::string write_connect_request();
+[[nodiscard]] std::string write_connect_request();
 
 enum class ReplyState {
     pending,   // no reply yet
@@ -23,4 +23,4 @@ enum class ReplyState {
     denied,    // everything else: a refusal, or a reply that cannot be read or is malformed
 };
 
-ReplyState read_connect_reply(const std::string& request_id);
+[[nodiscard]] ReplyState read_connect_reply(const std::string& request_id);

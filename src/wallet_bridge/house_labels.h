@@ -30,11 +30,12 @@ std::string house_label_of(const std::string& public_key);
 // else the message: a label that another key holds is refused and stays untouched, and so is a further label beyond the
 // identity's quota. While the file is there but cannot be read nobody knows whose the label is, and nothing is
 // taken. An empty address leaves that of the row as it is.
-std::string register_house_label(std::string_view name, const std::string& public_key, const HouseAddresses& addresses);
+[[nodiscard]] std::string register_house_label(std::string_view name, const std::string& public_key,
+                                               const HouseAddresses& addresses);
 
 // Records the wallet's picture for the identity and its labels; an empty one removes the record. Empty on success, else
 // the message.
-std::string set_house_avatar(const std::string& public_key, const std::string& picture);
+[[nodiscard]] std::string set_house_avatar(const std::string& public_key, const std::string& picture);
 
 // Records the ordinals address with the identity's labels.
 void set_house_ord_address(const std::string& public_key, const std::string& ordinals_address);

@@ -17,16 +17,16 @@ bool is_wallet_locked();
 // Forgets the wallet that was loaded before, then reads the file and derives the keys; those of the wallet of before
 // serve again when the file still gives the same phrase and counters. Records the ordinals address with the house
 // labels. False, with no wallet loaded, for a locked, missing or malformed file.
-bool load_wallet(HeldWallet& held);
+[[nodiscard]] bool load_wallet(HeldWallet& held);
 
 // The same for a caller who has asked for bound_wallet_id() already.
-bool load_wallet(HeldWallet& held, const std::string& wallet_id);
+[[nodiscard]] bool load_wallet(HeldWallet& held, const std::string& wallet_id);
 
 // Rewrites the file that the loaded wallet was read from, in place; what this program does not know in it stays.
 // Nothing is written, and false returned, when no wallet is loaded, when its document is not one that this program may
 // rewrite (wallet_text), when the file cannot be written, when another program has it to itself, has changed or deleted
 // it since it was loaded, or when a seal file lies beside it.
-bool save_wallet(HeldWallet& held);
+[[nodiscard]] bool save_wallet(HeldWallet& held);
 
 // Wipes the loaded wallet's secrets and empties it.
 void forget_wallet(HeldWallet& held);

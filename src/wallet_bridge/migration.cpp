@@ -52,7 +52,8 @@ public:
     // A mark that cannot be deleted is emptied: it must not bring back a wallet that the user deletes later.
     static void unmark()
     {
-        if (is_there(moving_mark_path()) && !remove_file(moving_mark_path())) write_file(moving_mark_path(), "");
+        if (is_there(moving_mark_path()) && !remove_file(moving_mark_path()))
+            static_cast<void>(write_file(moving_mark_path(), ""));
     }
 
     // The seal goes first: without one, a wallet that the user has locked would pass for an open one.

@@ -38,7 +38,8 @@ std::string ensured_house_paymail(HeldWallet& held)
         return {};
     }
     set_registry_name_from_paymail(held->id, wallet.paymail);
-    if (is_found) save_wallet(held);
+    // A label that could not be written is found again by the next query.
+    if (is_found) static_cast<void>(save_wallet(held));
     return wallet.paymail + "@" + kHouseDomain;
 }
 
@@ -101,7 +102,8 @@ std::string refresh_identity(HeldWallet& held)
     if (!held->wallet) return {};
     std::string house_paymail = ensured_house_paymail(held);
     const std::string& key = held->wallet->keys.identity_key;
-    if (!key.empty()) set_house_avatar(key, held->wallet->picture);
+    // The picture is decoration: without it the identity is complete.
+    if (!key.empty()) static_cast<void>(set_house_avatar(key, held->wallet->picture));
     return house_paymail;
 }
 

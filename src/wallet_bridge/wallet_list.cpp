@@ -114,7 +114,7 @@ void set_registry_name_from_paymail(const std::string& id, const std::string& pa
         if (text_member(wallet, "id") != id) continue;
         if (text_member(wallet, "name") == paymail) return;
         wallet["name"] = paymail;
-        write_registry(lock, list);
+        static_cast<void>(write_registry(lock, list));  // the next query of the identity tries again
         return;
     }
 }

@@ -42,7 +42,7 @@ nlohmann::json read_registry(const RegistryLock& lock);
 
 // True when the file holds the document; it is replaced as a whole, so that a reader sees the old or the new list,
 // never a part.
-bool write_registry(const RegistryLock& lock, const nlohmann::json& list);
+[[nodiscard]] bool write_registry(const RegistryLock& lock, const nlohmann::json& list);
 
 // In the order of the file; entries without an id are left out.
 std::vector<WalletEntry> list_wallets();

@@ -37,4 +37,4 @@ struct WalletState {
 WalletState& wallet_state();
 
 // Locks the wallet state; waits without a time limit. Any thread.
-HeldWallet hold_wallet();
+[[nodiscard]] HeldWallet hold_wallet();

@@ -67,9 +67,7 @@ LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lpar
     switch (message) {
     case WM_CREATE: {
         create_controls(window);
-        WalletKeys keys;
-        derive_wallet_keys(SecretText(std::string(kPhrase)), 0, 0, keys);
-        return 0;
+        return derive_wallet_keys(SecretText(std::string(kPhrase)), 0, 0) ? 0 : -1;
     }
     case WM_SIZE:
         place_controls(LOWORD(lparam));

@@ -1,4 +1,4 @@
-// Times what the program asks of the wallet and of the payname registry, each against its floor: bench_queries PAIRS
+// Times what the program asks of the wallet and of the kept names, each against its floor: bench_queries PAIRS
 // ROWS. Ends with 1 when an answer is wrong.
 #include "app/card_texts.h"
 #include "bench/pairs.h"
@@ -41,19 +41,19 @@ void read_and_parse(const std::string& path, std::size_t rows)
 {
     const auto text = read_file(path);
     const json document = json::parse(text.value(), nullptr, false);
-    require(document["names"].size() == rows, "the registry's rows");
+    require(document["names"].size() == rows, "the kept names' rows");
 }
 
-// The card's looks at the disk and nothing else, in their order: seal, wallet, house registry, spent items; the house
-// registry again for the label; the wallets' names, under the lock; the names that were kept.
+// The card's looks at the disk and nothing else, in their order: seal, wallet, house labels, spent items; the house
+// labels again for the label; the wallets' names, under the lock; the names that were kept.
 void look_at_files_alone(const TestFolder& folder, const std::string& wallet)
 {
     const std::string data = folder.data();
     require(file_status(wallet + ".seal") == FileStatus::missing, "no seal");
     require(read_file(wallet).has_value(), "the wallet's file");
-    require(read_file(data + "/corvane_paymail.json").has_value(), "the house registry");
+    require(read_file(data + "/corvane_paymail.json").has_value(), "the house labels");
     read_file(data + "/ord_snap/1_spent.json");
-    require(read_file(data + "/corvane_paymail.json").has_value(), "the house registry");
+    require(read_file(data + "/corvane_paymail.json").has_value(), "the house labels");
     {
         const FileLock lock(data + "/wallets.lock");
         require(lock.is_held() && read_file(data + "/wallets.json").has_value(), "the wallets' names");
@@ -67,7 +67,7 @@ std::string name_of(int row)
 }
 
 // Rows of this wallet alone: nothing is as much work.
-void write_registry_of(const TestFolder& folder, int rows, const WalletIdentity& wallet)
+void write_kept_names_of(const TestFolder& folder, int rows, const WalletIdentity& wallet)
 {
     json names = json::array();
     for (int row = 0; row < rows; ++row)
@@ -88,7 +88,7 @@ void time_wallet(const TestFolder& folder, int pairs, const WalletIdentity& wall
     const auto card = [] {
         require(wallet_card_texts().kept_names == "Vaultry kept " + name_of(0), "the card's names");
     };
-    write_registry_of(folder, 1, wallet);
+    write_kept_names_of(folder, 1, wallet);
     print_pairs("identity-first", pairs, as_at_the_start, floor, query);
     print_pairs("identity-again", pairs, nothing, floor, query);
     print_pairs("card-first", pairs, as_at_the_start, query, card);
@@ -97,14 +97,16 @@ void time_wallet(const TestFolder& folder, int pairs, const WalletIdentity& wall
     print_pairs("card-files", pairs, nothing, files, card);
 }
 
-void time_registry(const TestFolder& folder, int pairs, int rows, const WalletIdentity& wallet)
+void time_kept_names(const TestFolder& folder, int pairs, int rows, const WalletIdentity& wallet)
 {
-    write_registry_of(folder, rows, wallet);
+    write_kept_names_of(folder, rows, wallet);
     const std::string path = folder.data() + "/" + kNames;
     const auto floor = [&path, rows] { read_and_parse(path, static_cast<std::size_t>(rows)); };
-    const auto names = [rows] { require(names_of_this_wallet().ends_with(name_of(rows - 1)), "the registry's names"); };
+    const auto names = [rows] {
+        require(names_of_this_wallet().ends_with(name_of(rows - 1)), "the names of this wallet");
+    };
     print_pairs(
-        "registry", pairs, [] {}, floor, names);
+        "kept_names", pairs, [] {}, floor, names);
 }
 
 void time_all(int pairs, int rows)
@@ -114,7 +116,7 @@ void time_all(int pairs, int rows)
     const auto wallet = wallet_identity();
     require(wallet && wallet->house_paymail.starts_with("sofia@"), "the wallet");
     time_wallet(folder, pairs, *wallet);
-    time_registry(folder, pairs, rows, *wallet);
+    time_kept_names(folder, pairs, rows, *wallet);
 }
 
 }  // namespace

@@ -35,10 +35,10 @@ def clear_data_directory() -> None:
 
 
 def put_wallet(wallet_id: str = "1700000000000", phrase: str = PHRASE, **members) -> pathlib.Path:
-    """Writes a registry with this one wallet, and its file. Returns the file's path."""
+    """Writes a wallet list with this one wallet, and its file. Returns the file's path."""
     folder = data_directory() / "wallets" / wallet_id
     folder.mkdir(parents=True, exist_ok=True)
-    put_registry(wallet_id)
+    put_wallet_list(wallet_id)
     document = {"version": 2, "mnemonic": phrase, "backup": True, "recv": [0, 0, 0, 0, 0, 0], "show": 0,
                 "contacts": [], **members}
     path = folder / "wallet.json"
@@ -46,10 +46,10 @@ def put_wallet(wallet_id: str = "1700000000000", phrase: str = PHRASE, **members
     return path
 
 
-def put_registry(*wallet_ids: str) -> None:
+def put_wallet_list(*wallet_ids: str) -> None:
     wallets = [{"id": wallet_id, "name": f"Wallet {number}"} for number, wallet_id in enumerate(wallet_ids, 1)]
-    registry = {"active": wallet_ids[0], "wallets": wallets}
-    (data_directory() / "wallets.json").write_text(json.dumps(registry, indent=2), encoding="utf-8")
+    listed = {"active": wallet_ids[0], "wallets": wallets}
+    (data_directory() / "wallets.json").write_text(json.dumps(listed, indent=2), encoding="utf-8")
 
 
 def put_settings(site: str, user: str, password: str, name: str = "") -> None:

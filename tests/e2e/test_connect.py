@@ -19,7 +19,7 @@ def two_wallets():
     desk.clear_data_directory()
     desk.put_wallet(SAVINGS, SAVINGS_PHRASE)
     path = desk.put_wallet(SHOP, paymail="shop")
-    desk.put_registry(SAVINGS, SHOP)
+    desk.put_wallet_list(SAVINGS, SHOP)
     return path
 
 

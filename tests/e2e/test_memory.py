@@ -77,7 +77,7 @@ def test_unbind_leaves_no_secret_in_memory():
 
 def test_unbind_after_an_approved_connect_leaves_no_secret_in_memory(tmp_path):
     desk.put_wallet(WALLET_ID, PHRASE, paymail="ann", **COUNTERS)
-    desk.put_registry(WALLET_ID, "1700000000001")
+    desk.put_wallet_list(WALLET_ID, "1700000000001")
     with desk.wallet_application(tmp_path, "--connect", f"approve:{WALLET_ID}"), desk.running_program():
         assert secrets_in_memory() == set()
         press(desk.CONNECT, "Connected.")
@@ -151,17 +151,17 @@ def test_a_failed_load_leaves_no_secret_in_memory(spoil):
 
 def test_an_approved_wallet_that_does_not_load_leaves_no_secret_in_memory(tmp_path):
     spoil_a_member(desk.put_wallet(WALLET_ID, PHRASE, **COUNTERS))
-    desk.put_registry(WALLET_ID, "1700000000001")
+    desk.put_wallet_list(WALLET_ID, "1700000000001")
     with desk.wallet_application(tmp_path, "--connect", f"approve:{WALLET_ID}"), desk.running_program():
         press(desk.CONNECT, "error: approved, but the wallet would not load.")
         assert secrets_in_memory() == set()
 
 
 def put_house_label(label):
-    """The house registry gives the wallet's key a label that the wallet's own file does not hold yet."""
+    """The house labels gives the wallet's key a label that the wallet's own file does not hold yet."""
     key = wallet_secrets.public_key(wallet_secrets.keys_on_the_way(PHRASE)["m/44'/236'/100'/0/0"][0]).hex()
-    registry = {"names": {label: {"pubkey": key}}}
-    (desk.data_directory() / "corvane_paymail.json").write_text(json.dumps(registry), encoding="utf-8")
+    labels = {"names": {label: {"pubkey": key}}}
+    (desk.data_directory() / "corvane_paymail.json").write_text(json.dumps(labels), encoding="utf-8")
 
 
 def test_unbind_after_the_wallet_was_saved_leaves_no_secret_in_memory():
@@ -260,7 +260,7 @@ def test_a_password_typed_by_hand_is_gone_from_memory_when_the_settings_window_c
 
 def test_the_phrase_stands_in_no_file_but_the_wallets_own(tmp_path):
     own = desk.put_wallet(WALLET_ID, PHRASE, paymail="ann", **COUNTERS)
-    desk.put_registry(WALLET_ID, "1700000000001")
+    desk.put_wallet_list(WALLET_ID, "1700000000001")
     with desk.wallet_application(tmp_path, "--connect", f"approve:{WALLET_ID}"), desk.running_program():
         press(desk.CONNECT, "Connected.")
         press(desk.UNBIND, UNBOUND)

@@ -31,7 +31,7 @@ def test_a_removed_name_resolves_no_more_and_the_others_do(published, tmp_path):
     assert [row["paymail"] for row in desk.payname_rows()] == [f"bob@{HOST}"]
 
 
-def test_the_last_name_leaves_no_registry(published):
+def test_the_last_name_leaves_no_file(published):
     with desk.running_program():
         desk.remove("bob")
         assert desk.remove("alice") == REMOVED

@@ -16,30 +16,18 @@ constexpr std::size_t kMostRemembered = 1000;
 
 // The linker's names for derive_wallet_keys.
 // NOLINTBEGIN(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)
-extern "C" bool __real__Z18derive_wallet_keysRK10SecretTextjjR10WalletKeys(const SecretText& phrase,
-                                                                           std::uint32_t receive_index,
-                                                                           std::uint32_t ordinals_index,
-                                                                           WalletKeys& keys);
-extern "C" bool __wrap__Z18derive_wallet_keysRK10SecretTextjjR10WalletKeys(const SecretText& phrase,
-                                                                           std::uint32_t receive_index,
-                                                                           std::uint32_t ordinals_index,
-                                                                           WalletKeys& keys);
+std::optional<WalletKeys> really_derive(const SecretText&, std::uint32_t,
+                                        std::uint32_t) __asm__("__real__Z18derive_wallet_keysRK10SecretTextjj");
+std::optional<WalletKeys> remember(const SecretText&, std::uint32_t,
+                                   std::uint32_t) __asm__("__wrap__Z18derive_wallet_keysRK10SecretTextjj");
+// NOLINTEND(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)
 
-extern "C" bool __wrap__Z18derive_wallet_keysRK10SecretTextjjR10WalletKeys(const SecretText& phrase,
-                                                                           std::uint32_t receive_index,
-                                                                           std::uint32_t ordinals_index,
-                                                                           WalletKeys& keys)
+std::optional<WalletKeys> remember(const SecretText& phrase, std::uint32_t receive_index, std::uint32_t ordinals_index)
 {
     static std::map<Asked, std::optional<WalletKeys>> remembered;
     if (remembered.size() >= kMostRemembered) remembered.clear();
     const auto [place, is_new] =
         remembered.try_emplace(Asked{phrase.text(), receive_index, ordinals_index}, std::nullopt);
-    if (is_new) {
-        WalletKeys derived;
-        if (__real__Z18derive_wallet_keysRK10SecretTextjjR10WalletKeys(phrase, receive_index, ordinals_index, derived))
-            place->second = derived;
-    }
-    keys = place->second.value_or(WalletKeys{});
-    return place->second.has_value();
+    if (is_new) place->second = really_derive(phrase, receive_index, ordinals_index);
+    return place->second;
 }
-// NOLINTEND(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)

@@ -1,7 +1,7 @@
 #include "plugin/package.h"
 
 #include "kit/test_folder.h"
-#include "platform/files.h"
+#include "wallet_bridge/shared_files.h"
 
 #include <gtest/gtest.h>
 
@@ -75,17 +75,11 @@ constexpr char kZip[] = "payname/brasslet.zip";
 
 }  // namespace
 
-TEST(Package, LiesInTheFolderOfTheSettingsWhichIsMade)
+TEST(Package, HoldsThePluginUnderItsPathInAFolderThatIsMade)
 {
     const TestFolder folder;
-    EXPECT_EQ(plugin_zip_path(), folder.data() + "/payname/brasslet.zip");
-    EXPECT_EQ(file_status(folder.data() + "/payname"), FileStatus::exists);
-}
-
-TEST(Package, HoldsThePluginUnderItsPath)
-{
-    const TestFolder folder;
-    EXPECT_TRUE(write_plugin_zip(plugin_zip_path(), "<?php // the plugin"));
+    ASSERT_FALSE(folder.has("payname"));
+    EXPECT_TRUE(write_plugin_zip(plugin_package_path(), "<?php // the plugin"));
     EXPECT_EQ(folder.read(kZip), stored_zip("brasslet/brasslet.php", "<?php // the plugin"));
     EXPECT_FALSE(folder.has("payname/brasslet.zip.tmp"));
 }
@@ -93,13 +87,15 @@ TEST(Package, HoldsThePluginUnderItsPath)
 TEST(Package, ReplacesTheOneBefore)
 {
     const TestFolder folder;
-    EXPECT_TRUE(write_plugin_zip(plugin_zip_path(), "the first plugin, which is longer"));
-    EXPECT_TRUE(write_plugin_zip(plugin_zip_path(), "the second plugin"));
+    EXPECT_TRUE(write_plugin_zip(plugin_package_path(), "the first plugin, which is longer"));
+    EXPECT_TRUE(write_plugin_zip(plugin_package_path(), "the second plugin"));
     EXPECT_EQ(folder.read(kZip), stored_zip("brasslet/brasslet.php", "the second plugin"));
 }
 
-TEST(Package, CannotBeWrittenIntoAFolderThatIsMissing)
+TEST(Package, CannotBeWrittenWhereAFileIsInTheWayOfItsFolder)
 {
     const TestFolder folder;
-    EXPECT_FALSE(write_plugin_zip(folder.data() + "/absent/brasslet.zip", "the plugin"));
+    folder.write("payname", "in the way");
+    EXPECT_FALSE(write_plugin_zip(plugin_package_path(), "the plugin"));
+    EXPECT_EQ(folder.read("payname"), "in the way");
 }

@@ -2,6 +2,7 @@
 
 #include "kit/test_folder.h"
 #include "platform/user_protection.h"
+#include "settings/stored_settings.h"
 #include "text/ascii.h"
 #include "text/clock.h"
 #include "text/json.h"
@@ -13,36 +14,6 @@
 #include <vector>
 
 namespace {
-
-const std::string kPassword = "abcdefghijklmnopqrstuvwx";
-
-SiteSettings settings_with_password(const std::string& password)
-{
-    SiteSettings settings;
-    settings.site = "https://Zo\xC3\xAB.example/blog";
-    settings.user = "ann";
-    settings.pass = StoredPassword(SecretText(password));
-    settings.alias = "ann";
-    return settings;
-}
-
-SiteSettings loaded()
-{
-    SiteSettings settings;
-    load_settings(settings);
-    return settings;
-}
-
-SettingsNotice save(SiteSettings settings, const std::string& name)
-{
-    return save_settings(settings, name);
-}
-
-SettingsNotice notice_of_load()
-{
-    SiteSettings settings;
-    return load_settings(settings);
-}
 
 // The files beside "ui.json" whose names begin with its own.
 std::vector<std::string> damaged_files(const TestFolder& folder)
@@ -145,7 +116,7 @@ TEST(SettingsStore, AFailedLoadLeavesTheSettingsAsTheyWere)
     for (const char* text : {"", "[]", R"({"site":7})"}) {
         folder.write("payname/ui.json", text);
         SiteSettings settings = settings_with_password(kPassword);
-        load_settings(settings);
+        EXPECT_EQ(load_settings(settings), SettingsNotice::damaged) << text;
         EXPECT_EQ(settings.user, "ann") << text;
         EXPECT_EQ(settings.pass.in_clear().text(), kPassword) << text;
     }

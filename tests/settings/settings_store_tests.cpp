@@ -2,6 +2,7 @@
 
 #include "kit/test_folder.h"
 #include "platform/user_protection.h"
+#include "settings/stored_settings.h"
 #include "text/ascii.h"
 #include "text/clock.h"
 #include "text/json.h"
@@ -12,51 +13,11 @@
 #include <filesystem>
 #include <vector>
 
-namespace {
-
-const std::string kPassword = "abcdefghijklmnopqrstuvwx";
-
-SiteSettings settings_with_password(const std::string& password)
-{
-    SiteSettings settings;
-    settings.site = "https://Zo\xC3\xAB.example/blog";
-    settings.user = "ann";
-    settings.pass = StoredPassword(SecretText(password));
-    settings.alias = "ann";
-    return settings;
-}
-
-SiteSettings loaded()
-{
-    SiteSettings settings;
-    load_settings(settings);
-    return settings;
-}
-
-SettingsNotice save(SiteSettings settings, const std::string& name)
-{
-    return save_settings(settings, name);
-}
-
-SettingsNotice notice_of_load()
-{
-    SiteSettings settings;
-    return load_settings(settings);
-}
-
-}  // namespace
-
-TEST(SettingsStore, TheFolderIsInTheDataDirectoryAndIsMade)
-{
-    const TestFolder folder;
-    EXPECT_EQ(settings_folder(), folder.data() + "/payname");
-    EXPECT_TRUE(folder.has("payname"));
-}
-
-TEST(SettingsStore, WithoutAFileAllIsEmptyAndTheFolderExists)
+TEST(SettingsStore, WithoutAFileAllIsEmptyAndTheFolderIsMade)
 {
     const TestFolder folder;
     const SiteSettings settings = loaded();
+    EXPECT_TRUE(folder.has("payname"));
     EXPECT_EQ(settings.site + settings.user + settings.pass.in_clear().text() + settings.alias + saved_name(), "");
     EXPECT_TRUE(folder.has("payname"));
     EXPECT_FALSE(folder.has("payname/ui.json"));
@@ -111,9 +72,9 @@ TEST(SettingsStore, SavingTheSameAgainLeavesTheFileAsItIs)
 {
     const TestFolder folder;
     SiteSettings settings = settings_with_password(kPassword);
-    save_settings(settings, "bob");
+    EXPECT_EQ(save_settings(settings, "bob"), SettingsNotice::none);
     const std::string text = folder.read("payname/ui.json");
-    save_settings(settings, "bob");
+    EXPECT_EQ(save_settings(settings, "bob"), SettingsNotice::none);
     EXPECT_EQ(folder.read("payname/ui.json"), text);
 }
 
@@ -179,7 +140,7 @@ TEST(SettingsStore, APasswordThatDoesNotOpenStaysInTheFileUntilANewOneIsTyped)
     EXPECT_EQ(loaded().site, "other");
 
     settings.pass = StoredPassword(SecretText(kPassword));
-    save_settings(settings, "bob");
+    EXPECT_EQ(save_settings(settings, "bob"), SettingsNotice::none);
     EXPECT_EQ(loaded().pass.in_clear().text(), kPassword);
     EXPECT_EQ(notice_of_load(), SettingsNotice::none);
 }
@@ -188,7 +149,6 @@ TEST(SettingsStore, AFolderThatCannotBeMadeIsPassedOverInSilence)
 {
     const TestFolder folder;
     folder.write("payname", "in the way");
-    EXPECT_EQ(settings_folder(), folder.data() + "/payname");
     EXPECT_EQ(save(settings_with_password(kPassword), "bob"), SettingsNotice::none);
     EXPECT_EQ(loaded().user + saved_name(), "");
     EXPECT_EQ(folder.read("payname"), "in the way");

@@ -26,8 +26,8 @@ TEST(Json, RefusesWhatIsNoJson)
 
 TEST(Json, RefusesWhatIsNestedTooDeeply)
 {
-    EXPECT_FALSE(parse_json(nested(kDeepestJson)).is_discarded());
-    EXPECT_TRUE(parse_json(nested(kDeepestJson + 1)).is_discarded());
+    EXPECT_FALSE(parse_json(nested(200)).is_discarded());
+    EXPECT_TRUE(parse_json(nested(201)).is_discarded());
     EXPECT_TRUE(parse_json(nested(10'000)).is_discarded());
     EXPECT_TRUE(parse_first_exact_json(nested(10'000)).is_discarded());
 }
@@ -132,8 +132,8 @@ TEST(ExactJson, RefusesWhatIsNoJson)
 
 TEST(ExactJson, RefusesWhatIsNestedTooDeeply)
 {
-    EXPECT_NE(rewritten(nested(kDeepestJson)), "discarded");
-    EXPECT_EQ(rewritten(nested(kDeepestJson + 1)), "discarded");
+    EXPECT_NE(rewritten(nested(200)), "discarded");
+    EXPECT_EQ(rewritten(nested(201)), "discarded");
     EXPECT_EQ(rewritten(nested(100'000)), "discarded");
     std::string objects;
     for (int i = 0; i <= kDeepestJson; ++i)

@@ -44,6 +44,16 @@ TEST(Secret, AMovedBufferLeavesNothingBehind)
     EXPECT_EQ(first.data()[0], 0);  // NOLINT(bugprone-use-after-move,clang-analyzer-cplusplus.Move)
 }
 
+TEST(Secret, ABufferMovedOverAnotherLeavesNothingBehind)
+{
+    WipedBuffer<4> first;
+    first.data()[0] = 7;
+    WipedBuffer<4> second;
+    second = std::move(first);
+    EXPECT_EQ(second.data()[0], 7);
+    EXPECT_EQ(first.data()[0], 0);  // NOLINT(bugprone-use-after-move,clang-analyzer-cplusplus.Move)
+}
+
 TEST(Secret, AShortTextIsWipedInsideTheObject)
 {
     Grave<SecretText> grave;
@@ -60,6 +70,26 @@ TEST(Secret, AMovedTextLeavesNothingBehind)
     const SecretText moved = std::move(*text);
     EXPECT_EQ(moved.text(), "short one");
     EXPECT_FALSE(grave.holds("short one"));
+    text->~SecretText();
+}
+
+TEST(Secret, ATextMovedOverAnotherLeavesNothingBehind)
+{
+    Grave<SecretText> grave;
+    auto* text = grave.make("short one");
+    SecretText other(std::string("another"));
+    other = std::move(*text);
+    EXPECT_EQ(other.text(), "short one");
+    EXPECT_FALSE(grave.holds("short one"));
+    text->~SecretText();
+}
+
+TEST(Secret, ATextIsWipedBeforeAnotherIsCopiedOverIt)
+{
+    Grave<SecretText> grave;
+    auto* text = grave.make("short and secret");
+    *text = SecretText(std::string("new"));
+    EXPECT_FALSE(grave.holds("secret"));
     text->~SecretText();
 }
 

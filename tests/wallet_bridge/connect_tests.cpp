@@ -91,7 +91,7 @@ TEST(Disconnect, ForgetsTheWalletAndTheBinding)
 {
     const TestFolder folder;
     bind_to_wallet(folder, phrase_wallet());
-    const std::string registry = folder.read("wallets.json");
+    const std::string list = folder.read("wallets.json");
     const std::string wallet = folder.read("wallets/1/wallet.json");
     ASSERT_TRUE(wallet_ready());
     ASSERT_TRUE(is_wallet_loaded());
@@ -104,7 +104,7 @@ TEST(Disconnect, ForgetsTheWalletAndTheBinding)
     EXPECT_FALSE(folder.has(kRecord));
     EXPECT_FALSE(wallet_ready());
     EXPECT_EQ(observer.lines(), kNotice);
-    EXPECT_EQ(folder.read("wallets.json"), registry);
+    EXPECT_EQ(folder.read("wallets.json"), list);
     EXPECT_EQ(folder.read("wallets/1/wallet.json"), wallet);
 }
 
@@ -132,7 +132,7 @@ TEST(Disconnect, TheNextStartBindsTheOnlyWalletAgain)
 {
     const TestFolder folder;
     bind_to_wallet(folder, phrase_wallet());
-    disconnect_wallet();
+    EXPECT_EQ(disconnect_wallet(), "success");
     bind_at_startup("C:\\Tools\\Brasslet", "Brasslet");
     EXPECT_EQ(bound_wallet_id(), "1");
     EXPECT_TRUE(wallet_ready());

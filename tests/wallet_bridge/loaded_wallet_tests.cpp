@@ -17,8 +17,7 @@ const char* const kHouse = "corvane_paymail.json";
 
 std::string identity_of_test_phrase()
 {
-    WalletKeys keys;
-    return derive_wallet_keys(SecretText(kPhrase), 0, 0, keys) ? keys.identity_key : "";
+    return derive_wallet_keys(SecretText(kPhrase), 0, 0).value().identity_key;
 }
 
 }  // namespace
@@ -173,8 +172,7 @@ TEST(LoadedWallet, TheOrdinalsAddressIsOfTheCounterAndGoesToTheHouseLabelsFile)
     folder.write(kHouse, nlohmann::json{{"names", {{"ann", {{"pubkey", key}}}}}}.dump());
     bind_to_wallet(folder, phrase_wallet({{"recv", {0, 0, 0, 0, 0, 7}}}));
     ASSERT_TRUE(load_wallet(held));
-    WalletKeys keys;
-    ASSERT_TRUE(derive_wallet_keys(SecretText(kPhrase), 0, 7, keys));
+    const WalletKeys keys = derive_wallet_keys(SecretText(kPhrase), 0, 7).value();
     EXPECT_EQ(parse_json(folder.read(kHouse))["names"]["ann"]["ordAddress"], keys.ordinals_address);
 }
 

@@ -148,13 +148,13 @@ TEST(Migration, AFolderWithoutAMarkStaysAWalletThatIsDeleted)
 TEST(Migration, AMarkOfAMoveThatIsDoneGoesAndChangesNothing)
 {
     const TestFolder folder;
-    const std::string registry = R"({"wallets":[{"id":"17"}]})";
+    const std::string list = R"({"wallets":[{"id":"17"}]})";
     folder.write("wallets/17/wallet.json", "the wallet");
-    folder.write("wallets.json", registry);
+    folder.write("wallets.json", list);
     folder.write("corvane_vaultry.json", "of an older application, made since");
     folder.write(kMark, "17");
     migrate_single_wallet();
-    EXPECT_EQ(folder.read("wallets.json"), registry);
+    EXPECT_EQ(folder.read("wallets.json"), list);
     EXPECT_EQ(folder.read("wallets/17/wallet.json"), "the wallet");
     EXPECT_EQ(folder.read("corvane_vaultry.json"), "of an older application, made since");
     EXPECT_FALSE(folder.has(kMark));
@@ -184,7 +184,7 @@ TEST(Migration, AMarkThatIsNoIdNamesNoFolder)
     }
 }
 
-TEST(Migration, KeepsADamagedRegistryBesideTheNewOne)
+TEST(Migration, KeepsADamagedWalletListBesideTheNewOne)
 {
     for (const char* text :
          {"{\"wallets\":[{\"id\":\"1\"", "[{\"id\":\"1\"}]", R"({"wallets":{"id":"1"}})", "\"1\"", " "}) {
@@ -197,7 +197,7 @@ TEST(Migration, KeepsADamagedRegistryBesideTheNewOne)
     }
 }
 
-TEST(Migration, AnEmptyRegistryIsNotWorthKeeping)
+TEST(Migration, AnEmptyWalletListIsNotWorthKeeping)
 {
     for (const char* text : {"", "{}", R"({"wallets":[]})"}) {
         const TestFolder folder;

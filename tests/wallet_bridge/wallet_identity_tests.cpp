@@ -23,9 +23,7 @@ const std::string kGeneratorAddress = "1BgGZ9tcN4rm9KBzDn7KprQz87SZ26SAMH";
 
 WalletKeys keys_of_test_phrase()
 {
-    WalletKeys keys;
-    EXPECT_TRUE(derive_wallet_keys(SecretText(kPhrase), 0, 0, keys));
-    return keys;
+    return derive_wallet_keys(SecretText(kPhrase), 0, 0).value();
 }
 
 nlohmann::json house(const TestFolder& folder)
@@ -149,11 +147,11 @@ TEST(WalletIdentity, ALabelThatAnotherIdentityHoldsIsNeverThisWallets)
 {
     const TestFolder folder;
     bind_to_wallet(folder, phrase_wallet({{"paymail", "Ann"}}));
-    const std::string registry = R"({"names":{"ann":{"pubkey":"03cd"}},"self":"ann"})";
-    folder.write(kHouse, registry);
+    const std::string labels = R"({"names":{"ann":{"pubkey":"03cd"}},"self":"ann"})";
+    folder.write(kHouse, labels);
     EXPECT_EQ(wallet_paymail(), "");
     EXPECT_TRUE(events_of_refresh().empty());
-    EXPECT_EQ(folder.read(kHouse), registry);
+    EXPECT_EQ(folder.read(kHouse), labels);
     EXPECT_EQ(list_wallets()[0].name, "Savings");
     EXPECT_EQ(parse_json(folder.read(kWallet))["paymail"], "Ann");
 }

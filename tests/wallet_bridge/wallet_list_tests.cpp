@@ -140,22 +140,22 @@ TEST(WalletList, TwoProcessesThatAddEntriesLoseNone)
     EXPECT_EQ(second_count, kEntries);
 }
 
-TEST(WalletList, AWriterKilledAtAnyMomentLeavesTheOldOrTheNewRegistry)
+TEST(WalletList, AWriterKilledAtAnyMomentLeavesTheOldOrTheNewList)
 {
     const TestFolder folder;
     constexpr std::size_t kWallets = 100;
     std::mt19937 random(1);
     int registries_with_a = 0;
     for (int kill = 0; kill < 200; ++kill) {
-        ChildProcess writer({folder.path(), "write-registry", std::to_string(kWallets)});
+        ChildProcess writer({folder.path(), "write-wallet-list", std::to_string(kWallets)});
         ASSERT_EQ(writer.read_line(), "writing");
         std::this_thread::sleep_for(std::chrono::microseconds(random() % 8000));
         writer.kill();
-        const auto registry = parse_json(folder.read("wallets.json"));
-        ASSERT_TRUE(registry.is_object()) << "kill " << kill << ": " << folder.read("wallets.json");
-        ASSERT_EQ(registry["wallets"].size(), kWallets);
-        const auto name = registry["wallets"][0]["name"];
-        EXPECT_EQ(registry["wallets"][kWallets - 1]["name"], name);
+        const auto list = parse_json(folder.read("wallets.json"));
+        ASSERT_TRUE(list.is_object()) << "kill " << kill << ": " << folder.read("wallets.json");
+        ASSERT_EQ(list["wallets"].size(), kWallets);
+        const auto name = list["wallets"][0]["name"];
+        EXPECT_EQ(list["wallets"][kWallets - 1]["name"], name);
         registries_with_a += name == std::string(20, 'a') ? 1 : 0;
     }
     EXPECT_GT(registries_with_a, 0);

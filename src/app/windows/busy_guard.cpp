@@ -8,9 +8,9 @@
 #include "flows/publish.h"
 #include "flows/remove.h"
 #include "platform/windows/shell.h"
-#include "plugin/package.h"
 #include "site/site_address.h"
 #include "text/ascii.h"
+#include "wallet_bridge/shared_files.h"
 
 #include <utility>
 
@@ -78,7 +78,7 @@ void on_flow_result(const std::wstring& sentence)
 
 void show_plugin_upload(std::string site, HWND owner)
 {
-    show_in_explorer(plugin_zip_path(), owner);
+    show_in_explorer(plugin_package_path(), owner);
     const SiteAddress address = normalise_site(site);
     if (address.ok) open_page(address.base + "/wp-admin/plugin-install.php?tab=upload", owner);
 }

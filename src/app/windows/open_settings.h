@@ -6,7 +6,7 @@
 void open_settings();
 
 // What stands in the settings window's fields, when it is open, becomes the settings.
-SettingsNotice copy_open_settings();
+[[nodiscard]] SettingsNotice copy_open_settings();
 
 // The first reading of the file. What the user should know of it is shown as soon as there is a status line.
 void read_settings();

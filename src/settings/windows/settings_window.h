@@ -20,7 +20,7 @@ struct SettingsWindowHost {
 void open_settings_window(const SettingsWindowHost& host);
 
 // Copies the fields of the open window `window` to where its host keeps the settings.
-SettingsNotice copy_settings_fields(HWND window);
+[[nodiscard]] SettingsNotice copy_settings_fields(HWND window);
 
 // Puts the site and the user of the host's settings into the fields of the open window `window`.
 void show_settings_fields(HWND window);

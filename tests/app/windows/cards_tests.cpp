@@ -38,7 +38,7 @@ protected:
 
     static void keep(const std::string& paymail)
     {
-        keep_payname({paymail, identity_pubkey().value_or(""), wallet_address().value_or("")});
+        ASSERT_TRUE(keep_payname({paymail, identity_pubkey().value_or(""), wallet_address().value_or("")}));
     }
 
     void save_name(const std::string& name) const { m_folder.write("payname/ui.json", pretty_json({{"alias", name}})); }

@@ -21,9 +21,7 @@ constexpr wchar_t kWaits[] = L"Waiting for Vaultry to approve.";
 
 WalletKeys keys_of_shop()
 {
-    WalletKeys keys;
-    EXPECT_TRUE(derive_wallet_keys(SecretText(kPhrase), 5, 0, keys));
-    return keys;
+    return derive_wallet_keys(SecretText(kPhrase), 5, 0).value();
 }
 
 // Connect has been pressed, the request is there, nobody has answered yet.

@@ -22,9 +22,7 @@ void approve(const TestFolder& folder, const std::string& id)
 
 WalletKeys keys_of_shop()
 {
-    WalletKeys keys;
-    EXPECT_TRUE(derive_wallet_keys(SecretText(kPhrase), 5, 0, keys));
-    return keys;
+    return derive_wallet_keys(SecretText(kPhrase), 5, 0).value();
 }
 
 }  // namespace

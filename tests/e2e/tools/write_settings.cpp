@@ -15,11 +15,11 @@ int main(int count, char** words)
     settings.site = words[1];
     settings.user = words[2];
     settings.pass = StoredPassword(SecretText(std::move(password)));
-    save_settings(settings, count > 3 ? words[3] : "");
+    if (save_settings(settings, count > 3 ? words[3] : "") != SettingsNotice::none) return 1;
 
     SiteSettings written;
-    load_settings(written);
-    const bool kept = written.site == settings.site && written.user == settings.user &&
+    const bool kept = load_settings(written) == SettingsNotice::none && written.site == settings.site &&
+                      written.user == settings.user &&
                       written.pass.in_clear().text() == settings.pass.in_clear().text();
     return kept ? 0 : 1;
 }

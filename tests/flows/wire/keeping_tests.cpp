@@ -1,4 +1,4 @@
-// The last step of a verification: the row in the registry on this PC, and what may keep it from being written.
+// The last step of a verification: the row among the kept names on this PC, and what may keep it from being written.
 #include "kit/wire/publishing.h"
 #include "kit/wire/verifying.h"
 #include "paymail/kept_names.h"
@@ -7,11 +7,11 @@ namespace {
 
 constexpr char kOthers[] = R"({"names":[{"paymail":"bob@x.org"}]})";
 
-// From the first access to the registry on, that file and every later one is held by another program.
-void hold_the_registry()
+// From the first access to the kept names on, their file and every later one is held by another program.
+void hold_the_kept_names()
 {
     stand_in().files.on_use = [](const std::string& path) {
-        if (path.ends_with(kRegistry)) stand_in().files.reads_fail = true;
+        if (path.ends_with(kKeptNames)) stand_in().files.reads_fail = true;
     };
 }
 
@@ -19,7 +19,7 @@ void hold_the_registry()
 
 TEST_F(Verifying, ANameThatIsAlreadyKeptIsUpdatedInItsRow)
 {
-    wallet.folder.write(kRegistry,
+    wallet.folder.write(kKeptNames,
                         R"({"names":[{"paymail":"bob@x.org"},{"paymail":"ALICE@brasslet.test","pubkey":"old",)"
                         R"("address":"old","note":"mine"},{"paymail":"carol@x.org"}]})");
     expect_kept();
@@ -37,7 +37,7 @@ TEST_F(Verifying, WithoutAFolderForTheFileNothingIsKept)
 
 TEST_F(Verifying, AFileThatMayNotBeWrittenKeepsItsOtherNames)
 {
-    wallet.folder.write(kRegistry, kOthers);
+    wallet.folder.write(kKeptNames, kOthers);
     stand_in().files.writes_fail = true;
     expect_refused("Could not keep the name on this PC.");
     EXPECT_EQ(kept_names(), kOthers);
@@ -45,7 +45,7 @@ TEST_F(Verifying, AFileThatMayNotBeWrittenKeepsItsOtherNames)
 
 TEST_F(Verifying, AFullDiskKeepsTheOtherNames)
 {
-    wallet.folder.write(kRegistry, kOthers);
+    wallet.folder.write(kKeptNames, kOthers);
     stand_in().files.largest_file = sizeof kOthers;
     expect_refused("Could not keep the name on this PC.");
     EXPECT_EQ(kept_names(), kOthers);
@@ -53,8 +53,8 @@ TEST_F(Verifying, AFullDiskKeepsTheOtherNames)
 
 TEST_F(Verifying, AFileThatCannotBeReadIsNeverWrittenOver)
 {
-    wallet.folder.write(kRegistry, kOthers);
-    hold_the_registry();
+    wallet.folder.write(kKeptNames, kOthers);
+    hold_the_kept_names();
     const Verification verification = verify_and_keep(kName, {wallet.key, wallet.address});
     stand_in().files = {};
     EXPECT_FALSE(verification.is_kept);
@@ -64,8 +64,8 @@ TEST_F(Verifying, AFileThatCannotBeReadIsNeverWrittenOver)
 
 TEST_F(Publishing, ANameThatThisPcCannotKeepIsToldToTheUserAndNotToTheWalletApplication)
 {
-    wallet.folder.write(kRegistry, kOthers);
-    hold_the_registry();
+    wallet.folder.write(kKeptNames, kOthers);
+    hold_the_kept_names();
     EXPECT_EQ(publish_sentence(settings), "Could not keep the name on this PC.");
     stand_in().files = {};
     stand_in().files.writes_fail = true;

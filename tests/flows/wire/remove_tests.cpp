@@ -12,7 +12,7 @@ namespace {
 using testing::HasSubstr;
 
 constexpr char kNamePath[] = "DELETE /wp-json/brasslet/v1/name";
-constexpr char kRegistry[] = "payname/payname.json";
+constexpr char kKeptNames[] = "payname/payname.json";
 constexpr char kRemoved[] = "Removed alice@brasslet.test.";
 constexpr char kSiteKept[] = "The site kept the name.";
 constexpr char kInstall[] = "Press Install plugin and upload the zip over the one on the site.";
@@ -22,7 +22,7 @@ class Removing : public NetTest {
 protected:
     Removing()
     {
-        folder.write(kRegistry, R"({"names":[{"paymail":"alice@brasslet.test"}]})");
+        folder.write(kKeptNames, R"({"names":[{"paymail":"alice@brasslet.test"}]})");
         answer(kStatusPath, kCurrentPlugin);
         answer(kNamePath, R"({"ok":true,"host":"brasslet.test","aliases":[]})");
     }
@@ -30,7 +30,7 @@ protected:
     {
         EXPECT_EQ(remove_sentence(settings), sentence);
         const bool is_removed = sentence.starts_with("Removed ");
-        EXPECT_EQ(folder.has(kRegistry), !is_removed);
+        EXPECT_EQ(folder.has(kKeptNames), !is_removed);
         EXPECT_EQ(stand_in().wallet_app_notices, is_removed ? 1 : 0);
     }
 
@@ -47,17 +47,17 @@ TEST_F(Removing, TheNameLeavesTheSiteAndThisPcAndTheWalletApplicationIsTold)
 
 TEST_F(Removing, OtherNamesStay)
 {
-    folder.write(kRegistry, R"({"names":[{"paymail":"Alice@Brasslet.test"},{"paymail":"bob@brasslet.test"},)"
-                            R"({"paymail":"alice@other.test"}]})");
+    folder.write(kKeptNames, R"({"names":[{"paymail":"Alice@Brasslet.test"},{"paymail":"bob@brasslet.test"},)"
+                             R"({"paymail":"alice@other.test"}]})");
     EXPECT_EQ(remove_sentence(settings), kRemoved);
-    EXPECT_THAT(folder.read(kRegistry), HasSubstr("bob@brasslet.test"));
-    EXPECT_THAT(folder.read(kRegistry), HasSubstr("alice@other.test"));
-    EXPECT_THAT(folder.read(kRegistry), testing::Not(HasSubstr("Alice@Brasslet.test")));
+    EXPECT_THAT(folder.read(kKeptNames), HasSubstr("bob@brasslet.test"));
+    EXPECT_THAT(folder.read(kKeptNames), HasSubstr("alice@other.test"));
+    EXPECT_THAT(folder.read(kKeptNames), testing::Not(HasSubstr("Alice@Brasslet.test")));
 }
 
 TEST_F(Removing, ANameThatThisPcNeverKeptIsRemovedFromTheSite)
 {
-    folder.write(kRegistry, R"({"names":[{"paymail":"bob@brasslet.test"}]})");
+    folder.write(kKeptNames, R"({"names":[{"paymail":"bob@brasslet.test"}]})");
     EXPECT_EQ(remove_sentence(settings), kRemoved);
     EXPECT_EQ(stand_in().wallet_app_notices, 1);
 }
@@ -160,21 +160,21 @@ TEST_F(Removing, WhatTheReplySaysPlaysNoPart)
 
 TEST_F(Removing, TheNameIsForgottenAtTheHostThatTheSiteCallsItsOwnToo)
 {
-    folder.write(kRegistry, R"({"names":[{"paymail":"alice@brasslet.test"},{"paymail":"bob@brasslet.test"},)"
-                            R"({"paymail":"alice@www.brasslet.test"},{"paymail":"alice@other.test"}]})");
+    folder.write(kKeptNames, R"({"names":[{"paymail":"alice@brasslet.test"},{"paymail":"bob@brasslet.test"},)"
+                             R"({"paymail":"alice@www.brasslet.test"},{"paymail":"alice@other.test"}]})");
     settings.site = "www.brasslet.test";
     answer(kStatusPath, R"({"ok":true,"login":"names","host":"Brasslet.TEST"})");
     EXPECT_EQ(remove_sentence(settings), "Removed alice@www.brasslet.test.");
-    EXPECT_THAT(folder.read(kRegistry), testing::Not(HasSubstr("alice@brasslet.test")));
-    EXPECT_THAT(folder.read(kRegistry), testing::Not(HasSubstr("alice@www.brasslet.test")));
-    EXPECT_THAT(folder.read(kRegistry), HasSubstr("bob@brasslet.test"));
-    EXPECT_THAT(folder.read(kRegistry), HasSubstr("alice@other.test"));
+    EXPECT_THAT(folder.read(kKeptNames), testing::Not(HasSubstr("alice@brasslet.test")));
+    EXPECT_THAT(folder.read(kKeptNames), testing::Not(HasSubstr("alice@www.brasslet.test")));
+    EXPECT_THAT(folder.read(kKeptNames), HasSubstr("bob@brasslet.test"));
+    EXPECT_THAT(folder.read(kKeptNames), HasSubstr("alice@other.test"));
 }
 
 TEST_F(Removing, ANameOfASiteOutsideAsciiIsForgottenAsItWasKept)
 {
     ASSERT_NE(std::setlocale(LC_CTYPE, "C.UTF-8"), nullptr);  // for libcurl, which on Windows takes UTF-8 anyway
-    folder.write(kRegistry, R"({"names":[{"paymail":"alice@xn--bcher-kva.test"}]})");
+    folder.write(kKeptNames, R"({"names":[{"paymail":"alice@xn--bcher-kva.test"}]})");
     settings.site = "b\xC3\xBC"
                     "cher.test";
     expect_sentence("Removed alice@b\u00fc"

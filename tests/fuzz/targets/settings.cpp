@@ -52,7 +52,7 @@ void check(std::string_view bytes)
     put_file(kFile, bytes);
     const FilesOnDisk before = files_on_disk();
     SiteSettings taken = settings_before();
-    load_settings(taken);
+    const SettingsNotice notice = load_settings(taken);
     const std::string name = saved_name();
     require(files_on_disk() == before, "loading changes nothing on the disk");
     require(taken.alias == "before", "the name of the last flow is not the file's");
@@ -60,17 +60,18 @@ void check(std::string_view bytes)
         require(is_same(taken, settings_before()) && name.empty(), "a file that is no object gives nothing");
 
     SiteSettings loaded;
-    load_settings(loaded);
-    save_settings(loaded, name);
+    require(load_settings(loaded) == notice, "the same file has the same notice");
+    require(save_settings(loaded, name) != SettingsNotice::not_saved, "what was loaded can be saved");
     const std::string text = files_on_disk().at(kFile);
     if (const std::string foreign = foreign_members(bytes); !foreign.empty())
         require(foreign_members(text) == foreign, "what the program does not know stays as it stands");
     else
         require(is_on_disk(bytes), "a damaged file is kept");
     SiteSettings again;
-    load_settings(again);
+    const SettingsNotice of_saved = load_settings(again);
+    require(of_saved == notice || notice == SettingsNotice::damaged, "a save leaves a file no worse than it was");
     require(is_same(again, loaded) && saved_name() == name, "the settings survive a save and a load");
-    save_settings(again, name);
+    require(save_settings(again, name) != SettingsNotice::not_saved, "and once more");
     require(files_on_disk().at(kFile) == text, "saving them again changes nothing");
 }
 

@@ -44,9 +44,9 @@ int add_entries(const std::string& prefix, int count)
     say("adding");
     for (int i = 0; i < count; ++i) {
         const RegistryLock lock;
-        auto registry = read_registry(lock);
-        registry["wallets"].push_back({{"id", prefix + std::to_string(i)}});
-        if (!write_registry(lock, registry)) return 1;
+        auto list = read_registry(lock);
+        list["wallets"].push_back({{"id", prefix + std::to_string(i)}});
+        if (!write_registry(lock, list)) return 1;
     }
     return 0;
 }
@@ -72,21 +72,21 @@ int save_wallet_for_ever()
     }
 }
 
-nlohmann::json registry_of(int size, char letter)
+nlohmann::json list_of(int size, char letter)
 {
-    nlohmann::json registry = {{"wallets", nlohmann::json::array()}};
+    nlohmann::json list = {{"wallets", nlohmann::json::array()}};
     for (int i = 0; i < size; ++i)
-        registry["wallets"].push_back({{"id", std::to_string(i)}, {"name", std::string(20, letter)}});
-    return registry;
+        list["wallets"].push_back({{"id", std::to_string(i)}, {"name", std::string(20, letter)}});
+    return list;
 }
 
-// Two registries in turns, until it is killed: `size` wallets with the letter "a" in their names, or with "b".
-int write_registry_for_ever(int size)
+// Two lists in turns, until it is killed: `size` wallets with the letter "a" in their names, or with "b".
+int write_wallet_list_for_ever(int size)
 {
-    const nlohmann::json registries[] = {registry_of(size, 'a'), registry_of(size, 'b')};
+    const nlohmann::json lists[] = {list_of(size, 'a'), list_of(size, 'b')};
     for (unsigned turn = 0;; ++turn) {
         const RegistryLock lock;
-        if (!write_registry(lock, registries[turn % 2])) return 1;
+        if (!write_registry(lock, lists[turn % 2])) return 1;
         if (turn == 0) say("writing");
     }
 }
@@ -120,7 +120,7 @@ int run(const std::vector<std::string>& words)
     if (task == "migrate") return migrate();
     if (task == "save-wallet") return save_wallet_for_ever();
     if (task == "add-entries") return add_entries(words.at(2), std::stoi(words.at(3)));
-    if (task == "write-registry") return write_registry_for_ever(std::stoi(words.at(2)));
+    if (task == "write-wallet-list") return write_wallet_list_for_ever(std::stoi(words.at(2)));
     if (task == "rewrite") return rewrite_for_ever(words.at(2), std::stoul(words.at(3)), std::stoul(words.at(4)));
 #ifdef _WIN32
     if (task == "hold-open") return hold_open(words.at(2), FILE_SHARE_READ);

@@ -9,7 +9,7 @@
 inline constexpr char kDiscoveryPath[] = "GET /.well-known/bsvalias";
 inline constexpr char kPkiPath[] = "GET /id/alice@brasslet.test";
 inline constexpr char kPayPath[] = "POST /pay/alice@brasslet.test";
-inline constexpr char kRegistry[] = "payname/payname.json";
+inline constexpr char kKeptNames[] = "payname/payname.json";
 
 std::string discovery_document(const std::string& host);
 std::string upper_ascii(std::string text);
@@ -19,7 +19,7 @@ class PayingSite : public NetTest {
 protected:
     PayingSite();
 
-    std::string kept_names() const { return wallet.folder.read(kRegistry); }
+    std::string kept_names() const { return wallet.folder.read(kKeptNames); }
 
     // What the wallet application may do meanwhile: at its `reading`th reading, and only then, the wallet file holds
     // `text`.

@@ -112,7 +112,8 @@ class LibcurlOptions : public NetTest {};
 
 TEST_F(LibcurlOptions, OfASiteRequestWithAllThatItCanCarry)
 {
-    site_request({"DELETE", kUrl, SecretText("{}"), {"u", SecretText("p")}});
+    const HttpReply reply = site_request({"DELETE", kUrl, SecretText("{}"), {"u", SecretText("p")}});
+    EXPECT_EQ(reply.status, 404);
     const long time = options_set().at(CURLOPT_TIMEOUT_MS);
     EXPECT_GT(time, 19'000);
     EXPECT_LE(time, 20'000);
@@ -128,7 +129,8 @@ TEST_F(LibcurlOptions, OfASiteRequestWithAllThatItCanCarry)
 
 TEST_F(LibcurlOptions, OfASiteRequestWithNothing)
 {
-    site_request({"GET", kUrl, {}, {{}, SecretText("p")}});
+    const HttpReply reply = site_request({"GET", kUrl, {}, {{}, SecretText("p")}});
+    EXPECT_EQ(reply.status, 404);
     EXPECT_THAT(options_set(),
                 UnorderedElementsAre(
                     Pair(CURLOPT_URL, 0), Pair(CURLOPT_PROTOCOLS_STR, 0), Pair(CURLOPT_REDIR_PROTOCOLS_STR, 0),
@@ -140,7 +142,8 @@ TEST_F(LibcurlOptions, OfASiteRequestWithNothing)
 
 TEST_F(LibcurlOptions, OfAJsonPost)
 {
-    post_json({kUrl, "{}", std::chrono::seconds(7), 1});
+    const HttpReply reply = post_json({kUrl, "{}", std::chrono::seconds(7), 1});
+    EXPECT_EQ(reply.status, 404);
     EXPECT_THAT(
         options_set(),
         UnorderedElementsAre(Pair(CURLOPT_URL, 0), Pair(CURLOPT_PROTOCOLS_STR, 0), Pair(CURLOPT_REDIR_PROTOCOLS_STR, 0),

@@ -60,11 +60,11 @@ TEST(UserProtection, NoFormOfThePasswordStandsInTheSettingsFile)
     const TestFolder folder;
     SiteSettings settings;
     settings.pass = StoredPassword(SecretText("abcdefghijklmnopqrstuvwx"));
-    save_settings(settings, "bob");
+    ASSERT_EQ(save_settings(settings, "bob"), SettingsNotice::none);
     const std::string text = folder.read("payname/ui.json");
     EXPECT_EQ(text.find("abcdefgh"), std::string::npos);
     EXPECT_EQ(text.find("YWJjZGVmZ2"), std::string::npos);  // its base64
     SiteSettings loaded;
-    load_settings(loaded);
+    EXPECT_EQ(load_settings(loaded), SettingsNotice::none);
     EXPECT_EQ(loaded.pass.in_clear().text(), "abcdefghijklmnopqrstuvwx");
 }

@@ -3,6 +3,7 @@
 
 #include "kit/stand_in/stand_in.h"
 #include "kit/test_folder.h"
+#include "wallet_bridge/shared_files.h"
 
 #include <gtest/gtest.h>
 
@@ -15,7 +16,7 @@ void expect_old_zip_stays(const FileFaults& faults)
     const TestFolder folder;
     folder.write(kZip, "the old zip");
     stand_in().files = faults;
-    EXPECT_FALSE(write_plugin_zip(plugin_zip_path(), "the new plugin"));
+    EXPECT_FALSE(write_plugin_zip(plugin_package_path(), "the new plugin"));
     stand_in().files = {};
     EXPECT_EQ(folder.read(kZip), "the old zip");
     EXPECT_FALSE(folder.has("payname/brasslet.zip.tmp"));

@@ -4,6 +4,7 @@
 #include "platform/files.h"
 #include "settings/settings_store.h"
 #include "settings/site_settings.h"
+#include "settings/stored_settings.h"
 
 #include <gtest/gtest.h>
 
@@ -20,7 +21,7 @@ protected:
         kept.site = "kept.example";
         kept.user = "admin";
         kept.pass = StoredPassword(SecretText("abcdefgh"));
-        save_settings(kept, "ann");
+        EXPECT_EQ(save_settings(kept, "ann"), SettingsNotice::none);
         text = folder.read(kFile);
         stand_in().files.reads_fail = true;
         notice = load_settings(settings);
@@ -29,9 +30,7 @@ protected:
     SiteSettings on_disk() const
     {
         let_it_be_read();
-        SiteSettings loaded;
-        load_settings(loaded);
-        return loaded;
+        return loaded();
     }
 
     const TestFolder folder;
@@ -87,7 +86,7 @@ TEST_F(UnreadableSettings, GiveWayToAllThatWasTyped)
 {
     EXPECT_EQ(take_typed({"typed.example", "zoe", SecretText("qqqqwwww")}, settings), SettingsNotice::none);
     let_it_be_read();
-    save_settings(settings, "bob");
+    EXPECT_EQ(save_settings(settings, "bob"), SettingsNotice::none);
     EXPECT_EQ(on_disk().site + on_disk().user + on_disk().pass.in_clear().text(), "typed.examplezoeqqqqwwww");
     EXPECT_EQ(saved_name(), "bob");
 }
@@ -108,9 +107,9 @@ TEST_F(UnreadableSettings, AreReadWhenTheyCanBe)
 TEST_F(UnreadableSettings, OnceReadAreSavedAsTheyWereTyped)
 {
     let_it_be_read();
-    load_what_waits(settings);
+    EXPECT_EQ(load_what_waits(settings), SettingsNotice::none);
     EXPECT_EQ(take_typed({"", "zoe", SecretText()}, settings), SettingsNotice::none);
-    save_settings(settings, "");
+    EXPECT_EQ(save_settings(settings, ""), SettingsNotice::none);
     EXPECT_EQ(on_disk().site, "");
     EXPECT_EQ(on_disk().user, "zoe");
     EXPECT_EQ(saved_name(), "");
@@ -159,7 +158,7 @@ TEST(SettingsFaults, SettingsThatCanNoLongerBeReadAreNotWrittenOver)
     const TestFolder folder;
     SiteSettings settings;
     settings.user = "ann";
-    save_settings(settings, "");
+    EXPECT_EQ(save_settings(settings, ""), SettingsNotice::none);
     const std::string text = folder.read(kFile);
     stand_in().files.reads_fail = true;
     settings.user = "zoe";
@@ -183,7 +182,7 @@ TEST(SettingsFaults, AFullDiskIsPassedOverInSilence)
 {
     const TestFolder folder;
     SiteSettings settings;
-    save_settings(settings, "a");
+    EXPECT_EQ(save_settings(settings, "a"), SettingsNotice::none);
     const std::string text = folder.read(kFile);
     stand_in().files.largest_file = text.size();
     EXPECT_EQ(save_settings(settings, "a longer name"), SettingsNotice::none);
@@ -196,7 +195,7 @@ TEST(SettingsFaults, APasswordThatCannotBeProtectedIsNotSavedAndToldOf)
     SiteSettings settings;
     stand_in().protection_works = false;
     EXPECT_EQ(take_typed({"s", "u", SecretText("a password")}, settings), SettingsNotice::password_is_lost);
-    save_settings(settings, "");
+    EXPECT_EQ(save_settings(settings, ""), SettingsNotice::none);
     EXPECT_EQ(folder.read(kFile), "{\n  \"alias\": \"\",\n  \"pass\": \"\",\n  \"site\": \"s\",\n  \"user\": \"u\"\n}");
 }
 
@@ -204,8 +203,8 @@ TEST(SettingsFaults, UnchangedSettingsAreNotWrittenAgain)
 {
     const TestFolder folder;
     SiteSettings settings;
-    save_settings(settings, "a");
+    EXPECT_EQ(save_settings(settings, "a"), SettingsNotice::none);
     stand_in().files.written.clear();
-    save_settings(settings, "a");
+    EXPECT_EQ(save_settings(settings, "a"), SettingsNotice::none);
     EXPECT_TRUE(stand_in().files.written.empty());
 }

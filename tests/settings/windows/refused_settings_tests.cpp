@@ -40,7 +40,7 @@ protected:
     {
         SiteSettings kept;
         kept.user = "ann";
-        save_settings(kept, "bob");
+        EXPECT_EQ(save_settings(kept, "bob"), SettingsNotice::none);
         text = folder.read("payname/ui.json");
     }
 

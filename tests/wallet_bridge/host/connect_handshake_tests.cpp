@@ -115,7 +115,7 @@ TEST_F(ConnectHandshake, AnObserverMayAskForTheWalletAtEveryLine)
     EXPECT_EQ(answers, 2);  // the house paymail, and the wallet's name
     EXPECT_EQ(connect_wallet(), "success");
     EXPECT_EQ(answers, 3);
-    disconnect_wallet();
+    EXPECT_EQ(disconnect_wallet(), "success");
     EXPECT_EQ(answers, 3);
 }
 
@@ -266,6 +266,6 @@ TEST_F(ConnectHandshake, OtherThreadsMayAskForTheWalletWhileItWaits)
         is_free = wallet_state().wallet.is_free();
         reply(R"({"ok":false})");
     };
-    connect_wallet();
+    EXPECT_TRUE(connect_wallet().starts_with("error: "));
     EXPECT_TRUE(is_free);
 }

@@ -148,7 +148,7 @@ TEST_F(DocumentedFiles, TheSettings)
     settings.site = "https://brasslet.test";
     settings.user = "owner";
     settings.pass = StoredPassword(SecretText("abcdefgh"));
-    save_settings(settings, "alice");
+    ASSERT_EQ(save_settings(settings, "alice"), SettingsNotice::none);
     nlohmann::json written = parse_json(folder.read("payname/ui.json"));
     EXPECT_NE(text_member(written, "pass"), "");
     written["pass"] = text_member(parse_json(example("payname/ui.json")), "pass");

@@ -1,5 +1,5 @@
-// The move of an older wallet into the registry, refused or cut short at every step, and brought to its end by the next
-// start: the wallet is never lost, never where nobody looks for it, and never without its seal.
+// The move of an older wallet into the wallet list, refused or cut short at every step, and brought to its end by the
+// next start: the wallet is never lost, never where nobody looks for it, and never without its seal.
 #include "kit/stand_in/stand_in.h"
 #include "kit/test_folder.h"
 #include "text/json.h"
@@ -31,7 +31,7 @@ std::string new_file(const std::string& id)
     return "wallets/" + id + "/wallet.json";
 }
 
-// As a wallet application finds it that looks at the registry and at the older file, or a next start at the mark.
+// As a wallet application finds it that looks at the wallet list and at the older file, or a next start at the mark.
 void expect_nothing_lost(const TestFolder& folder, int step)
 {
     const std::string id = folder.read(kMark);
@@ -134,12 +134,12 @@ TEST(MigrationFaults, WhenTheListCannotBeWrittenAllIsMovedBack)
 {
     const TestFolder folder;
     put_old_wallet(folder);
-    const std::string registry = folder.read("wallets.json");
+    const std::string list = folder.read("wallets.json");
     stand_in().files.replaces_fail = true;
     migrate_single_wallet();
     EXPECT_EQ(folder.read(kOld), "the wallet");
     EXPECT_EQ(folder.read(kOldSeal), "the seal");
-    EXPECT_EQ(folder.read("wallets.json"), registry);
+    EXPECT_EQ(folder.read("wallets.json"), list);
     EXPECT_FALSE(folder.has(kMark));
 }
 
@@ -177,12 +177,12 @@ TEST(MigrationFaults, WithoutAMarkNothingMoves)
 {
     const TestFolder folder;
     put_old_wallet(folder);
-    const std::string registry = folder.read("wallets.json");
+    const std::string list = folder.read("wallets.json");
     stand_in().files.refuses = [&folder](const std::string& path) { return path == folder.data() + "/" + kMark; };
     migrate_single_wallet();
     EXPECT_EQ(folder.read(kOld), "the wallet");
     EXPECT_EQ(folder.read(kOldSeal), "the seal");
-    EXPECT_EQ(folder.read("wallets.json"), registry);
+    EXPECT_EQ(folder.read("wallets.json"), list);
     EXPECT_FALSE(folder.has("wallets"));
 }
 
@@ -196,7 +196,7 @@ TEST(MigrationFaults, AnUnreadableMarkIsWaitedFor)
     EXPECT_TRUE(list_wallets().empty());
 }
 
-TEST(MigrationFaults, ADamagedRegistryThatCannotBeKeptIsNotReplaced)
+TEST(MigrationFaults, ADamagedWalletListThatCannotBeKeptIsNotReplaced)
 {
     const TestFolder folder;
     put_old_wallet(folder);

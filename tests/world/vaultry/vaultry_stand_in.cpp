@@ -1,5 +1,5 @@
 // Stands in for the wallet application where a test needs a running one: a top-level window of its class that counts
-// the messages that tell it to read the registry of paynames again, a holder of the lock that both programs share, and
+// the messages that tell it to read the kept names again, a holder of the lock that both programs share, and
 // a user who answers connect requests.
 //
 //   vaultry_stand_in.exe COUNT_FILE [--show hidden|visible|minimised] [--hold-lock-until FILE] [--connect ANSWER]
