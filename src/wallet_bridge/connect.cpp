@@ -26,7 +26,7 @@ std::string failed(const char* message)
     return message;
 }
 
-// What an approval names: the wallet's id, empty when it names none. Nothing when the reply is no approval.
+// What an approval names: the wallet's id, empty when it names none. Empty optional when the reply does not approve.
 std::optional<std::string> approved_wallet_id(const json& reply)
 {
     if (!reply.is_object()) return std::nullopt;

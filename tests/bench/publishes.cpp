@@ -2,6 +2,7 @@
 // by bare libcurl calls: the same method, address, headers and body, one after the other, a fresh handle and so a fresh
 // connection for each, as the program does it too. bench_publishes PAIRS SITE USER ALIAS KEY ADDRESS; the application
 // password comes on standard input.
+#include "app/windows/controls.h"
 #include "bench/pairs.h"
 #include "bench/require.h"
 #include "net/chain_service.h"
@@ -22,8 +23,6 @@
 
 namespace {
 
-constexpr int kPublishButton = 1006;
-constexpr int kStatusLine = 1008;
 constexpr int kPatience = 60'000;  // milliseconds
 
 std::size_t take(const char* bytes, std::size_t, std::size_t count, void* body)

@@ -4,6 +4,7 @@ import contextlib
 import json
 import os
 import pathlib
+import re
 import shutil
 import subprocess
 import time
@@ -18,10 +19,25 @@ VAULTRY = BUILD / "tests/world/vaultry/vaultry_stand_in.exe"
 # The phrase of a published test vector (BIP39), and what its wallet shows to the world.
 PHRASE = "legal winner thank year wave sausage worth useful legal winner thank yellow"
 
-NAME, PREVIEW, HOUSE_PAYMAIL, PAYMENT_ADDRESS, NOTE = 1004, 1012, 1010, 1011, 1013
-CONNECT, UNBIND, SETTINGS, INSTALL, PUBLISH, REMOVE = 1001, 1002, 1003, 1005, 1006, 1007
-STATUS, VERSION, CLOSE = 1008, 1009, 1018
-SETTINGS_WINDOW, SITE, USER, PASSWORD, CLOSE_SETTINGS, EYE = 2000, 2001, 2002, 2003, 2004, 2009
+CONTROLS = ("src/app/windows/controls.h", "src/settings/windows/settings_window_controls.h")
+
+
+def ids(*names: str) -> list:
+    """Of the controls with these names in the program's sources."""
+    known = {}
+    for header in CONTROLS:
+        known |= dict(re.findall(r"(k\w+) = (\d+),", (ROOT / header).read_text(encoding="utf-8")))
+    return [int(known[name]) for name in names]
+
+
+NAME, PREVIEW, NOTE = ids("kNameField", "kNamePreview", "kKeptNames")
+HOUSE_PAYMAIL, PAYMENT_ADDRESS = ids("kHousePaymail", "kPaymentAddress")
+CONNECT, UNBIND, SETTINGS = ids("kConnectButton", "kUnbindButton", "kSettingsButton")
+INSTALL, PUBLISH, REMOVE = ids("kInstallButton", "kPublishButton", "kRemoveButton")
+STATUS, VERSION, CLOSE = ids("kStatusLine", "kVersionLabel", "kCloseButton")
+SITE, USER, PASSWORD = ids("kSiteField", "kUserField", "kPasswordField")
+CLOSE_SETTINGS, EYE = ids("kCloseSettingsButton", "kShowPasswordButton")
+SETTINGS_WINDOW = 2000  # of the driving tool, for the settings window itself
 
 
 def data_directory() -> pathlib.Path:

@@ -1,4 +1,6 @@
 """run_program.py tells of every test, whatever becomes of the process that it runs in."""
+import fnmatch
+import re
 import subprocess
 import sys
 import xml.etree.ElementTree as ElementTree
@@ -73,3 +75,15 @@ def test_a_process_that_ends_badly_after_its_last_test_is_a_failure(tmp_path):
     assert done.returncode == 1
     assert cases.pop("result: the process itself")[0][0] == "error"
     assert set(cases) == {"Suite.Passes", "Suite.PassesToo"}
+
+
+def test_what_needs_a_process_of_its_own_is_there_and_says_why():
+    """A row whose test has another name by now would let that test run among the others."""
+    sources = "".join(path.read_text(encoding="utf-8") for path in (ROOT / "tests").rglob("*.cpp"))
+    names = [".".join(words) for words in re.findall(r"^TEST(?:_[FP])?\((\w+), (\w+)\)", sources, re.MULTILINE)]
+    lines = (ROOT / "tests/kit/own_process.txt").read_text(encoding="utf-8").splitlines()
+    rows = [line for line in lines if line and not line.startswith("#")]
+    for row in rows:
+        pattern, _, reason = row.partition("#")
+        assert fnmatch.filter(names, pattern.strip()), row
+        assert reason.strip(), row

@@ -1,5 +1,6 @@
 // The main window while the question about a newer build stands before it: nothing in it is pressed, by no road, and
 // who starts the program again is led to the question.
+#include "app/windows/controls.h"
 #include "app/windows/workers.h"
 #include "kit/test_folder.h"
 #include "kit/windows/own_window.h"
@@ -13,12 +14,8 @@
 
 namespace {
 
-constexpr int kUnbind = 1002;
-constexpr int kSettings = 1003;
-constexpr int kClose = 1018;
-constexpr int kStatus = 1008;
-constexpr int kVersion = 1009;
-constexpr int kButtons[] = {1001, kUnbind, kSettings, 1005, 1006, 1007, kClose};
+constexpr int kButtons[] = {kConnectButton, kUnbindButton, kSettingsButton, kInstallButton,
+                            kPublishButton, kRemoveButton, kCloseButton};
 
 HWND find_question()
 {
@@ -44,7 +41,7 @@ protected:
     {
         EXPECT_TRUE(program.answers());
         EXPECT_TRUE(program.is_running());
-        EXPECT_EQ(program.text(kStatus), L"");
+        EXPECT_EQ(program.text(kStatusLine), L"");
         EXPECT_EQ(find_settings_window(), nullptr);
         EXPECT_NE(find_question(), nullptr);
     }
@@ -73,13 +70,13 @@ TEST_F(BehindTheQuestion, AScreenReaderPressesNoButton)
     ask();
     for (const int id : kButtons)
         EXPECT_EQ(Accessible(program.control(id)).press(), DISP_E_MEMBERNOTFOUND) << id;
-    EXPECT_EQ(Accessible(program.control(kVersion)).press(), DISP_E_MEMBERNOTFOUND);
+    EXPECT_EQ(Accessible(program.control(kVersionLabel)).press(), DISP_E_MEMBERNOTFOUND);
     expect_nothing_was_pressed();
 }
 
 TEST_F(BehindTheQuestion, AScreenReaderHearsThatNoButtonCanBePressed)
 {
-    EXPECT_FALSE(spoken(program.control(kUnbind)).is(STATE_SYSTEM_UNAVAILABLE));
+    EXPECT_FALSE(spoken(program.control(kUnbindButton)).is(STATE_SYSTEM_UNAVAILABLE));
     ask();
     for (const int id : kButtons) {
         EXPECT_TRUE(spoken(program.control(id)).is(STATE_SYSTEM_UNAVAILABLE)) << id;
@@ -103,7 +100,8 @@ TEST_F(BehindTheQuestion, AClickThatIsSentToAButtonDoesNothing)
 TEST_F(BehindTheQuestion, ACommandThatCameWithTheQuestionDoesNothing)
 {
     ask();
-    for (const int id : {1001, kUnbind, kSettings, 1005, 1006, 1007, kVersion, kClose})
+    for (const int id : {kConnectButton, kUnbindButton, kSettingsButton, kInstallButton, kPublishButton, kRemoveButton,
+                         kVersionLabel, kCloseButton})
         send_to(program.window(), WM_COMMAND, MAKEWPARAM(id, BN_CLICKED),
                 reinterpret_cast<LPARAM>(program.control(id)));
     expect_nothing_was_pressed();
@@ -112,17 +110,17 @@ TEST_F(BehindTheQuestion, ACommandThatCameWithTheQuestionDoesNothing)
 TEST_F(BehindTheQuestion, ThePreviewStillFollowsTheNameField)
 {
     ask();
-    SetWindowTextW(program.control(1012), L"of before");
-    SendMessageW(program.control(1004), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"Ann"));
-    EXPECT_TRUE(program.shows(1012, L"name@your-site"));
+    SetWindowTextW(program.control(kNamePreview), L"of before");
+    SendMessageW(program.control(kNameField), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"Ann"));
+    EXPECT_TRUE(program.shows(kNamePreview, L"name@your-site"));
 }
 
 TEST_F(BehindTheQuestion, ButtonsArePressedAgainOnceItIsAnswered)
 {
     ask();
     answer();
-    EXPECT_EQ(Accessible(program.control(kUnbind)).press(), S_OK);
-    EXPECT_TRUE(program.shows(kStatus, L"Unbound. Connect again to pick a wallet in Vaultry."));
+    EXPECT_EQ(Accessible(program.control(kUnbindButton)).press(), S_OK);
+    EXPECT_TRUE(program.shows(kStatusLine, L"Unbound. Connect again to pick a wallet in Vaultry."));
 }
 
 TEST_F(BehindTheQuestion, ASecondStartBringsTheQuestionForward)

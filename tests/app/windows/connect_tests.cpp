@@ -1,4 +1,5 @@
 // Connect through the real window. The user of the wallet application is the test itself.
+#include "app/windows/controls.h"
 #include "app/windows/workers.h"
 #include "kit/child_process.h"
 #include "kit/connect_requests.h"
@@ -15,7 +16,8 @@
 
 namespace {
 
-constexpr int kButtonsOfWork[] = {1001, 1002, 1003, 1005, 1006, 1007};
+constexpr int kButtonsOfWork[] = {kConnectButton, kUnbindButton,  kSettingsButton,
+                                  kInstallButton, kPublishButton, kRemoveButton};
 
 constexpr wchar_t kWaits[] = L"Waiting for Vaultry to approve.";
 
@@ -31,7 +33,7 @@ protected:
     {
         write_two_wallets(m_folder);
         m_program = std::make_unique<RunningProgram>();
-        m_program->press(1001);
+        m_program->press(kConnectButton);
         ASSERT_TRUE(becomes_true([this] { return connect_request_ids(m_folder).size() == 1; }));
     }
 
@@ -40,12 +42,12 @@ protected:
     void expect_connected_by_approval() const
     {
         reply(R"({"ok":true,"wallet_id":"2"})");
-        EXPECT_TRUE(m_program->shows(1008, L"Connected."));
+        EXPECT_TRUE(m_program->shows(kStatusLine, L"Connected."));
     }
 
     void expect_idle() const
     {
-        EXPECT_EQ(m_program->text(1001), L"Connect");
+        EXPECT_EQ(m_program->text(kConnectButton), L"Connect");
         for (const int id : kButtonsOfWork)
             EXPECT_TRUE(IsWindowEnabled(m_program->control(id))) << id;
     }
@@ -58,11 +60,11 @@ protected:
 
 TEST_F(Connecting, TheButtonWaitsAndTheOthersAreDisabled)
 {
-    EXPECT_EQ(m_program->text(1008), kWaits);
-    EXPECT_EQ(m_program->text(1001), L"Wait...");
+    EXPECT_EQ(m_program->text(kStatusLine), kWaits);
+    EXPECT_EQ(m_program->text(kConnectButton), L"Wait...");
     for (const int id : kButtonsOfWork)
-        EXPECT_EQ(IsWindowEnabled(m_program->control(id)) != 0, id == 1001) << id;
-    EXPECT_TRUE(IsWindowEnabled(m_program->control(1018)));
+        EXPECT_EQ(IsWindowEnabled(m_program->control(id)) != 0, id == kConnectButton) << id;
+    EXPECT_TRUE(IsWindowEnabled(m_program->control(kCloseButton)));
 }
 
 TEST_F(Connecting, TheWindowKeepsAnswering)
@@ -70,13 +72,13 @@ TEST_F(Connecting, TheWindowKeepsAnswering)
     for (int i = 0; i < 20; ++i)
         EXPECT_TRUE(m_program->answers());
     m_program->type(L"zoe");
-    EXPECT_EQ(m_program->text(1004), L"zoe");
+    EXPECT_EQ(m_program->text(kNameField), L"zoe");
 }
 
 TEST_F(Connecting, ASecondPressOnlySaysSo)
 {
-    m_program->press(1001);
-    EXPECT_EQ(m_program->text(1008), L"Already working.");
+    m_program->press(kConnectButton);
+    EXPECT_EQ(m_program->text(kStatusLine), L"Already working.");
     EXPECT_EQ(connect_request_ids(m_folder).size(), 1U);
     expect_connected_by_approval();
     EXPECT_EQ(connect_request_ids(m_folder).size(), 1U);
@@ -85,9 +87,9 @@ TEST_F(Connecting, ASecondPressOnlySaysSo)
 TEST_F(Connecting, TheApprovedWalletIsShown)
 {
     expect_connected_by_approval();
-    EXPECT_EQ(m_program->text(1010), L"No house paymail yet");
-    EXPECT_EQ(m_program->text(1011), widen(keys_of_shop().address));
-    EXPECT_EQ(m_program->text(1013), L"");
+    EXPECT_EQ(m_program->text(kHousePaymail), L"No house paymail yet");
+    EXPECT_EQ(m_program->text(kPaymentAddress), widen(keys_of_shop().address));
+    EXPECT_EQ(m_program->text(kKeptNames), L"");
     expect_idle();
     EXPECT_EQ(bind_records(m_folder), 1U);
 }
@@ -103,22 +105,22 @@ TEST_F(Connecting, ThePublishedNameOfTheApprovedWalletIsFilledIn)
     m_folder.write("payname/ui.json", R"({"alias":"","pass":"","site":"https://example.org","user":""})");
     m_program->type(L"zoe");
     expect_connected_by_approval();
-    EXPECT_EQ(m_program->text(1004), L"shop");
-    EXPECT_EQ(m_program->text(1013), L"Vaultry kept shop@example.org");
+    EXPECT_EQ(m_program->text(kNameField), L"shop");
+    EXPECT_EQ(m_program->text(kKeptNames), L"Vaultry kept shop@example.org");
 }
 
 TEST_F(Connecting, WithoutAPublishedOrSavedNameTheFieldStaysAsItIs)
 {
     m_program->type(L"zoe");
     expect_connected_by_approval();
-    EXPECT_EQ(m_program->text(1004), L"zoe");
+    EXPECT_EQ(m_program->text(kNameField), L"zoe");
 }
 
 TEST_F(Connecting, ARefusalIsToldAndTheCardStays)
 {
     reply(R"({"ok":false})");
-    EXPECT_TRUE(m_program->shows(1008, L"error: connect denied in Vaultry."));
-    EXPECT_EQ(m_program->text(1011), L"Connect Vaultry");
+    EXPECT_TRUE(m_program->shows(kStatusLine, L"error: connect denied in Vaultry."));
+    EXPECT_EQ(m_program->text(kPaymentAddress), L"Connect Vaultry");
     expect_idle();
     EXPECT_EQ(bind_records(m_folder), 0U);
 }
@@ -127,15 +129,15 @@ TEST_F(Connecting, AnApprovedWalletThatIsLockedIsToldAndStaysBound)
 {
     m_folder.write("wallets/2/wallet.json.seal", "");
     reply(R"({"ok":true,"wallet_id":"2"})");
-    EXPECT_TRUE(m_program->shows(1008, L"error: This wallet is locked. Open it in Vaultry."));
-    EXPECT_EQ(m_program->text(1011), L"Connect Vaultry");
+    EXPECT_TRUE(m_program->shows(kStatusLine, L"error: This wallet is locked. Open it in Vaultry."));
+    EXPECT_EQ(m_program->text(kPaymentAddress), L"Connect Vaultry");
     EXPECT_EQ(bind_records(m_folder), 1U);
 }
 
 TEST_F(Connecting, AnApprovedWalletThatIsMissingIsTold)
 {
     reply(R"({"ok":true,"wallet_id":"9"})");
-    EXPECT_TRUE(m_program->shows(1008, L"error: approved, but the wallet would not load."));
+    EXPECT_TRUE(m_program->shows(kStatusLine, L"error: approved, but the wallet would not load."));
     expect_idle();
 }
 
@@ -148,9 +150,9 @@ TEST_F(Connecting, TheWindowAnswersWhileTheLoadWaitsForTheWalletApplication)
     ASSERT_TRUE(becomes_true([this] { return bind_records(m_folder) == 1; }));
     for (int i = 0; i < 20; ++i)
         EXPECT_TRUE(m_program->answers());
-    EXPECT_EQ(m_program->text(1008), kWaits);
+    EXPECT_EQ(m_program->text(kStatusLine), kWaits);
     vaultry.close_input();
-    EXPECT_TRUE(m_program->shows(1008, L"Connected."));
+    EXPECT_TRUE(m_program->shows(kStatusLine, L"Connected."));
 }
 
 TEST_F(Connecting, ClosingMeanwhileSavesTheSettingsAndEndsWithSuccess)
@@ -165,9 +167,9 @@ TEST(Connect, ThatCannotBeAskedForIsTold)
     const TestFolder folder;
     folder.write("connect", "a file where the folder should be");
     const RunningProgram program;
-    program.press(1001);
-    EXPECT_TRUE(program.shows(1008, L"error: could not write connect request."));
-    EXPECT_EQ(program.text(1001), L"Connect");
+    program.press(kConnectButton);
+    EXPECT_TRUE(program.shows(kStatusLine, L"error: could not write connect request."));
+    EXPECT_EQ(program.text(kConnectButton), L"Connect");
 }
 
 TEST(Connect, WhileConnectedAsksNobody)
@@ -175,9 +177,9 @@ TEST(Connect, WhileConnectedAsksNobody)
     const TestFolder folder;
     write_one_wallet(folder, phrase_wallet());
     const RunningProgram program;
-    program.press(1001);
-    EXPECT_EQ(program.text(1008), L"Already connected. Unbind to pick another wallet.");
-    EXPECT_EQ(program.text(1001), L"Connect");
+    program.press(kConnectButton);
+    EXPECT_EQ(program.text(kStatusLine), L"Already connected. Unbind to pick another wallet.");
+    EXPECT_EQ(program.text(kConnectButton), L"Connect");
     EXPECT_FALSE(folder.has("connect"));
 }
 
@@ -186,9 +188,9 @@ TEST(Connect, ForABoundWalletOfASingleKeySucceedsWithoutTheWalletApplication)
     const TestFolder folder;
     write_one_wallet(folder, {{"priv", std::string(63, '0') + "1"}});
     const RunningProgram program;
-    program.press(1001);
-    EXPECT_TRUE(program.shows(1008, L"Connected."));
-    EXPECT_EQ(program.text(1011), L"Connect Vaultry");
+    program.press(kConnectButton);
+    EXPECT_TRUE(program.shows(kStatusLine, L"Connected."));
+    EXPECT_EQ(program.text(kPaymentAddress), L"Connect Vaultry");
     EXPECT_FALSE(folder.has("connect"));
 }
 
@@ -199,5 +201,5 @@ TEST(Connect, AResultThatAnotherProgramPostsIsNone)
     for (const LPARAM number : {LPARAM{0}, LPARAM{1}, LPARAM{-1}, LPARAM{0x10000}})
         ASSERT_TRUE(PostMessageW(program.window(), MsgConnectResult, 0, number));
     EXPECT_TRUE(program.answers());
-    EXPECT_EQ(program.text(1008), L"");
+    EXPECT_EQ(program.text(kStatusLine), L"");
 }

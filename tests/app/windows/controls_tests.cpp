@@ -18,9 +18,12 @@ constexpr int kBody = 16;  // heights of the characters at 96 DPI
 constexpr int kSmall = 14;
 
 const std::map<int, int> kHeightsAtCreation = {
-    {1001, kBody},  {1002, kBody},  {1003, kBody}, {1014, kSmall}, {1010, kBody},  {1015, kSmall},
-    {1011, kSmall}, {1016, kSmall}, {1004, kBody}, {1012, kBody},  {1017, kSmall}, {1013, kSmall},
-    {1005, kBody},  {1006, kBody},  {1007, kBody}, {1018, kBody},  {1008, kSmall}, {1009, kSmall},
+    {kConnectButton, kBody},        {kUnbindButton, kBody},  {kSettingsButton, kBody},
+    {kHousePaymailCaption, kSmall}, {kHousePaymail, kBody},  {kPaymentAddressCaption, kSmall},
+    {kPaymentAddress, kSmall},      {kNameCaption, kSmall},  {kNameField, kBody},
+    {kNamePreview, kBody},          {kNameHint, kSmall},     {kKeptNames, kSmall},
+    {kInstallButton, kBody},        {kPublishButton, kBody}, {kRemoveButton, kBody},
+    {kCloseButton, kBody},          {kStatusLine, kSmall},   {kVersionLabel, kSmall},
 };
 
 HFONT font_of(const OwnWindow& window, int id)

@@ -5,6 +5,7 @@
 #include "kit/windows/any_window.h"
 #include "kit/windows/own_window.h"
 #include "kit/windows/picture.h"
+#include "settings/windows/settings_window_controls.h"
 
 #include <gtest/gtest.h>
 
@@ -127,6 +128,6 @@ TEST_P(EveryDpi, TheSettingsHaveRoomForAllControls)
     const HWND settings = app_state().settings_window;
     ASSERT_NE(settings, nullptr);
     expect_room_for_all(settings);
-    SetDlgItemTextW(settings, 2001, (L"https://" + std::wstring(kLongHost.begin(), kLongHost.end())).c_str());
+    SetDlgItemTextW(settings, kSiteField, (L"https://" + std::wstring(kLongHost.begin(), kLongHost.end())).c_str());
     save_picture(repainted(settings), "settings-long-" + std::to_string(GetParam()));
 }

@@ -2,6 +2,7 @@
 // plugin package is shown: what the shell is given is noted, nothing is started.
 #include "app/windows/busy_guard.h"
 
+#include "app/windows/controls.h"
 #include "kit/child_process.h"
 #include "kit/test_folder.h"
 #include "kit/windows/handed_to_shell.h"
@@ -40,13 +41,14 @@ struct FlowButton {
     const wchar_t* sentence;
 };
 
-constexpr int kWorkButtons[] = {1001, 1002, 1003, 1005, 1006, 1007};
+constexpr int kWorkButtons[] = {kConnectButton, kUnbindButton,  kSettingsButton,
+                                kInstallButton, kPublishButton, kRemoveButton};
 constexpr wchar_t kInstallFirst[] = L"Press Install plugin and upload the zip over the one on the site.";
 constexpr FlowButton kFlows[] = {
-    {1005, L"Install plugin",
+    {kInstallButton, L"Install plugin",
      L"Brasslet.zip is selected in the folder that opened. Upload it, activate it, then press Install plugin again."},
-    {1006, L"Publish", kInstallFirst},
-    {1007, L"Remove", kInstallFirst},
+    {kPublishButton, L"Publish", kInstallFirst},
+    {kRemoveButton, L"Remove", kInstallFirst},
 };
 
 // The folder that Install plugin opens would lie over the windows of the tests that follow.
@@ -107,7 +109,7 @@ TEST_P(RunningFlow, OnlyThePressedButtonStaysEnabledAndWaits)
 {
     EXPECT_EQ(m_program->text(GetParam().id), L"Wait...");
     EXPECT_THAT(enabled_buttons(), testing::ElementsAre(GetParam().id));
-    EXPECT_TRUE(IsWindowEnabled(m_program->control(1018)));
+    EXPECT_TRUE(IsWindowEnabled(m_program->control(kCloseButton)));
     EXPECT_EQ(saved_alias(m_folder), "Ann");
 }
 
@@ -115,7 +117,7 @@ TEST_P(RunningFlow, ASecondPressOnlySaysSo)
 {
     m_program->type(L"bob");
     m_program->press(GetParam().id);
-    EXPECT_EQ(m_program->text(1008), L"Already working.");
+    EXPECT_EQ(m_program->text(kStatusLine), L"Already working.");
     EXPECT_FALSE(m_site->is_asked_again());
     EXPECT_EQ(saved_alias(m_folder), "Ann");
 }
@@ -125,16 +127,16 @@ TEST_P(RunningFlow, TheWindowKeepsAnswering)
     for (int i = 0; i < 20; ++i)
         EXPECT_TRUE(m_program->answers());
     m_program->type(L"zoe");
-    EXPECT_EQ(m_program->text(1012), L"zoe@example.org");
+    EXPECT_EQ(m_program->text(kNamePreview), L"zoe@example.org");
 }
 
 TEST_P(RunningFlow, ItsEndGivesTheButtonsBackAndShowsTheSentence)
 {
     m_site->close();
-    EXPECT_TRUE(m_program->shows(1008, GetParam().sentence));
+    EXPECT_TRUE(m_program->shows(kStatusLine, GetParam().sentence));
     EXPECT_EQ(m_program->text(GetParam().id), GetParam().label);
     EXPECT_THAT(enabled_buttons(), testing::ElementsAreArray(kWorkButtons));
-    if (GetParam().id == 1005) close_folder_of_the_zip();
+    if (GetParam().id == kInstallButton) close_folder_of_the_zip();
 }
 
 TEST_P(RunningFlow, ClosingMeanwhileSavesTheSettingsAndEndsWithSuccess)
@@ -156,10 +158,10 @@ TEST(Install, AZipThatIsOpenElsewhereStaysAsItIs)
     ASSERT_EQ(other.read_line(), "open");
     StalledSite site("example.org");
     const RunningProgram program;
-    program.press(1005);
+    program.press(kInstallButton);
     ASSERT_TRUE(site.is_asked());
     site.close();
-    EXPECT_TRUE(program.shows(1008, L"Could not write the plugin."));
+    EXPECT_TRUE(program.shows(kStatusLine, L"Could not write the plugin."));
     other.close_input();
     EXPECT_EQ(folder.read("payname/brasslet.zip"), "the old zip");
     EXPECT_FALSE(folder.has("payname/brasslet.zip.tmp"));
@@ -170,11 +172,11 @@ TEST(NameField, ShowsItsPreviewWhileTyping)
     const TestFolder folder;
     write_settings(folder, "");
     const RunningProgram program;
-    EXPECT_EQ(program.text(1012), L"name@your-site");
+    EXPECT_EQ(program.text(kNamePreview), L"name@your-site");
     program.type(L"Ann");
-    EXPECT_EQ(program.text(1012), L"ann@example.org");
+    EXPECT_EQ(program.text(kNamePreview), L"ann@example.org");
     program.type(L"an n");
-    EXPECT_EQ(program.text(1012), L"name@your-site");
+    EXPECT_EQ(program.text(kNamePreview), L"name@your-site");
 }
 
 TEST(NameField, StartsWithTheSavedName)
@@ -182,8 +184,8 @@ TEST(NameField, StartsWithTheSavedName)
     const TestFolder folder;
     write_settings(folder, "bob");
     const RunningProgram program;
-    EXPECT_EQ(program.text(1004), L"bob");
-    EXPECT_EQ(program.text(1012), L"bob@example.org");
+    EXPECT_EQ(program.text(kNameField), L"bob");
+    EXPECT_EQ(program.text(kNamePreview), L"bob@example.org");
 }
 
 TEST(NameField, IsKeptAsTypedWhenTheWindowCloses)
@@ -199,9 +201,9 @@ TEST(Publish, WithoutAWalletSaysSoInTheStatusLine)
 {
     const TestFolder folder;
     const RunningProgram program;
-    program.press(1006);
-    EXPECT_TRUE(program.shows(1008, L"Connect a Vaultry wallet first."));
-    EXPECT_TRUE(program.shows(1006, L"Publish"));
+    program.press(kPublishButton);
+    EXPECT_TRUE(program.shows(kStatusLine, L"Connect a Vaultry wallet first."));
+    EXPECT_TRUE(program.shows(kPublishButton, L"Publish"));
 }
 
 TEST(WalletCard, ShowsTheConnectedWallet)
@@ -209,10 +211,10 @@ TEST(WalletCard, ShowsTheConnectedWallet)
     const TestFolder folder;
     write_wallet(folder);
     const RunningProgram program;
-    EXPECT_EQ(program.text(1010), L"No house paymail yet");
-    EXPECT_EQ(program.text(1011).size(), 34U);
-    EXPECT_EQ(program.text(1011).front(), L'1');
-    EXPECT_EQ(program.text(1013), L"");
+    EXPECT_EQ(program.text(kHousePaymail), L"No house paymail yet");
+    EXPECT_EQ(program.text(kPaymentAddress).size(), 34U);
+    EXPECT_EQ(program.text(kPaymentAddress).front(), L'1');
+    EXPECT_EQ(program.text(kKeptNames), L"");
 }
 
 TEST(ShowingThePackage, SelectsTheZipAndOpensTheUploadPage)

@@ -8,6 +8,7 @@
 #include "kit/windows/own_window.h"
 #include "kit/windows/picture.h"
 #include "kit/windows/replaced_import.h"
+#include "settings/windows/settings_window_controls.h"
 #include "ui/windows/keyboard.h"
 
 #include <gtest/gtest.h>
@@ -129,7 +130,8 @@ TEST_F(InHighContrast, TheLinkIsInTheColourOfLinks)
 
 TEST_F(InHighContrast, LabelsAndFieldsAreInTheWindowsColours)
 {
-    for (const int id : {1010, 1011, 1012, 1013, 1014, 1015, 1016, 1017}) {
+    for (const int id : {kHousePaymail, kPaymentAddress, kNamePreview, kKeptNames, kHousePaymailCaption,
+                         kPaymentAddressCaption, kNameCaption, kNameHint}) {
         const ControlColours colours = colours_of(window->control(id), WM_CTLCOLORSTATIC);
         EXPECT_EQ(colours.text, colorref(kScheme.window_text)) << id;
         EXPECT_EQ(colours.background, colorref(kScheme.window)) << id;
@@ -179,17 +181,17 @@ TEST_F(InHighContrast, TheSettingsAreToo)
     EXPECT_EQ(picture.at(5, 5), kScheme.window);
     EXPECT_EQ(picture.at(5, picture.height() - 1), kScheme.window);
     save_picture(picture, "high-contrast-settings");
-    for (const int id : {2005, 2006, 2007, 2008}) {
+    for (const int id : {kPasswordHint, kSiteCaption, kUserCaption, kPasswordCaption}) {
         const ControlColours colours = colours_of(GetDlgItem(settings, id), WM_CTLCOLORSTATIC);
         EXPECT_EQ(colours.text, colorref(kScheme.window_text)) << id;
         EXPECT_EQ(colours.background, colorref(kScheme.window)) << id;
     }
-    for (const int id : {2001, 2002, 2003}) {
+    for (const int id : {kSiteField, kUserField, kPasswordField}) {
         const ControlColours colours = colours_of(GetDlgItem(settings, id), WM_CTLCOLOREDIT);
         EXPECT_EQ(colours.text, colorref(kScheme.window_text)) << id;
         EXPECT_EQ(colours.background, colorref(kScheme.window)) << id;
     }
-    EXPECT_EQ(repainted(GetDlgItem(settings, 2009)).at(16, 16), kScheme.button_text);  // the eye's pupil
+    EXPECT_EQ(repainted(GetDlgItem(settings, kShowPasswordButton)).at(16, 16), kScheme.button_text);  // the eye's pupil
     EXPECT_EQ(text_colours(settings).at(L"Close"), colorref(kScheme.button_text));
 }
 
@@ -219,7 +221,7 @@ TEST_F(InHighContrast, ComesAndGoesWhileTheWindowsAreOpen)
         tell();
         EXPECT_EQ(Picture(main_window).at(5, 0), kBackgroundTop) << message;
         EXPECT_EQ(Picture(settings).at(5, 0), kBackgroundTop) << message;
-        EXPECT_EQ(colours_of(GetDlgItem(settings, 2001), WM_CTLCOLOREDIT).background, colorref(kEditBackground));
+        EXPECT_EQ(colours_of(GetDlgItem(settings, kSiteField), WM_CTLCOLOREDIT).background, colorref(kEditBackground));
         scheme.emplace();
         tell();
         EXPECT_EQ(Picture(main_window), shown[0]) << message;

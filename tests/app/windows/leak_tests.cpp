@@ -2,9 +2,11 @@
 // does not grow.
 #include "app/layout.h"
 #include "app/windows/app_state.h"
+#include "app/windows/controls.h"
 #include "app/windows/main_window.h"
 #include "kit/test_folder.h"
 #include "kit/windows/process_handles.h"
+#include "settings/windows/settings_window_controls.h"
 #include "ui/windows/keyboard.h"
 
 #include <gtest/gtest.h>
@@ -43,7 +45,7 @@ protected:
         repaint(window);
         answer_waiting_messages();
     }
-    void open_settings() const { SendMessageW(GetDlgItem(window, 1003), BM_CLICK, 0, 0); }
+    void open_settings() const { SendMessageW(GetDlgItem(window, kSettingsButton), BM_CLICK, 0, 0); }
 
     const TestFolder folder;
     HWND window = nullptr;
@@ -60,8 +62,8 @@ TEST_F(HeldObjects, DoNotGrowWithTenThousandRepaints)
     const HWND settings = app_state().settings_window;
     ASSERT_NE(settings, nullptr);
     set_focus_shown(window, true);
-    SetFocus(GetDlgItem(window, 1006));
-    ASSERT_TRUE(shows_focus(GetDlgItem(window, 1006)));
+    SetFocus(GetDlgItem(window, kPublishButton));
+    ASSERT_TRUE(shows_focus(GetDlgItem(window, kPublishButton)));
     repaint(window);
     repaint(settings);
     const ObjectCounts before = held_objects();
@@ -118,7 +120,7 @@ TEST_F(HeldObjects, DoNotGrowWithTwoHundredOpeningsOfTheSettings)
 {
     const auto open_and_close = [this] {
         open_settings();
-        SendMessageW(GetDlgItem(app_state().settings_window, 2009), BM_CLICK, 0, 0);
+        SendMessageW(GetDlgItem(app_state().settings_window, kShowPasswordButton), BM_CLICK, 0, 0);
         repaint(app_state().settings_window);
         SendMessageW(app_state().settings_window, WM_CLOSE, 0, 0);
         answer_waiting_messages();

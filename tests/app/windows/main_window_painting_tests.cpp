@@ -2,6 +2,7 @@
 #include "app/windows/main_window_painting.h"
 
 #include "app/layout.h"
+#include "app/windows/controls.h"
 #include "kit/test_folder.h"
 #include "kit/windows/drawn_texts.h"
 #include "kit/windows/own_window.h"
@@ -159,9 +160,9 @@ TEST(Buttons, DrawTheirLabelsInTheMiddleInTheBodyFont)
 {
     const TestFolder folder;
     const OwnWindow window;
-    const auto drawn = drawn_texts([&] { repainted(window.control(1006)); });
+    const auto drawn = drawn_texts([&] { repainted(window.control(kPublishButton)); });
     const DrawnText label = find_text(drawn, L"Publish");
-    const Rect place = window.place(1006);
+    const Rect place = window.place(kPublishButton);
     EXPECT_EQ(label.place, (Rect{0, 0, place.width, place.height}));
     EXPECT_EQ(label.form, static_cast<UINT>(DT_CENTER | DT_VCENTER | DT_SINGLELINE));
     EXPECT_EQ(label.colour, RGB(32, 16, 54));
@@ -173,8 +174,8 @@ TEST(Buttons, ShowInGreyWhenTheyAreDisabled)
 {
     const TestFolder folder;
     const OwnWindow window;
-    EnableWindow(window.control(1006), FALSE);
-    const auto drawn = drawn_texts([&] { repainted(window.control(1006)); });
+    EnableWindow(window.control(kPublishButton), FALSE);
+    const auto drawn = drawn_texts([&] { repainted(window.control(kPublishButton)); });
     EXPECT_EQ(find_text(drawn, L"Publish").colour, RGB(120, 110, 140));
 }
 
@@ -182,9 +183,9 @@ TEST(Buttons, WhilePressedDrawTheirLabelOnePixelLowerAndToTheRight)
 {
     const TestFolder folder;
     const OwnWindow window;
-    SendMessageW(window.control(1006), BM_SETSTATE, TRUE, 0);
-    const auto drawn = drawn_texts([&] { repainted(window.control(1006)); });
-    const Rect place = window.place(1006);
+    SendMessageW(window.control(kPublishButton), BM_SETSTATE, TRUE, 0);
+    const auto drawn = drawn_texts([&] { repainted(window.control(kPublishButton)); });
+    const Rect place = window.place(kPublishButton);
     EXPECT_EQ(find_text(drawn, L"Publish").place, (Rect{1, 1, place.width, place.height}));
     EXPECT_EQ(find_text(drawn, L"Publish").colour, RGB(32, 16, 54));
 }
@@ -193,8 +194,8 @@ TEST(Buttons, DrawAtMost128CharactersOfTheirLabel)
 {
     const TestFolder folder;
     const OwnWindow window;
-    SetWindowTextW(window.control(1006), std::wstring(200, L'x').c_str());
-    const auto drawn = drawn_texts([&] { repainted(window.control(1006)); });
+    SetWindowTextW(window.control(kPublishButton), std::wstring(200, L'x').c_str());
+    const auto drawn = drawn_texts([&] { repainted(window.control(kPublishButton)); });
     EXPECT_EQ(find_text(drawn, std::wstring(128, L'x')).text.size(), 128U);
 }
 
@@ -226,10 +227,10 @@ TEST(ControlColours, OfTheTextsInTheCards)
 {
     const TestFolder folder;
     const OwnWindow window;
-    for (const int id : {1010, 1011, 1012})
+    for (const int id : {kHousePaymail, kPaymentAddress, kNamePreview})
         expect_colours(window, WM_CTLCOLORSTATIC, id, kText, kCardColour);
-    expect_colours(window, WM_CTLCOLORSTATIC, 1013, kNote, kCardColour);
-    for (const int id : {1014, 1015, 1016, 1017})
+    expect_colours(window, WM_CTLCOLORSTATIC, kKeptNames, kNote, kCardColour);
+    for (const int id : {kHousePaymailCaption, kPaymentAddressCaption, kNameCaption, kNameHint})
         expect_colours(window, WM_CTLCOLORSTATIC, id, kCaption, kCardColour);
 }
 
@@ -237,14 +238,14 @@ TEST(ControlColours, OfTheNameField)
 {
     const TestFolder folder;
     const OwnWindow window;
-    expect_colours(window, WM_CTLCOLOREDIT, 1004, kText, kFieldColour);
+    expect_colours(window, WM_CTLCOLOREDIT, kNameField, kText, kFieldColour);
 }
 
 TEST(ControlColours, OfTheStatusLineAndTheVersionLabelLetTheWindowShowThrough)
 {
     const TestFolder folder;
     const OwnWindow window;
-    for (const int id : {1008, 1009}) {
+    for (const int id : {kStatusLine, kVersionLabel}) {
         const UsedContext dc;
         EXPECT_EQ(ask(window, WM_CTLCOLORSTATIC, dc, id), GetStockObject(HOLLOW_BRUSH)) << id;
         EXPECT_EQ(GetTextColor(dc.get()), kText) << id;

@@ -1,5 +1,6 @@
 // The real window: its controls, where they stand at every DPI, and what it says before anything was done.
 #include "app/layout.h"
+#include "app/windows/controls.h"
 #include "kit/test_folder.h"
 #include "kit/windows/running_program.h"
 
@@ -22,24 +23,24 @@ constexpr wchar_t kEdit[] = L"Edit";
 
 // In the order of creation.
 constexpr Expected kExpected[] = {
-    {1001, kButton, L"Connect", &MainLayout::connect},
-    {1002, kButton, L"Unbind", &MainLayout::unbind},
-    {1003, kButton, L"", &MainLayout::settings},
-    {1014, kStatic, L"House paymail", &MainLayout::house_paymail_caption},
-    {1010, kStatic, L"Connect Vaultry", &MainLayout::house_paymail},
-    {1015, kStatic, L"Payment address", &MainLayout::payment_address_caption},
-    {1011, kStatic, L"Connect Vaultry", &MainLayout::payment_address},
-    {1016, kStatic, L"Name", &MainLayout::name_caption},
-    {1004, kEdit, L"", &MainLayout::name_field},
-    {1012, kStatic, L"name@your-site", &MainLayout::name_preview},
-    {1017, kStatic, L"Pays this house paymail. Other names stay.", &MainLayout::name_hint},
-    {1013, kStatic, L"", &MainLayout::kept_names},
-    {1005, kButton, L"Install plugin", &MainLayout::install},
-    {1006, kButton, L"Publish", &MainLayout::publish},
-    {1007, kButton, L"Remove", &MainLayout::remove},
-    {1018, kButton, L"Close", &MainLayout::close},
-    {1008, kStatic, L"", &MainLayout::status},
-    {1009, kStatic, L"Version 0.001", &MainLayout::version},
+    {kConnectButton, kButton, L"Connect", &MainLayout::connect},
+    {kUnbindButton, kButton, L"Unbind", &MainLayout::unbind},
+    {kSettingsButton, kButton, L"", &MainLayout::settings},
+    {kHousePaymailCaption, kStatic, L"House paymail", &MainLayout::house_paymail_caption},
+    {kHousePaymail, kStatic, L"Connect Vaultry", &MainLayout::house_paymail},
+    {kPaymentAddressCaption, kStatic, L"Payment address", &MainLayout::payment_address_caption},
+    {kPaymentAddress, kStatic, L"Connect Vaultry", &MainLayout::payment_address},
+    {kNameCaption, kStatic, L"Name", &MainLayout::name_caption},
+    {kNameField, kEdit, L"", &MainLayout::name_field},
+    {kNamePreview, kStatic, L"name@your-site", &MainLayout::name_preview},
+    {kNameHint, kStatic, L"Pays this house paymail. Other names stay.", &MainLayout::name_hint},
+    {kKeptNames, kStatic, L"", &MainLayout::kept_names},
+    {kInstallButton, kButton, L"Install plugin", &MainLayout::install},
+    {kPublishButton, kButton, L"Publish", &MainLayout::publish},
+    {kRemoveButton, kButton, L"Remove", &MainLayout::remove},
+    {kCloseButton, kButton, L"Close", &MainLayout::close},
+    {kStatusLine, kStatic, L"", &MainLayout::status},
+    {kVersionLabel, kStatic, L"Version 0.001", &MainLayout::version},
 };
 
 constexpr DWORD kWindowStyle = 0x02CE0000;
@@ -110,15 +111,17 @@ TEST(MainWindow, ItsControlsHaveTheirStyles)
     const TestFolder folder;
     const RunningProgram program;
     constexpr DWORD kLabel = WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | SS_NOPREFIX;
-    for (const int id : {1014, 1010, 1015, 1011, 1016, 1012, 1017, 1013})
+    for (const int id : {kHousePaymailCaption, kHousePaymail, kPaymentAddressCaption, kPaymentAddress, kNameCaption,
+                         kNamePreview, kNameHint, kKeptNames})
         EXPECT_EQ(style(program, id), kLabel | SS_ENDELLIPSIS) << id;
-    EXPECT_EQ(style(program, 1008), kLabel);
-    EXPECT_EQ(style(program, 1009), kLabel | SS_ENDELLIPSIS | SS_NOTIFY);
-    for (const int id : {1001, 1002, 1003, 1005, 1006, 1007, 1018})
+    EXPECT_EQ(style(program, kStatusLine), kLabel);
+    EXPECT_EQ(style(program, kVersionLabel), kLabel | SS_ENDELLIPSIS | SS_NOTIFY);
+    for (const int id :
+         {kConnectButton, kUnbindButton, kSettingsButton, kInstallButton, kPublishButton, kRemoveButton, kCloseButton})
         EXPECT_EQ(style(program, id), WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_TABSTOP | BS_OWNERDRAW) << id;
     constexpr DWORD kField = WS_TABSTOP | ES_AUTOHSCROLL;
-    EXPECT_EQ(style(program, 1004) & (kField | ES_MULTILINE), kField);
-    EXPECT_TRUE(GetWindowLongPtrW(program.control(1004), GWL_EXSTYLE) & WS_EX_CLIENTEDGE);
+    EXPECT_EQ(style(program, kNameField) & (kField | ES_MULTILINE), kField);
+    EXPECT_TRUE(GetWindowLongPtrW(program.control(kNameField), GWL_EXSTYLE) & WS_EX_CLIENTEDGE);
 }
 
 TEST(MainWindow, StandsWhereTheLayoutSays)
@@ -155,15 +158,15 @@ TEST(MainWindow, MinimisingDoesNotLayOutAndRestoringDoes)
 {
     const TestFolder folder;
     const RunningProgram program;
-    const Rect laid_out = program.place(1018);
+    const Rect laid_out = program.place(kCloseButton);
     const Rect moved{1, 2, 30, 40};
-    MoveWindow(program.control(1018), moved.x, moved.y, moved.width, moved.height, FALSE);
+    MoveWindow(program.control(kCloseButton), moved.x, moved.y, moved.width, moved.height, FALSE);
     ShowWindow(program.window(), SW_MINIMIZE);
     ASSERT_TRUE(becomes_true([&] { return IsIconic(program.window()) != 0; }));
     EXPECT_TRUE(program.answers());
-    EXPECT_EQ(program.place(1018).width, moved.width);
+    EXPECT_EQ(program.place(kCloseButton).width, moved.width);
     ShowWindow(program.window(), SW_RESTORE);
-    EXPECT_TRUE(becomes_true([&] { return program.place(1018) == laid_out; }));
+    EXPECT_TRUE(becomes_true([&] { return program.place(kCloseButton) == laid_out; }));
 }
 
 TEST(MainWindow, HasASmallestSizeThatFollowsTheDpi)
@@ -179,7 +182,7 @@ TEST(MainWindow, ItsCloseButtonEndsTheProgramWithSuccess)
 {
     const TestFolder folder;
     const RunningProgram program;
-    PostMessageW(program.control(1018), BM_CLICK, 0, 0);
+    PostMessageW(program.control(kCloseButton), BM_CLICK, 0, 0);
     EXPECT_EQ(program.exit_code(), 0U);
 }
 
@@ -188,7 +191,7 @@ TEST(MainWindow, EnterInTheNameFieldChangesNothing)
     const TestFolder folder;
     const RunningProgram program;
     program.type(L"ann\r");
-    EXPECT_EQ(program.text(1004), L"ann");
-    EXPECT_EQ(program.text(1008), L"");
+    EXPECT_EQ(program.text(kNameField), L"ann");
+    EXPECT_EQ(program.text(kStatusLine), L"");
     EXPECT_TRUE(program.answers());
 }

@@ -1,11 +1,13 @@
 // The settings file in a state that the program cannot use, and what the user reads of it: the real program, its real
 // window, and a file that another process really holds.
+#include "app/windows/controls.h"
 #include "kit/child_process.h"
 #include "kit/test_folder.h"
 #include "kit/windows/running_program.h"
 #include "kit/windows/users_files.h"
 #include "platform/text_conversion.h"
 #include "settings/settings_store.h"
+#include "settings/windows/settings_window_controls.h"
 #include "text/json.h"
 
 #include <gtest/gtest.h>
@@ -14,7 +16,6 @@
 
 namespace {
 
-constexpr int kStatus = 1008;
 constexpr char kFile[] = "payname/ui.json";
 constexpr char kPassword[] = "abcdefghijklmnopqrstuvwx";
 const std::wstring kUnreadable = L"The settings cannot be read now, and stay as they are. Press the gear to try again.";
@@ -55,13 +56,13 @@ private:
 TEST_F(KeptSettings, ThatAreGoodLeaveTheStatusLineEmpty)
 {
     const RunningProgram program;
-    EXPECT_EQ(program.text(kStatus), L"");
+    EXPECT_EQ(program.text(kStatusLine), L"");
 }
 
 TEST_F(HeldSettings, AreToldOfAndNotWrittenOverAtTheEnd)
 {
     const RunningProgram program;
-    EXPECT_EQ(program.text(kStatus), kUnreadable);
+    EXPECT_EQ(program.text(kStatusLine), kUnreadable);
     program.type(L"Bob");
     EXPECT_EQ(program.close(), 0U);
     let_go();
@@ -73,14 +74,14 @@ TEST_F(HeldSettings, AreReadWhenTheGearIsPressedLater)
     const RunningProgram program;
     let_go();
     const OpenSettingsWindow settings(program);
-    EXPECT_EQ(settings.text(2001), L"old.example");
-    EXPECT_EQ(settings.text(2002), L"admin");
-    EXPECT_EQ(program.text(kStatus), L"");
-    EXPECT_EQ(program.text(1004), L"ann");
-    EXPECT_EQ(program.text(1012), L"ann@old.example");
-    settings.press(2009);
-    EXPECT_EQ(settings.text(2003), L"abcdefghijklmnopqrstuvwx");
-    settings.press(2004);
+    EXPECT_EQ(settings.text(kSiteField), L"old.example");
+    EXPECT_EQ(settings.text(kUserField), L"admin");
+    EXPECT_EQ(program.text(kStatusLine), L"");
+    EXPECT_EQ(program.text(kNameField), L"ann");
+    EXPECT_EQ(program.text(kNamePreview), L"ann@old.example");
+    settings.press(kShowPasswordButton);
+    EXPECT_EQ(settings.text(kPasswordField), L"abcdefghijklmnopqrstuvwx");
+    settings.press(kCloseSettingsButton);
     EXPECT_EQ(folder.read(kFile), text);
 }
 
@@ -88,10 +89,10 @@ TEST_F(HeldSettings, AreStillToldOfWhenTheGearIsPressedTooEarly)
 {
     const RunningProgram program;
     const OpenSettingsWindow settings(program);
-    EXPECT_EQ(program.text(kStatus), kUnreadable);
-    settings.type(2001, L"new.example");
-    settings.press(2004);
-    EXPECT_TRUE(program.shows(kStatus, kNotSaved));
+    EXPECT_EQ(program.text(kStatusLine), kUnreadable);
+    settings.type(kSiteField, L"new.example");
+    settings.press(kCloseSettingsButton);
+    EXPECT_TRUE(program.shows(kStatusLine, kNotSaved));
     let_go();
     EXPECT_EQ(folder.read(kFile), text);
 }
@@ -101,8 +102,8 @@ TEST_F(HeldSettings, KeepAtTheEndWhatWasNotTyped)
     const RunningProgram program;
     {
         const OpenSettingsWindow settings(program);
-        settings.type(2001, L"new.example");
-        settings.press(2004);
+        settings.type(kSiteField, L"new.example");
+        settings.press(kCloseSettingsButton);
     }
     let_go();
     EXPECT_EQ(program.close(), 0U);
@@ -116,13 +117,13 @@ TEST_F(HeldSettings, AreShownInAnOpenWindowAsSoonAsAFlowHasReadThem)
 {
     const RunningProgram program;
     const OpenSettingsWindow settings(program);
-    settings.type(2002, L"zoe");
+    settings.type(kUserField, L"zoe");
     let_go();
-    program.press(1006);
-    EXPECT_EQ(settings.text(2001), L"old.example");
-    EXPECT_EQ(settings.text(2002), L"zoe");
-    EXPECT_TRUE(program.shows(kStatus, L"Connect a Vaultry wallet first."));
-    settings.press(2004);
+    program.press(kPublishButton);
+    EXPECT_EQ(settings.text(kSiteField), L"old.example");
+    EXPECT_EQ(settings.text(kUserField), L"zoe");
+    EXPECT_TRUE(program.shows(kStatusLine, L"Connect a Vaultry wallet first."));
+    settings.press(kCloseSettingsButton);
     EXPECT_EQ(saved().site, "old.example");
     EXPECT_EQ(saved().user, "zoe");
     EXPECT_EQ(saved().password, kPassword);
@@ -145,11 +146,11 @@ TEST_F(KeptSettings, ThatAreDamagedAreToldOfAndKeptBeside)
 {
     folder.write(kFile, "{damaged");
     const RunningProgram program;
-    EXPECT_EQ(program.text(kStatus),
+    EXPECT_EQ(program.text(kStatusLine),
               L"The settings file is damaged. Press the gear and type the settings again. The old file is kept.");
     const OpenSettingsWindow settings(program);
-    settings.type(2001, L"new.example");
-    settings.press(2004);
+    settings.type(kSiteField, L"new.example");
+    settings.press(kCloseSettingsButton);
     EXPECT_EQ(saved().site, "new.example");
     WIN32_FIND_DATAW found{};
     const std::wstring pattern = widen(folder.data()) + L"/payname/ui.json.damaged-*";
@@ -167,19 +168,19 @@ TEST_F(KeptSettings, WithALockedPasswordAreToldOfAndKeepItUntilANewOneIsTyped)
     folder.write(kFile, document.dump());
     {
         const RunningProgram program;
-        EXPECT_EQ(program.text(kStatus), kLocked);
+        EXPECT_EQ(program.text(kStatusLine), kLocked);
         const OpenSettingsWindow settings(program);
-        EXPECT_EQ(program.cue_of(settings.control(2003)), L"From Application Passwords");
-        settings.press(2009);
-        EXPECT_EQ(settings.text(2003), L"");
-        settings.press(2004);
+        EXPECT_EQ(program.cue_of(settings.control(kPasswordField)), L"From Application Passwords");
+        settings.press(kShowPasswordButton);
+        EXPECT_EQ(settings.text(kPasswordField), L"");
+        settings.press(kCloseSettingsButton);
         EXPECT_EQ(program.close(), 0U);
     }
     EXPECT_EQ(parse_json(folder.read(kFile))["pass"], locked);
 
     const RunningProgram program;
     const OpenSettingsWindow settings(program);
-    settings.type(2003, L"qqqq wwww");
-    settings.press(2004);
+    settings.type(kPasswordField, L"qqqq wwww");
+    settings.press(kCloseSettingsButton);
     EXPECT_EQ(saved().password, "qqqqwwww");
 }

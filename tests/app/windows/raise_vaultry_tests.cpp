@@ -1,4 +1,5 @@
 // How Connect gets Vaultry in front of the user: its window, or else its program, wherever that lies.
+#include "app/windows/controls.h"
 #include "kit/connect_requests.h"
 #include "kit/windows/running_program.h"
 #include "kit/windows/vaultry.h"
@@ -32,8 +33,8 @@ protected:
     void connect() const
     {
         const RunningProgram program(m_inner);
-        program.press(1001);
-        EXPECT_TRUE(program.shows(1008, L"error: connect denied in Vaultry."));
+        program.press(kConnectButton);
+        EXPECT_TRUE(program.shows(kStatusLine, L"error: connect denied in Vaultry."));
     }
 
     TestFolder m_folder;
@@ -49,10 +50,10 @@ TEST(RaiseVaultry, AMinimisedWindowIsRestoredAndBroughtToTheFront)
     const RunningVaultry vaultry(folder_of(folder), L"--show minimised --connect deny");
     ASSERT_TRUE(IsIconic(vaultry_window()));
     const RunningProgram program;
-    program.press(1001);
+    program.press(kConnectButton);
     EXPECT_TRUE(becomes_true([] { return IsIconic(vaultry_window()) == 0; }));
     EXPECT_TRUE(becomes_true([] { return GetForegroundWindow() == vaultry_window(); }));
-    EXPECT_TRUE(program.shows(1008, L"error: connect denied in Vaultry."));
+    EXPECT_TRUE(program.shows(kStatusLine, L"error: connect denied in Vaultry."));
 }
 
 TEST(RaiseVaultry, AWindowBehindIsBroughtToTheFrontAsItIs)
@@ -64,23 +65,23 @@ TEST(RaiseVaultry, AWindowBehindIsBroughtToTheFrontAsItIs)
     const RunningProgram program;
     SetForegroundWindow(program.window());
     ASSERT_TRUE(becomes_true([&] { return GetForegroundWindow() == program.window(); }));
-    program.press(1001);
+    program.press(kConnectButton);
     EXPECT_TRUE(becomes_true([] { return GetForegroundWindow() == vaultry_window(); }));
     RECT after{};
     GetWindowRect(vaultry_window(), &after);
     EXPECT_TRUE(EqualRect(&before, &after));
-    EXPECT_TRUE(program.shows(1008, L"error: connect denied in Vaultry."));
+    EXPECT_TRUE(program.shows(kStatusLine, L"error: connect denied in Vaultry."));
 }
 
 TEST(RaiseVaultry, WithoutAnyTheRequestIsWrittenAndTheProgramWaits)
 {
     const TestFolder folder;
     const RunningProgram program;
-    program.press(1001);
+    program.press(kConnectButton);
     ASSERT_TRUE(becomes_true([&] { return connect_request_ids(folder).size() == 1; }));
     EXPECT_EQ(vaultry_window(), nullptr);
     reply_to_connect_request(folder, R"({"ok":false})");
-    EXPECT_TRUE(program.shows(1008, L"error: connect denied in Vaultry."));
+    EXPECT_TRUE(program.shows(kStatusLine, L"error: connect denied in Vaultry."));
 }
 
 TEST_F(VaultryBesideTheProgram, IsStartedInTheProgramsFolder)

@@ -3,6 +3,7 @@
 #include "app/windows/controls.h"
 #include "kit/windows/own_window.h"
 #include "kit/windows/picture.h"
+#include "settings/windows/settings_window_controls.h"
 
 #include <gtest/gtest.h>
 
@@ -104,7 +105,7 @@ TEST(ResizePainting, NoButtonOfTheSettingsIsFilledBeforeItIsDrawn)
     WatchedButtons buttons(settings);
     RedrawWindow(settings, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
     answer_messages();
-    for (const int id : {2004, 2009})
+    for (const int id : {kCloseSettingsButton, kShowPasswordButton})
         EXPECT_GE(buttons.drawn[id], 1) << id;
     EXPECT_TRUE(buttons.flashed.empty());
 }

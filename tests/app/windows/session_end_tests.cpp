@@ -5,6 +5,7 @@
 #include "kit/windows/running_program.h"
 #include "kit/windows/users_files.h"
 #include "settings/settings_store.h"
+#include "settings/windows/settings_window_controls.h"
 
 #include <gtest/gtest.h>
 
@@ -42,9 +43,9 @@ TEST_F(SessionEnd, TakesTheFieldsOfAnOpenSettingsWindow)
 {
     const RunningProgram program;
     const OpenSettingsWindow settings(program);
-    settings.type(2001, L"  New.example \t");
-    settings.type(2002, L" Zo\u00EB ");
-    settings.type(2003, L"qqqq wwww");
+    settings.type(kSiteField, L"  New.example \t");
+    settings.type(kUserField, L" Zo\u00EB ");
+    settings.type(kPasswordField, L"qqqq wwww");
     EXPECT_EQ(send_to(settings.window(), WM_QUERYENDSESSION), TRUE);
     end_session(program);
     EXPECT_EQ(saved().site, "New.example");
@@ -56,7 +57,7 @@ TEST_F(SessionEnd, KeepsThePasswordWhoseFieldIsEmpty)
 {
     const RunningProgram program;
     const OpenSettingsWindow settings(program);
-    settings.type(2001, L"new.example");
+    settings.type(kSiteField, L"new.example");
     end_session(program);
     EXPECT_EQ(saved().site, "new.example");
     EXPECT_EQ(saved().password, "abcdefgh");
@@ -67,13 +68,13 @@ TEST_F(SessionEnd, ThatIsCalledOffChangesNothing)
     const RunningProgram program;
     const OpenSettingsWindow settings(program);
     const std::string before = folder.read("payname/ui.json");
-    settings.type(2001, L"new.example");
+    settings.type(kSiteField, L"new.example");
     program.type(L"Zoe");
     EXPECT_EQ(send_to(program.window(), WM_QUERYENDSESSION), TRUE);
     EXPECT_EQ(send_to(program.window(), WM_ENDSESSION, FALSE), 0);
     EXPECT_EQ(folder.read("payname/ui.json"), before);
     EXPECT_TRUE(settings.is_open());
-    EXPECT_EQ(settings.text(2001), L"new.example");
+    EXPECT_EQ(settings.text(kSiteField), L"new.example");
     // Nothing was taken either: the window goes, and its fields with it.
     EXPECT_EQ(program.close(), 0U);
     EXPECT_EQ(saved().site, "old.example");
@@ -94,7 +95,7 @@ TEST_F(SessionEnd, ThatTheProgramOutlivesIsFollowedByAnOrdinaryEnd)
 {
     const RunningProgram program;
     const OpenSettingsWindow settings(program);
-    settings.type(2001, L"new.example");
+    settings.type(kSiteField, L"new.example");
     send_to(program.window(), WM_ENDSESSION, TRUE);
     program.type(L"Zoe");
     EXPECT_EQ(program.close(), 0U);

@@ -1,4 +1,5 @@
 // Unbind through the real window, and a Connect after it. The user of the wallet application is the test itself.
+#include "app/windows/controls.h"
 #include "kit/connect_requests.h"
 #include "kit/wallet_files.h"
 #include "kit/windows/running_program.h"
@@ -32,13 +33,13 @@ TEST(Unbind, EmptiesTheCardAndForgetsTheBinding)
     const TestFolder folder;
     write_one_wallet(folder, phrase_wallet({{"paymail", "ann"}}));
     const RunningProgram program;
-    ASSERT_TRUE(program.text(1010).starts_with(L"ann@"));
+    ASSERT_TRUE(program.text(kHousePaymail).starts_with(L"ann@"));
     ASSERT_EQ(bind_records(folder), 1U);
-    program.press(1002);
-    EXPECT_EQ(program.text(1008), kUnbound);
-    EXPECT_EQ(program.text(1010), L"Connect Vaultry");
-    EXPECT_EQ(program.text(1011), L"Connect Vaultry");
-    EXPECT_EQ(program.text(1013), L"");
+    program.press(kUnbindButton);
+    EXPECT_EQ(program.text(kStatusLine), kUnbound);
+    EXPECT_EQ(program.text(kHousePaymail), L"Connect Vaultry");
+    EXPECT_EQ(program.text(kPaymentAddress), L"Connect Vaultry");
+    EXPECT_EQ(program.text(kKeptNames), L"");
     EXPECT_EQ(bind_records(folder), 0U);
     EXPECT_TRUE(folder.has("wallets/1/wallet.json"));
 }
@@ -50,12 +51,12 @@ TEST(Unbind, OfARecordThatCannotBeDeletedHoldsUntilTheNextStartAndSaysSo)
     const RunningProgram program;
     const UniqueHandle held = held_record(folder);
     ASSERT_TRUE(held);
-    program.press(1002);
-    EXPECT_EQ(program.text(1008),
+    program.press(kUnbindButton);
+    EXPECT_EQ(program.text(kStatusLine),
               L"Unbound. The file that remembers the wallet could not be deleted: the next start may use it again.");
-    EXPECT_EQ(program.text(1011), L"Connect Vaultry");
-    program.press(1001);
-    EXPECT_EQ(program.text(1008), kWaits);
+    EXPECT_EQ(program.text(kPaymentAddress), L"Connect Vaultry");
+    program.press(kConnectButton);
+    EXPECT_EQ(program.text(kStatusLine), kWaits);
 }
 
 TEST(Unbind, OfARecordThatCannotBeDeletedIsFollowedByAConnectThatSaysWhatItCouldNotWrite)
@@ -65,22 +66,22 @@ TEST(Unbind, OfARecordThatCannotBeDeletedIsFollowedByAConnectThatSaysWhatItCould
     const RunningProgram program;
     const UniqueHandle held = held_record(folder);
     ASSERT_TRUE(held);
-    program.press(1002);
+    program.press(kUnbindButton);
     write_two_wallets(folder);
-    program.press(1001);
+    program.press(kConnectButton);
     approve(folder, "2");
-    EXPECT_TRUE(program.shows(1008,
+    EXPECT_TRUE(program.shows(kStatusLine,
                               L"Connected. The file that remembers the wallet could not be written: connect again "
                               L"at the next start."));
-    EXPECT_EQ(program.text(1011), widen(keys_of_shop().address));
+    EXPECT_EQ(program.text(kPaymentAddress), widen(keys_of_shop().address));
 }
 
 TEST(Unbind, WhenNothingIsBoundSaysTheSame)
 {
     const TestFolder folder;
     const RunningProgram program;
-    program.press(1002);
-    EXPECT_EQ(program.text(1008), kUnbound);
+    program.press(kUnbindButton);
+    EXPECT_EQ(program.text(kStatusLine), kUnbound);
 }
 
 TEST(Unbind, IsFollowedByAConnectThatAsksVaultry)
@@ -88,10 +89,10 @@ TEST(Unbind, IsFollowedByAConnectThatAsksVaultry)
     const TestFolder folder;
     write_one_wallet(folder, phrase_wallet());
     const RunningProgram program;
-    program.press(1002);
-    program.press(1001);
-    EXPECT_EQ(program.text(1008), kWaits);
+    program.press(kUnbindButton);
+    program.press(kConnectButton);
+    EXPECT_EQ(program.text(kStatusLine), kWaits);
     approve(folder, "1");
-    EXPECT_TRUE(program.shows(1008, L"Connected."));
-    EXPECT_EQ(program.text(1011).front(), L'1');
+    EXPECT_TRUE(program.shows(kStatusLine, L"Connected."));
+    EXPECT_EQ(program.text(kPaymentAddress).front(), L'1');
 }

@@ -1,4 +1,5 @@
 // What the main window makes of a newer build: its label, its question, and the page.
+#include "app/windows/controls.h"
 #include "app/windows/workers.h"
 #include "kit/test_folder.h"
 #include "kit/windows/any_window.h"
@@ -14,7 +15,6 @@
 
 namespace {
 
-constexpr int kVersionLabel = 1009;
 constexpr char kPage[] = "https://corvane.example/brasslet";
 constexpr char kMark[] = "https://corvane.example/opened-by-the-test";
 
@@ -162,12 +162,12 @@ TEST_F(UpdateNotice, TheLabelTurnsIntoALink)
 
 TEST_F(UpdateNotice, TheKeyboardOpensThePageFromTheLabelOnlyWhileThereIsAnUpdate)
 {
-    program.tab_to(program.control(1018));
+    program.tab_to(program.control(kCloseButton));
     strike(VK_TAB);
-    ASSERT_TRUE(program.has_focus(program.control(1001)));  // past the label
+    ASSERT_TRUE(program.has_focus(program.control(kConnectButton)));  // past the label
     announce(2);
     answer(IDNO);
-    turn_to_window(1001);
+    turn_to_window(kConnectButton);
     for (const WORD key : {WORD{VK_RETURN}, WORD{VK_SPACE}}) {
         const std::size_t opened = pages.addresses().size();
         program.tab_to(program.control(kVersionLabel));
@@ -176,12 +176,12 @@ TEST_F(UpdateNotice, TheKeyboardOpensThePageFromTheLabelOnlyWhileThereIsAnUpdate
     }
     EXPECT_EQ(opened_by_program(), 2U);
     strike(VK_TAB);
-    EXPECT_TRUE(program.has_focus(program.control(1001)));
+    EXPECT_TRUE(program.has_focus(program.control(kConnectButton)));
 }
 
 TEST_F(UpdateNotice, IsPutToTheUserWhileTheSettingsAreOpenToo)
 {
-    program.press(1003);
+    program.press(kSettingsButton);
     announce(2);
     answer(IDNO);
     EXPECT_TRUE(program.answers());

@@ -3,6 +3,7 @@
 #include "app/windows/controls.h"
 #include "kit/windows/own_window.h"
 #include "kit/windows/picture.h"
+#include "settings/windows/settings_window_controls.h"
 
 #include <gtest/gtest.h>
 
@@ -149,7 +150,7 @@ TEST(WindowMessages, OtherCommandsDoNothing)
     const TestFolder folder;
     const OwnWindow window;
     SetWindowTextW(window.control(kNamePreview), L"as it was");
-    for (const int id : {0, 1, 2, 1000, 1012, 1019, 2009})
+    for (const int id : std::initializer_list<int>{0, 1, 2, 1000, kNamePreview, 1019, kShowPasswordButton})
         SendMessageW(window.window(), WM_COMMAND, MAKEWPARAM(id, BN_CLICKED), 0);
     SendMessageW(window.window(), WM_COMMAND, MAKEWPARAM(kNameField, EN_KILLFOCUS), 0);
     answer_messages();

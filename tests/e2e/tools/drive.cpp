@@ -1,7 +1,10 @@
 // Works the program's windows from outside, as a user's hands and eyes would: finds them, reads their controls, types,
 // presses. One command a run; what it finds goes to standard output as UTF-8. Exit status 3: not found, or too late;
 // 1 is left to Wine, which ends so when it cannot even start a program.
+#include "app/windows/controls.h"
+
 #include <windows.h>
+
 #include <shellapi.h>
 
 #include <algorithm>
@@ -18,9 +21,10 @@ constexpr wchar_t kWindowClass[] = L"CorvaneBrassletShell";
 constexpr wchar_t kSettingsClass[] = L"CorvaneBrassletSettings";
 constexpr int kSettingsWindow = 2000;   // stands for the settings window itself; its controls have the ids after it
 constexpr UINT kAnswerWithin = 10'000;  // milliseconds
-constexpr int kCloseButton = 1018;
-constexpr int kProvisionalSize = 10;                      // pixels, of a button before the window is laid out
-constexpr int kWorkButtons[] = {1001, 1005, 1006, 1007};  // the one that works reads "Wait..."
+constexpr int kProvisionalSize = 10;    // pixels, of a button before the window is laid out
+
+// The one that works reads "Wait...".
+constexpr int kWorkButtons[] = {kConnectButton, kInstallButton, kPublishButton, kRemoveButton};
 
 using Arguments = std::vector<std::wstring>;
 

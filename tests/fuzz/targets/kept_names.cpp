@@ -1,5 +1,5 @@
 // Property: the rows that are read survive a write and a read; keeping a name changes its own row only and removing it
-// leaves the others; a name that is shown is a valid paymail of this wallet; a file that is no list gives no row.
+// leaves the others; a name that is shown is a valid paymail of this wallet; a file without a list gives no row.
 #include "paymail/kept_names.h"
 
 #include "build_values.h"

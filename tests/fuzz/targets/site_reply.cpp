@@ -22,7 +22,7 @@ HttpReply reply_of(std::int32_t status, std::string body)
     return reply;
 }
 
-// The reply as this program needs it: no other member, no element that is no text.
+// The reply as this program needs it: no other member, no element but a string.
 json essence(const HttpReply& reply)
 {
     const json document = parse_json(reply.body);

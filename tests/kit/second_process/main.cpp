@@ -138,5 +138,5 @@ try {
     use_local_app_data(words[0]);
     return run(words);
 } catch (const std::exception&) {
-    return 3;  // a word is missing or is no number
+    return 3;  // a word is missing or not a number
 }

@@ -1,8 +1,10 @@
 #include "kit/windows/running_program.h"
 
+#include "app/windows/controls.h"
 #include "app/windows/main_window.h"
 #include "platform/environment.h"
 #include "platform/text_conversion.h"
+#include "settings/windows/settings_window_controls.h"
 
 #include <gtest/gtest.h>
 
@@ -86,7 +88,7 @@ RunningProgram::~RunningProgram()
 
 void RunningProgram::type(const wchar_t* name) const
 {
-    type_into(control(1004), name);
+    type_into(control(kNameField), name);
 }
 
 bool RunningProgram::answers() const
@@ -168,7 +170,7 @@ DWORD RunningProgram::exit_code() const
 
 OpenSettingsWindow::OpenSettingsWindow(const RunningProgram& program)
 {
-    program.press(1003);
+    program.press(kSettingsButton);
     m_window = find_settings_window();
     if (m_window == nullptr || !IsWindowVisible(m_window)) ADD_FAILURE() << "the gear opens no window";
 }
@@ -176,7 +178,7 @@ OpenSettingsWindow::OpenSettingsWindow(const RunningProgram& program)
 bool OpenSettingsWindow::is_masked() const
 {
     constexpr LRESULT kBullet = 0x2022;
-    const LRESULT mask = send_to(control(2003), EM_GETPASSWORDCHAR);
+    const LRESULT mask = send_to(control(kPasswordField), EM_GETPASSWORDCHAR);
     EXPECT_TRUE(mask == kBullet || mask == 0) << mask;
     return mask == kBullet;
 }

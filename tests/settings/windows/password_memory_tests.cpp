@@ -2,6 +2,7 @@
 #include "kit/test_folder.h"
 #include "kit/windows/running_program.h"
 #include "kit/windows/users_files.h"
+#include "settings/windows/settings_window_controls.h"
 
 #include <gtest/gtest.h>
 
@@ -54,9 +55,9 @@ TEST_F(PasswordInMemory, OfATypedPasswordNoWideCopyStaysAfterTheWindowHasClosed)
     const RunningProgram program;
     {
         const OpenSettingsWindow settings(program);
-        settings.type(2003, kWide);
+        settings.type(kPasswordField, kWide);
         EXPECT_GT(pieces_in(program.process()), 0U);
-        settings.press(2004);
+        settings.press(kCloseSettingsButton);
     }
     EXPECT_EQ(saved().password, kPassword);
     EXPECT_EQ(pieces_in(program.process()), 0U);
@@ -68,8 +69,8 @@ TEST_F(PasswordInMemory, OfAStoredPasswordThatWasShownNoWideCopyStaysAfterTheWin
     const RunningProgram program;
     const OpenSettingsWindow settings(program);
     EXPECT_EQ(pieces_in(program.process()), 0U);
-    settings.press(2009);
+    settings.press(kShowPasswordButton);
     EXPECT_GT(pieces_in(program.process()), 0U);
-    settings.press(2004);
+    settings.press(kCloseSettingsButton);
     EXPECT_EQ(pieces_in(program.process()), 0U);
 }

@@ -15,9 +15,11 @@
 namespace {
 
 const std::map<int, Rect> kPlaces = {
-    {2006, {20, 16, 400, 18}},  {2001, {20, 36, 404, 28}},  {2007, {20, 74, 400, 18}},
-    {2002, {20, 94, 404, 28}},  {2008, {20, 132, 400, 18}}, {2003, {20, 152, 364, 32}},
-    {2009, {392, 152, 32, 32}}, {2005, {20, 196, 460, 44}}, {2004, {20, 248, 120, 34}},
+    {kSiteCaption, {20, 16, 400, 18}},          {kSiteField, {20, 36, 404, 28}},
+    {kUserCaption, {20, 74, 400, 18}},          {kUserField, {20, 94, 404, 28}},
+    {kPasswordCaption, {20, 132, 400, 18}},     {kPasswordField, {20, 152, 364, 32}},
+    {kShowPasswordButton, {392, 152, 32, 32}},  {kPasswordHint, {20, 196, 460, 44}},
+    {kCloseSettingsButton, {20, 248, 120, 34}},
 };
 
 // The frame of the test desktop stays that of its one monitor.

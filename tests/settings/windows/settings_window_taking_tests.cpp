@@ -1,9 +1,11 @@
 // What becomes of the settings window's fields: the password's eye, the ways of closing, and a flow that starts.
+#include "app/windows/controls.h"
 #include "kit/test_folder.h"
 #include "kit/windows/running_program.h"
 #include "kit/windows/stalled_site.h"
 #include "kit/windows/users_files.h"
 #include "settings/settings_store.h"
+#include "settings/windows/settings_window_controls.h"
 
 #include <gtest/gtest.h>
 
@@ -38,12 +40,12 @@ TEST_F(SettingsFields, TheEyeShowsTheStoredPasswordAndHidesItAgain)
 {
     const RunningProgram program;
     const OpenSettingsWindow settings(program);
-    settings.press(2009);
+    settings.press(kShowPasswordButton);
     EXPECT_FALSE(settings.is_masked());
-    EXPECT_EQ(settings.text(2003), kWidePassword);
-    settings.press(2009);
+    EXPECT_EQ(settings.text(kPasswordField), kWidePassword);
+    settings.press(kShowPasswordButton);
     EXPECT_TRUE(settings.is_masked());
-    EXPECT_EQ(settings.text(2003), kWidePassword);
+    EXPECT_EQ(settings.text(kPasswordField), kWidePassword);
 }
 
 TEST_F(SettingsFields, TheEyeWithoutAStoredPasswordShowsNothing)
@@ -51,10 +53,10 @@ TEST_F(SettingsFields, TheEyeWithoutAStoredPasswordShowsNothing)
     save({"old.example", "admin", ""});
     const RunningProgram program;
     const OpenSettingsWindow settings(program);
-    settings.press(2009);
+    settings.press(kShowPasswordButton);
     EXPECT_FALSE(settings.is_masked());
-    EXPECT_EQ(settings.text(2003), L"");
-    settings.press(2009);
+    EXPECT_EQ(settings.text(kPasswordField), L"");
+    settings.press(kShowPasswordButton);
     EXPECT_TRUE(settings.is_masked());
 }
 
@@ -62,48 +64,48 @@ TEST_F(SettingsFields, TheEyeLeavesWhatIsTypedAlready)
 {
     const RunningProgram program;
     const OpenSettingsWindow settings(program);
-    settings.type(2003, L"new one");
-    settings.press(2009);
+    settings.type(kPasswordField, L"new one");
+    settings.press(kShowPasswordButton);
     EXPECT_FALSE(settings.is_masked());
-    EXPECT_EQ(settings.text(2003), L"new one");
+    EXPECT_EQ(settings.text(kPasswordField), L"new one");
 }
 
 TEST_F(SettingsFields, EveryOpeningStartsWithAnEmptyMaskedField)
 {
     const RunningProgram program;
     const OpenSettingsWindow first(program);
-    first.press(2009);
+    first.press(kShowPasswordButton);
     first.close_by_box();
     const OpenSettingsWindow second(program);
     EXPECT_TRUE(second.is_masked());
-    EXPECT_EQ(second.text(2003), L"");
-    second.press(2009);
+    EXPECT_EQ(second.text(kPasswordField), L"");
+    second.press(kShowPasswordButton);
     EXPECT_FALSE(second.is_masked());
-    EXPECT_EQ(second.text(2003), kWidePassword);
+    EXPECT_EQ(second.text(kPasswordField), kWidePassword);
 }
 
 TEST_F(SettingsFields, AreTakenByTheCloseButton)
 {
     const RunningProgram program;
     const OpenSettingsWindow settings(program);
-    settings.type(2001, L"  New.example \t");
-    settings.type(2002, L" Zo\u00EB ");
-    settings.type(2003, L"qqqqwwww");
+    settings.type(kSiteField, L"  New.example \t");
+    settings.type(kUserField, L" Zo\u00EB ");
+    settings.type(kPasswordField, L"qqqqwwww");
     program.type(L"Ann");
-    settings.press(2004);
+    settings.press(kCloseSettingsButton);
     EXPECT_FALSE(settings.is_open());
     EXPECT_EQ(saved().site, "New.example");
     EXPECT_EQ(saved().user, "Zo\xC3\xAB");
     EXPECT_EQ(saved().password, "qqqqwwww");
     EXPECT_EQ(saved_name(), "Ann");
-    EXPECT_EQ(program.text(1012), L"ann@new.example");
+    EXPECT_EQ(program.text(kNamePreview), L"ann@new.example");
 }
 
 TEST_F(SettingsFields, AreTakenByTheCaptionsCloseBox)
 {
     const RunningProgram program;
     const OpenSettingsWindow settings(program);
-    settings.type(2001, L"new.example");
+    settings.type(kSiteField, L"new.example");
     settings.close_by_box();
     EXPECT_FALSE(settings.is_open());
     EXPECT_EQ(saved().site, "new.example");
@@ -115,39 +117,19 @@ TEST_F(SettingsFields, AreThereAgainAtTheNextOpening)
 {
     const RunningProgram program;
     const OpenSettingsWindow first(program);
-    first.type(2001, L"new.example");
+    first.type(kSiteField, L"new.example");
     first.close_by_box();
     const OpenSettingsWindow second(program);
-    EXPECT_EQ(second.text(2001), L"new.example");
-    EXPECT_EQ(second.text(2002), L"admin");
-}
-
-TEST_F(SettingsFields, AnEmptySiteAndUserAreTakenToo)
-{
-    const RunningProgram program;
-    const OpenSettingsWindow settings(program);
-    settings.type(2001, L"");
-    settings.type(2002, L"  ");
-    settings.close_by_box();
-    EXPECT_EQ(saved().site, "");
-    EXPECT_EQ(saved().user, "");
-}
-
-TEST_F(SettingsFields, AnEmptyPasswordFieldKeepsTheStoredPassword)
-{
-    const RunningProgram program;
-    const OpenSettingsWindow settings(program);
-    settings.type(2003, L"    ");
-    settings.close_by_box();
-    EXPECT_EQ(saved().password, kPassword);
+    EXPECT_EQ(second.text(kSiteField), L"new.example");
+    EXPECT_EQ(second.text(kUserField), L"admin");
 }
 
 TEST_F(SettingsFields, APasswordThatWasOnlyLookedAtIsKept)
 {
     const RunningProgram program;
     const OpenSettingsWindow settings(program);
-    settings.press(2009);
-    settings.press(2004);
+    settings.press(kShowPasswordButton);
+    settings.press(kCloseSettingsButton);
     EXPECT_EQ(saved().password, kPassword);
 }
 
@@ -156,21 +138,21 @@ TEST_F(SettingsFields, APasswordPastedInGroupsIsKeptWithoutTheSpaces)
     const RunningProgram program;
     const OpenSettingsWindow settings(program);
     put_on_clipboard(L"qwer tyui opas dfgh jklz xcvb");
-    send_to(settings.control(2003), WM_PASTE);
-    EXPECT_EQ(settings.text(2003), L"qwer tyui opas dfgh jklz xcvb");
-    settings.press(2004);
+    send_to(settings.control(kPasswordField), WM_PASTE);
+    EXPECT_EQ(settings.text(kPasswordField), L"qwer tyui opas dfgh jklz xcvb");
+    settings.press(kCloseSettingsButton);
     EXPECT_EQ(saved().password, "qwertyuiopasdfghjklzxcvb");
     const OpenSettingsWindow again(program);
-    again.press(2009);
-    EXPECT_EQ(again.text(2003), L"qwertyuiopasdfghjklzxcvb");
+    again.press(kShowPasswordButton);
+    EXPECT_EQ(again.text(kPasswordField), L"qwertyuiopasdfghjklzxcvb");
 }
 
 TEST_F(SettingsFields, AreNotTakenWhenTheMainWindowCloses)
 {
     const RunningProgram program;
     const OpenSettingsWindow settings(program);
-    settings.type(2001, L"new.example");
-    settings.type(2003, L"other");
+    settings.type(kSiteField, L"new.example");
+    settings.type(kPasswordField, L"other");
     program.type(L"Zoe");
     EXPECT_EQ(program.close(), 0U);
     EXPECT_EQ(find_settings_window(), nullptr);
@@ -185,15 +167,15 @@ TEST_F(SettingsFields, AreTakenAndSavedWhenAFlowStarts)
     StalledSite site("new.example");
     const RunningProgram program;
     const OpenSettingsWindow settings(program);
-    settings.type(2001, L"new.example");
-    settings.type(2003, L"qqqq wwww");
+    settings.type(kSiteField, L"new.example");
+    settings.type(kPasswordField, L"qqqq wwww");
     program.type(L"Ann");
-    program.press(1006);
+    program.press(kPublishButton);
     ASSERT_TRUE(site.is_asked());
     EXPECT_TRUE(settings.is_open());
     EXPECT_EQ(saved().site, "new.example");
     EXPECT_EQ(saved().password, "qqqqwwww");
-    EXPECT_FALSE(IsWindowEnabled(program.control(1003)));
+    EXPECT_FALSE(IsWindowEnabled(program.control(kSettingsButton)));
     site.close();
-    EXPECT_TRUE(becomes_true([&] { return IsWindowEnabled(program.control(1003)) != FALSE; }));
+    EXPECT_TRUE(becomes_true([&] { return IsWindowEnabled(program.control(kSettingsButton)) != FALSE; }));
 }

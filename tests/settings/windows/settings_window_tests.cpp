@@ -1,8 +1,10 @@
 // The settings window: what it is, what it shows, and how the keys move in it.
+#include "app/windows/controls.h"
 #include "kit/test_folder.h"
 #include "kit/windows/any_window.h"
 #include "kit/windows/running_program.h"
 #include "kit/windows/users_files.h"
+#include "settings/windows/settings_window_controls.h"
 #include "ui/geometry.h"
 
 #include <gmock/gmock.h>
@@ -23,15 +25,15 @@ constexpr wchar_t kHint[] =
 
 // In the order of creation.
 constexpr Expected kExpected[] = {
-    {2006, L"Static", L"Site", {20, 16, 400, 18}},
-    {2001, L"Edit", L"", {20, 36, 404, 28}},
-    {2007, L"Static", L"WordPress user", {20, 74, 400, 18}},
-    {2002, L"Edit", L"", {20, 94, 404, 28}},
-    {2008, L"Static", L"Application password", {20, 132, 400, 18}},
-    {2003, L"Edit", L"", {20, 152, 364, 32}},
-    {2009, L"Button", L"", {392, 152, 32, 32}},
-    {2005, L"Static", kHint, {20, 196, 460, 44}},
-    {2004, L"Button", L"Close", {20, 248, 120, 34}},
+    {kSiteCaption, L"Static", L"Site", {20, 16, 400, 18}},
+    {kSiteField, L"Edit", L"", {20, 36, 404, 28}},
+    {kUserCaption, L"Static", L"WordPress user", {20, 74, 400, 18}},
+    {kUserField, L"Edit", L"", {20, 94, 404, 28}},
+    {kPasswordCaption, L"Static", L"Application password", {20, 132, 400, 18}},
+    {kPasswordField, L"Edit", L"", {20, 152, 364, 32}},
+    {kShowPasswordButton, L"Button", L"", {392, 152, 32, 32}},
+    {kPasswordHint, L"Static", kHint, {20, 196, 460, 44}},
+    {kCloseSettingsButton, L"Button", L"Close", {20, 248, 120, 34}},
 };
 
 DWORD style_of(HWND window)
@@ -107,14 +109,14 @@ TEST(SettingsWindow, ItsControlsHaveTheirStyles)
     const RunningProgram program;
     const OpenSettingsWindow settings(program);
     constexpr DWORD kChild = WS_CHILD | WS_VISIBLE;
-    for (const int id : {2006, 2007, 2008})
+    for (const int id : {kSiteCaption, kUserCaption, kPasswordCaption})
         EXPECT_EQ(style_of(settings.control(id)), kChild | WS_CLIPSIBLINGS | SS_NOPREFIX | SS_ENDELLIPSIS) << id;
-    EXPECT_EQ(style_of(settings.control(2005)), kChild | SS_NOPREFIX);
-    for (const int id : {2004, 2009})
+    EXPECT_EQ(style_of(settings.control(kPasswordHint)), kChild | SS_NOPREFIX);
+    for (const int id : {kCloseSettingsButton, kShowPasswordButton})
         EXPECT_EQ(style_of(settings.control(id)), kChild | WS_CLIPSIBLINGS | WS_TABSTOP | BS_OWNERDRAW) << id;
     constexpr DWORD kField = kChild | WS_TABSTOP | ES_AUTOHSCROLL;
-    for (const int id : {2001, 2002, 2003}) {
-        const DWORD secret = id == 2003 ? ES_PASSWORD : 0;
+    for (const int id : {kSiteField, kUserField, kPasswordField}) {
+        const DWORD secret = id == kPasswordField ? ES_PASSWORD : 0;
         EXPECT_EQ(style_of(settings.control(id)) & (kField | ES_PASSWORD | ES_MULTILINE), kField | secret) << id;
         EXPECT_TRUE(GetWindowLongPtrW(settings.control(id), GWL_EXSTYLE) & WS_EX_CLIENTEDGE) << id;
     }
@@ -135,10 +137,10 @@ TEST(SettingsWindow, ShowsWhatIsSavedButNotThePassword)
     save({"https://m\xC3\xBCller.example/blog", "Zo\xC3\xAB", "abcdefghijkl"});
     const RunningProgram program;
     const OpenSettingsWindow settings(program);
-    EXPECT_EQ(settings.text(2001), L"https://m\u00FCller.example/blog");
-    EXPECT_EQ(settings.text(2002), L"Zo\u00EB");
-    EXPECT_EQ(settings.text(2003), L"");
-    EXPECT_EQ(program.cue_of(settings.control(2003)), L"Saved on this PC");
+    EXPECT_EQ(settings.text(kSiteField), L"https://m\u00FCller.example/blog");
+    EXPECT_EQ(settings.text(kUserField), L"Zo\u00EB");
+    EXPECT_EQ(settings.text(kPasswordField), L"");
+    EXPECT_EQ(program.cue_of(settings.control(kPasswordField)), L"Saved on this PC");
     EXPECT_TRUE(settings.is_masked());
 }
 
@@ -147,7 +149,7 @@ TEST(SettingsWindow, WithoutASavedPasswordSaysWhereOneComesFrom)
     const TestFolder folder;
     const RunningProgram program;
     const OpenSettingsWindow settings(program);
-    EXPECT_EQ(program.cue_of(settings.control(2003)), L"From Application Passwords");
+    EXPECT_EQ(program.cue_of(settings.control(kPasswordField)), L"From Application Passwords");
 }
 
 TEST(SettingsWindow, OpenedAgainOnlyComesForward)
@@ -155,12 +157,12 @@ TEST(SettingsWindow, OpenedAgainOnlyComesForward)
     const TestFolder folder;
     const RunningProgram program;
     const OpenSettingsWindow settings(program);
-    settings.type(2001, L"typed.example");
+    settings.type(kSiteField, L"typed.example");
     SetForegroundWindow(program.window());
     const OpenSettingsWindow again(program);
     EXPECT_EQ(again.window(), settings.window());
     EXPECT_EQ(FindWindowExW(nullptr, settings.window(), L"CorvaneBrassletSettings", nullptr), nullptr);
-    EXPECT_EQ(again.text(2001), L"typed.example");
+    EXPECT_EQ(again.text(kSiteField), L"typed.example");
     EXPECT_TRUE(becomes_true([&] { return GetForegroundWindow() == settings.window(); }));
 }
 
@@ -169,12 +171,12 @@ TEST(SettingsWindow, TabMovesThroughTheFieldsAndButtonsAndBack)
     const TestFolder folder;
     const RunningProgram program;
     const OpenSettingsWindow settings(program);
-    ASSERT_TRUE(program.has_focus(settings.control(2001)));
-    for (const int id : {2002, 2003, 2009, 2004, 2001}) {
+    ASSERT_TRUE(program.has_focus(settings.control(kSiteField)));
+    for (const int id : {kUserField, kPasswordField, kShowPasswordButton, kCloseSettingsButton, kSiteField}) {
         strike(VK_TAB);
         ASSERT_TRUE(program.has_focus(settings.control(id))) << id;
     }
-    for (const int id : {2004, 2009, 2003, 2002, 2001}) {
+    for (const int id : {kCloseSettingsButton, kShowPasswordButton, kPasswordField, kUserField, kSiteField}) {
         strike(VK_TAB, VK_SHIFT);
         ASSERT_TRUE(program.has_focus(settings.control(id))) << "back to " << id;
     }
@@ -186,12 +188,12 @@ TEST(SettingsWindow, EnterAndEscapeChangeNothingInAField)
     save({"old.example", "admin", ""});
     const RunningProgram program;
     const OpenSettingsWindow settings(program);
-    ASSERT_TRUE(program.has_focus(settings.control(2001)));
+    ASSERT_TRUE(program.has_focus(settings.control(kSiteField)));
     for (const WORD key : {WORD{VK_RETURN}, WORD{VK_ESCAPE}, WORD{VK_TAB}})
         strike(key);
-    ASSERT_TRUE(program.has_focus(settings.control(2002)));  // the keys before Tab have been taken
+    ASSERT_TRUE(program.has_focus(settings.control(kUserField)));  // the keys before Tab have been taken
     EXPECT_TRUE(settings.is_open());
-    EXPECT_EQ(settings.text(2001), L"old.example");
+    EXPECT_EQ(settings.text(kSiteField), L"old.example");
 }
 
 TEST(SettingsWindow, SpacePressesTheButtonThatHasTheFocus)
@@ -199,9 +201,9 @@ TEST(SettingsWindow, SpacePressesTheButtonThatHasTheFocus)
     const TestFolder folder;
     const RunningProgram program;
     const OpenSettingsWindow settings(program);
-    ASSERT_TRUE(program.has_focus(settings.control(2001)));
+    ASSERT_TRUE(program.has_focus(settings.control(kSiteField)));
     strike(VK_TAB, VK_SHIFT);
-    ASSERT_TRUE(program.has_focus(settings.control(2004)));
+    ASSERT_TRUE(program.has_focus(settings.control(kCloseSettingsButton)));
     strike(VK_SPACE);
     EXPECT_TRUE(becomes_true([&] { return !settings.is_open(); }));
 }
@@ -214,7 +216,7 @@ TEST(SettingsWindow, TheMainWindowGoesOnWorking)
     const OpenSettingsWindow settings(program);
     EXPECT_TRUE(IsWindowEnabled(program.window()));
     program.type(L"Ann");
-    EXPECT_EQ(program.text(1012), L"ann@example.org");
-    program.press(1006);
-    EXPECT_TRUE(program.shows(1008, L"Connect a Vaultry wallet first."));
+    EXPECT_EQ(program.text(kNamePreview), L"ann@example.org");
+    program.press(kPublishButton);
+    EXPECT_TRUE(program.shows(kStatusLine, L"Connect a Vaultry wallet first."));
 }

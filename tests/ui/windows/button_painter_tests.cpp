@@ -126,37 +126,6 @@ TEST(DrawnButton, ShowsItsFaceRowByRowAndTheBackgroundInItsCorners)
     EXPECT_EQ(canvas.at(0, 0), colorref(background_sample(60, 200)));
 }
 
-TEST(DrawnButton, PressedIsDarkAtTheTopWithAnActiveBorder)
-{
-    const Canvas canvas;
-    const Button button;
-    button.paint(canvas.dc(), ODS_SELECTED);
-    EXPECT_EQ(canvas.at(50, 3), colorref(gradient_row(button_face({.pressed = true}, kBackgroundBottom), 3, kHeight)));
-    EXPECT_EQ(canvas.at(50, 0), colorref(kBorderActive));
-}
-
-TEST(DrawnButton, UnderTheMouseIsLighterWithAnActiveBorderUntilTheMouseLeaves)
-{
-    const Canvas canvas;
-    const Button button;
-    SendMessageW(button.window, WM_MOUSEMOVE, 0, MAKELPARAM(5, 5));
-    EXPECT_EQ(GetPropW(button.window, L"payname.hot"), reinterpret_cast<HANDLE>(1));
-    button.paint(canvas.dc(), 0);
-    EXPECT_EQ(canvas.at(50, 20), colorref(gradient_row(button_face({.hot = true}, {}), 20, kHeight)));
-    EXPECT_EQ(canvas.at(50, 0), colorref(kBorderActive));
-    SendMessageW(button.window, WM_MOUSELEAVE, 0, 0);
-    EXPECT_EQ(GetPropW(button.window, L"payname.hot"), nullptr);
-}
-
-TEST(DrawnButton, DisabledIsDimmedTowardsTheBackground)
-{
-    const Canvas canvas;
-    const Button button;
-    button.paint(canvas.dc(), ODS_DISABLED);
-    const Gradient face = button_face({.disabled = true}, background_sample(80, 200));
-    EXPECT_EQ(canvas.at(50, 20), colorref(gradient_row(face, 20, kHeight)));
-}
-
 TEST(DrawnButton, ShowsTheHandOverItsClientArea)
 {
     const Button button;

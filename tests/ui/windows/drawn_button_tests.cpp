@@ -1,6 +1,7 @@
 // A drawn button under the mouse, and one that is enabled or disabled.
 #include "ui/windows/drawn_button.h"
 
+#include "app/windows/controls.h"
 #include "kit/windows/own_window.h"
 #include "kit/windows/replaced_import.h"
 
@@ -22,15 +23,13 @@ BOOL WINAPI note_request(LPTRACKMOUSEEVENT request)
     return TRUE;
 }
 
-constexpr int kPublish = 1006;
-
 class ButtonHover : public testing::Test {
 protected:
     ButtonHover() { SetCursor(arrow()); }
 
     static HCURSOR arrow() { return LoadCursorW(nullptr, IDC_ARROW); }
     static HCURSOR hand() { return LoadCursorW(nullptr, IDC_HAND); }
-    HWND button() const { return m_window.control(kPublish); }
+    HWND button() const { return m_window.control(kPublishButton); }
     bool is_hot() const { return GetPropW(button(), L"payname.hot") != nullptr; }
     bool has_to_be_painted() const { return GetUpdateRect(button(), nullptr, FALSE) != 0; }
     void move_mouse() const { SendMessageW(button(), WM_MOUSEMOVE, 0, MAKELPARAM(5, 5)); }
@@ -46,7 +45,7 @@ protected:
 
 class ButtonEnabling : public testing::Test {
 protected:
-    HWND button() const { return m_window.control(kPublish); }
+    HWND button() const { return m_window.control(kPublishButton); }
     bool has_to_be_painted() const { return GetUpdateRect(button(), nullptr, FALSE) != 0; }
 
     TestFolder m_folder;

@@ -2,7 +2,9 @@
 #include "kit/windows/any_window.h"
 #include "kit/windows/running_program.h"
 
+#include "app/windows/controls.h"
 #include "kit/test_folder.h"
+#include "settings/windows/settings_window_controls.h"
 #include "ui/windows/gdi.h"
 
 #include <gtest/gtest.h>
@@ -10,15 +12,8 @@
 namespace {
 
 // All that the keys can reach, as they are read: from left to right, from the top down.
-constexpr int kInReadingOrder[] = {1001, 1002, 1003, 1004, 1005, 1006, 1007, 1018};
-constexpr int kConnect = 1001;
-constexpr int kUnbind = 1002;
-constexpr int kGear = 1003;
-constexpr int kNameField = 1004;
-constexpr int kPublish = 1006;
-constexpr int kRemove = 1007;
-constexpr int kStatus = 1008;
-constexpr int kClose = 1018;
+constexpr int kInReadingOrder[] = {kConnectButton, kUnbindButton,  kSettingsButton, kNameField,
+                                   kInstallButton, kPublishButton, kRemoveButton,   kCloseButton};
 constexpr wchar_t kUnbound[] = L"Unbound. Connect again to pick a wallet in Vaultry.";
 
 class Keyboard : public testing::Test {
@@ -66,7 +61,7 @@ TEST_F(Keyboard, TabGoesThroughAllControlsInReadingOrderAndBack)
         ASSERT_TRUE(has_focus(id)) << id;
     }
     strike(VK_TAB);
-    ASSERT_TRUE(has_focus(kConnect));
+    ASSERT_TRUE(has_focus(kConnectButton));
     strike(VK_TAB, VK_SHIFT);
     for (auto id = std::rbegin(kInReadingOrder); id != std::rend(kInReadingOrder); ++id) {
         ASSERT_TRUE(has_focus(*id)) << "back to " << *id;
@@ -84,63 +79,63 @@ TEST_F(Keyboard, WhatComesLaterStandsFurtherRightOrDown)
 TEST_F(Keyboard, EnterAndSpacePressTheButtonThatHasTheFocus)
 {
     for (const WORD key : {WORD{VK_RETURN}, WORD{VK_SPACE}}) {
-        tab_to(kUnbind);
-        send_to(control(kStatus), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L""));
+        tab_to(kUnbindButton);
+        send_to(control(kStatusLine), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L""));
         strike(key);
-        EXPECT_TRUE(program.shows(kStatus, kUnbound)) << key;
-        EXPECT_TRUE(has_focus(kUnbind));
+        EXPECT_TRUE(program.shows(kStatusLine, kUnbound)) << key;
+        EXPECT_TRUE(has_focus(kUnbindButton));
     }
 }
 
 TEST_F(Keyboard, AKeyThatIsHeldPressesOnce)
 {
     constexpr LPARAM kHeld = LPARAM{KF_REPEAT} << 16 | 1;
-    send_to(control(kUnbind), WM_KEYDOWN, VK_RETURN, kHeld);
-    EXPECT_EQ(program.text(kStatus), L"");
-    send_to(control(kUnbind), WM_KEYDOWN, VK_RETURN, 1);
-    EXPECT_EQ(program.text(kStatus), kUnbound);
+    send_to(control(kUnbindButton), WM_KEYDOWN, VK_RETURN, kHeld);
+    EXPECT_EQ(program.text(kStatusLine), L"");
+    send_to(control(kUnbindButton), WM_KEYDOWN, VK_RETURN, 1);
+    EXPECT_EQ(program.text(kStatusLine), kUnbound);
 }
 
 TEST_F(Keyboard, EnterInTheNameFieldAndEscapeStartNothing)
 {
-    for (const int id : {kNameField, kUnbind, kClose}) {
+    for (const int id : {kNameField, kUnbindButton, kCloseButton}) {
         tab_to(id);
         if (id == kNameField) strike(VK_RETURN);
         strike(VK_ESCAPE);
         strike(VK_TAB);  // the keys before it have been taken
         ASSERT_TRUE(becomes_true([&] { return program.focus() != control(id); }));
     }
-    EXPECT_EQ(program.text(kStatus), L"");
+    EXPECT_EQ(program.text(kStatusLine), L"");
     EXPECT_TRUE(program.is_running());
     EXPECT_TRUE(program.answers());
 }
 
 TEST_F(Keyboard, TheArrowKeysStayOnTheirButton)
 {
-    EXPECT_TRUE(send_to(control(kPublish), WM_GETDLGCODE) & DLGC_WANTARROWS);
-    tab_to(kPublish);
+    EXPECT_TRUE(send_to(control(kPublishButton), WM_GETDLGCODE) & DLGC_WANTARROWS);
+    tab_to(kPublishButton);
     for (const WORD key : {WORD{VK_RIGHT}, WORD{VK_LEFT}, WORD{VK_UP}, WORD{VK_DOWN}})
         strike(key);
     strike(VK_TAB);
-    EXPECT_TRUE(has_focus(kRemove));
+    EXPECT_TRUE(has_focus(kRemoveButton));
 }
 
 TEST_F(Keyboard, EnterOnTheGearOpensTheSettingsWhichGiveTheFocusBack)
 {
-    tab_to(kGear);
+    tab_to(kSettingsButton);
     strike(VK_RETURN);
     ASSERT_TRUE(becomes_true([] { return IsWindowVisible(find_settings_window()) != FALSE; }));
     const HWND settings = find_settings_window();
-    ASSERT_TRUE(program.has_focus(GetDlgItem(settings, 2001)));
-    program.tab_to(GetDlgItem(settings, 2004));
+    ASSERT_TRUE(program.has_focus(GetDlgItem(settings, kSiteField)));
+    program.tab_to(GetDlgItem(settings, kCloseSettingsButton));
     strike(VK_RETURN);
     EXPECT_TRUE(becomes_true([&] { return !IsWindow(settings); }));
-    EXPECT_TRUE(has_focus(kGear));
+    EXPECT_TRUE(has_focus(kSettingsButton));
 }
 
 TEST_F(Keyboard, EnterOnCloseEndsTheProgram)
 {
-    tab_to(kClose);
+    tab_to(kCloseButton);
     strike(VK_RETURN);
     EXPECT_EQ(program.exit_code(), 0U);
 }
@@ -170,21 +165,21 @@ TEST_F(Keyboard, TheCloseBoxOfTheCaptionEndsTheProgram)
 
 TEST_F(Keyboard, TheFocusIsWhereItWasWhenTheUserComesBack)
 {
-    tab_to(kUnbind);
+    tab_to(kUnbindButton);
     const HWND other = turn_to_another_window();
-    EXPECT_TRUE(becomes_true([&] { return program.focus() != control(kUnbind); }));
+    EXPECT_TRUE(becomes_true([&] { return program.focus() != control(kUnbindButton); }));
     SetForegroundWindow(program.window());
-    EXPECT_TRUE(has_focus(kUnbind));
+    EXPECT_TRUE(has_focus(kUnbindButton));
     DestroyWindow(other);
 }
 
 TEST_F(Keyboard, TheFocusIsWhereItWasWhenTheWindowIsRestored)
 {
-    tab_to(kUnbind);
+    tab_to(kUnbindButton);
     PostMessageW(program.window(), WM_SYSCOMMAND, SC_MINIMIZE, 0);
     ASSERT_TRUE(becomes_true([&] { return IsIconic(program.window()) != FALSE; }));
     PostMessageW(program.window(), WM_SYSCOMMAND, SC_RESTORE, 0);
-    EXPECT_TRUE(has_focus(kUnbind));
+    EXPECT_TRUE(has_focus(kUnbindButton));
 }
 
 TEST_F(Keyboard, ShowsTheFocusFromTheFirstTabToTheNextClick)
@@ -193,22 +188,22 @@ TEST_F(Keyboard, ShowsTheFocusFromTheFirstTabToTheNextClick)
         const Rect place = program.place(id);
         return pixel_of(program.window(), place.x + 3, place.middle()) == colorref(kButtonText);
     };
-    click(control(kUnbind));
-    ASSERT_TRUE(has_focus(kUnbind));
-    EXPECT_FALSE(shows_ring(kUnbind));
+    click(control(kUnbindButton));
+    ASSERT_TRUE(has_focus(kUnbindButton));
+    EXPECT_FALSE(shows_ring(kUnbindButton));
     strike(VK_TAB);
-    EXPECT_TRUE(becomes_true([&] { return shows_ring(kGear); }));
+    EXPECT_TRUE(becomes_true([&] { return shows_ring(kSettingsButton); }));
     strike(VK_TAB, VK_SHIFT);
-    EXPECT_TRUE(becomes_true([&] { return shows_ring(kUnbind) && !shows_ring(kGear); }));
-    click(control(kUnbind));
-    EXPECT_TRUE(becomes_true([&] { return !shows_ring(kUnbind); }));
-    EXPECT_TRUE(has_focus(kUnbind));
+    EXPECT_TRUE(becomes_true([&] { return shows_ring(kUnbindButton) && !shows_ring(kSettingsButton); }));
+    click(control(kUnbindButton));
+    EXPECT_TRUE(becomes_true([&] { return !shows_ring(kUnbindButton); }));
+    EXPECT_TRUE(has_focus(kUnbindButton));
 }
 
 TEST_F(Keyboard, ShowsTheFocusInTheSettingsToo)
 {
     const OpenSettingsWindow settings(program);
-    const HWND eye = settings.control(2009);
+    const HWND eye = settings.control(kShowPasswordButton);
     program.tab_to(eye);
     EXPECT_TRUE(becomes_true([&] { return pixel_of(eye, 3, 16) == colorref(kButtonText); }));
 }
@@ -216,9 +211,9 @@ TEST_F(Keyboard, ShowsTheFocusInTheSettingsToo)
 TEST_F(Keyboard, TheSettingsGiveTheFocusBackToTheirFieldToo)
 {
     const OpenSettingsWindow settings(program);
-    program.tab_to(settings.control(2002));
+    program.tab_to(settings.control(kUserField));
     const HWND other = turn_to_another_window();
     SetForegroundWindow(settings.window());
-    EXPECT_TRUE(program.has_focus(settings.control(2002)));
+    EXPECT_TRUE(program.has_focus(settings.control(kUserField)));
     DestroyWindow(other);
 }

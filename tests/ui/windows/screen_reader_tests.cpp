@@ -1,4 +1,5 @@
 // The program as a screen reader hears it: from another process, through IAccessible and the events of the desktop.
+#include "app/windows/controls.h"
 #include "app/windows/workers.h"
 #include "kit/test_folder.h"
 #include "kit/windows/any_window.h"
@@ -6,6 +7,7 @@
 #include "kit/windows/running_program.h"
 #include "kit/windows/spoken.h"
 #include "kit/windows/stalled_site.h"
+#include "settings/windows/settings_window_controls.h"
 
 #include <gtest/gtest.h>
 
@@ -25,36 +27,37 @@ constexpr LONG kButton = ROLE_SYSTEM_PUSHBUTTON;
 constexpr LONG kField = ROLE_SYSTEM_TEXT;
 
 constexpr Expected kMainWindow[] = {
-    {1001, kButton, L"Connect"},
-    {1002, kButton, L"Unbind"},
-    {1003, kButton, L"Settings"},
-    {1014, kLabel, L"House paymail"},
-    {1010, kLabel, L"Connect Vaultry"},
-    {1015, kLabel, L"Payment address"},
-    {1011, kLabel, L"Connect Vaultry"},
-    {1016, kLabel, L"Name"},
-    {1004, kField, L"Name"},
-    {1012, kLabel, L"name@your-site"},
-    {1017, kLabel, L"Pays this house paymail. Other names stay."},
-    {1013, kLabel, L""},
-    {1005, kButton, L"Install plugin"},
-    {1006, kButton, L"Publish"},
-    {1007, kButton, L"Remove"},
-    {1018, kButton, L"Close"},
-    {1008, kLabel, L""},
-    {1009, kLabel, L"Version 0.001"},
+    {kConnectButton, kButton, L"Connect"},
+    {kUnbindButton, kButton, L"Unbind"},
+    {kSettingsButton, kButton, L"Settings"},
+    {kHousePaymailCaption, kLabel, L"House paymail"},
+    {kHousePaymail, kLabel, L"Connect Vaultry"},
+    {kPaymentAddressCaption, kLabel, L"Payment address"},
+    {kPaymentAddress, kLabel, L"Connect Vaultry"},
+    {kNameCaption, kLabel, L"Name"},
+    {kNameField, kField, L"Name"},
+    {kNamePreview, kLabel, L"name@your-site"},
+    {kNameHint, kLabel, L"Pays this house paymail. Other names stay."},
+    {kKeptNames, kLabel, L""},
+    {kInstallButton, kButton, L"Install plugin"},
+    {kPublishButton, kButton, L"Publish"},
+    {kRemoveButton, kButton, L"Remove"},
+    {kCloseButton, kButton, L"Close"},
+    {kStatusLine, kLabel, L""},
+    {kVersionLabel, kLabel, L"Version 0.001"},
 };
 
 constexpr Expected kSettingsWindow[] = {
-    {2006, kLabel, L"Site"},
-    {2001, kField, L"Site"},
-    {2007, kLabel, L"WordPress user"},
-    {2002, kField, L"WordPress user"},
-    {2008, kLabel, L"Application password"},
-    {2003, kField, L"Application password"},
-    {2009, kButton, L"Show password"},
-    {2005, kLabel, L"Not the site login. On your profile, Application Passwords, paste the one WordPress shows."},
-    {2004, kButton, L"Close"},
+    {kSiteCaption, kLabel, L"Site"},
+    {kSiteField, kField, L"Site"},
+    {kUserCaption, kLabel, L"WordPress user"},
+    {kUserField, kField, L"WordPress user"},
+    {kPasswordCaption, kLabel, L"Application password"},
+    {kPasswordField, kField, L"Application password"},
+    {kShowPasswordButton, kButton, L"Show password"},
+    {kPasswordHint, kLabel,
+     L"Not the site login. On your profile, Application Passwords, paste the one WordPress shows."},
+    {kCloseSettingsButton, kButton, L"Close"},
 };
 
 void expect_spoken(HWND control, const Expected& expected)
@@ -97,66 +100,66 @@ TEST_F(ScreenReader, HearsNameRoleAndStateOfEveryControlOfTheSettings)
     EXPECT_EQ(spoken(settings.window()).name, L"Settings");
     for (const Expected& expected : kSettingsWindow)
         expect_spoken(settings.control(expected.id), expected);
-    EXPECT_TRUE(spoken(settings.control(2003)).is(STATE_SYSTEM_PROTECTED));
+    EXPECT_TRUE(spoken(settings.control(kPasswordField)).is(STATE_SYSTEM_PROTECTED));
 }
 
 TEST_F(ScreenReader, HearsWhatTheFieldHolds)
 {
     program.type(L"ann");
-    EXPECT_EQ(spoken(control(1004)).value, L"ann");
+    EXPECT_EQ(spoken(control(kNameField)).value, L"ann");
 }
 
 TEST_F(ScreenReader, HearsThatTheEyeWouldHideThePasswordWhileItIsShown)
 {
     const OpenSettingsWindow settings(program);
-    const HWND eye = settings.control(2009);
+    const HWND eye = settings.control(kShowPasswordButton);
     int changes = 0;
     const HeardEvents events(EVENT_OBJECT_NAMECHANGE, EVENT_OBJECT_NAMECHANGE,
                              [&](DWORD, HWND window) { changes += window == eye ? 1 : 0; });
-    settings.press(2009);
+    settings.press(kShowPasswordButton);
     EXPECT_EQ(spoken(eye).name, L"Hide password");
     EXPECT_TRUE(comes_true([&] { return changes == 1; }));
-    settings.press(2009);
+    settings.press(kShowPasswordButton);
     EXPECT_EQ(spoken(eye).name, L"Show password");
     EXPECT_TRUE(comes_true([&] { return changes == 2; }));
-    EXPECT_EQ(settings.text(2009), L"");
+    EXPECT_EQ(settings.text(kShowPasswordButton), L"");
 }
 
 TEST_F(ScreenReader, HearsWhichButtonHasTheFocusAndWhichCannotBePressed)
 {
-    program.tab_to(control(1002));
-    EXPECT_TRUE(spoken(control(1002)).is(STATE_SYSTEM_FOCUSED));
-    EXPECT_FALSE(spoken(control(1001)).is(STATE_SYSTEM_FOCUSED));
-    EnableWindow(control(1006), FALSE);
-    const Spoken publish = spoken(control(1006));
+    program.tab_to(control(kUnbindButton));
+    EXPECT_TRUE(spoken(control(kUnbindButton)).is(STATE_SYSTEM_FOCUSED));
+    EXPECT_FALSE(spoken(control(kConnectButton)).is(STATE_SYSTEM_FOCUSED));
+    EnableWindow(control(kPublishButton), FALSE);
+    const Spoken publish = spoken(control(kPublishButton));
     EXPECT_TRUE(publish.is(STATE_SYSTEM_UNAVAILABLE));
     EXPECT_FALSE(publish.is(STATE_SYSTEM_FOCUSABLE));
 }
 
 TEST_F(ScreenReader, PressesAButton)
 {
-    EXPECT_EQ(Accessible(control(1002)).press(), S_OK);
-    EXPECT_TRUE(program.shows(1008, L"Unbound. Connect again to pick a wallet in Vaultry."));
+    EXPECT_EQ(Accessible(control(kUnbindButton)).press(), S_OK);
+    EXPECT_TRUE(program.shows(kStatusLine, L"Unbound. Connect again to pick a wallet in Vaultry."));
 }
 
 TEST_F(ScreenReader, CannotPressADisabledButton)
 {
-    EnableWindow(control(1002), FALSE);
-    EXPECT_EQ(Accessible(control(1002)).press(), DISP_E_MEMBERNOTFOUND);
+    EnableWindow(control(kUnbindButton), FALSE);
+    EXPECT_EQ(Accessible(control(kUnbindButton)).press(), DISP_E_MEMBERNOTFOUND);
     EXPECT_TRUE(program.answers());
-    EXPECT_EQ(program.text(1008), L"");
+    EXPECT_EQ(program.text(kStatusLine), L"");
 }
 
 TEST_F(ScreenReader, HearsEveryNewSentenceOfTheStatusLine)
 {
-    const HWND status = control(1008);
+    const HWND status = control(kStatusLine);
     std::vector<std::wstring> sentences;
     const HeardEvents events(EVENT_OBJECT_LIVEREGIONCHANGED, EVENT_OBJECT_LIVEREGIONCHANGED, [&](DWORD, HWND window) {
         if (window == status) sentences.push_back(spoken(window).name);
     });
-    program.press(1002);
+    program.press(kUnbindButton);
     EXPECT_TRUE(comes_true([&] { return sentences.size() == 1; }));
-    program.press(1006);
+    program.press(kPublishButton);
     EXPECT_TRUE(comes_true([&] { return sentences.size() == 2; }));
     EXPECT_EQ(sentences, (std::vector<std::wstring>{L"Unbound. Connect again to pick a wallet in Vaultry.",
                                                     L"Connect a Vaultry wallet first."}));
@@ -165,9 +168,9 @@ TEST_F(ScreenReader, HearsEveryNewSentenceOfTheStatusLine)
 TEST_F(ScreenReader, FindsTheWindowOfAButton)
 {
     HWND window = nullptr;
-    const Accessible button(control(1003));
+    const Accessible button(control(kSettingsButton));
     EXPECT_EQ(WindowFromAccessibleObject(button.get(), &window), S_OK);
-    EXPECT_EQ(window, control(1003));
+    EXPECT_EQ(window, control(kSettingsButton));
     LONG left = 0;
     LONG top = 0;
     LONG width = 0;
@@ -176,7 +179,7 @@ TEST_F(ScreenReader, FindsTheWindowOfAButton)
     self.vt = VT_I4;
     EXPECT_EQ(button.get()->accLocation(&left, &top, &width, &height, self), S_OK);
     RECT place{};
-    GetWindowRect(control(1003), &place);
+    GetWindowRect(control(kSettingsButton), &place);
     EXPECT_EQ((Rect{left, top, width, height}), from_windows(place));
 }
 
@@ -190,7 +193,7 @@ TEST_F(ScreenReader, HearsALinkWhereANewerBuildIsToBeHad)
     }));
     PostMessageW(GetDlgItem(box, IDNO), BM_CLICK, 0, 0);
     EXPECT_TRUE(becomes_true([&] { return !IsWindow(box); }));
-    const Spoken link = spoken(control(1009));
+    const Spoken link = spoken(control(kVersionLabel));
     EXPECT_EQ(link.name, L"Update available, https://corvane.example/brasslet");
     EXPECT_EQ(link.role, ROLE_SYSTEM_LINK);
     EXPECT_TRUE(link.is(STATE_SYSTEM_LINKED));
