@@ -25,7 +25,8 @@ struct WalletEntry {
     std::string name;  // to show; the id when the list gives none
 };
 
-// Damaged: not a JSON object, or one whose "wallets" is not an array. Its text is worth keeping, for a person to look at.
+// Damaged: not a JSON object, or one whose "wallets" is not an array. Its text is worth keeping, for a person to look
+// at.
 enum class WalletListStatus { sound, missing, unreadable, damaged };
 
 struct WalletListReading {
