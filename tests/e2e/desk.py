@@ -7,6 +7,7 @@ import pathlib
 import re
 import shutil
 import subprocess
+import threading
 import time
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
@@ -79,26 +80,41 @@ def payname_rows() -> list:
     return json.loads(path.read_text(encoding="utf-8"))["names"] if path.exists() else []
 
 
-NO = 3  # drive's exit status for what is not there, or did not come in time
+class Driver:
+    """The process that works the windows; see tools/drive.cpp. Started by its first command, and again by the first
+    after its end, which comes with that of its Wine."""
+
+    def __init__(self):
+        self._process = None
+
+    def ask(self, words: tuple) -> tuple:
+        """How the command ended, and what it found."""
+        if self._process is None or self._process.poll() is not None:
+            self._process = subprocess.Popen(["wine", TOOLS / "drive.exe"], stdin=subprocess.PIPE, stdout=subprocess.PIPE)
+        timer = threading.Timer(180, self._process.kill)
+        timer.start()
+        try:
+            self._process.stdin.write(b"".join(str(word).encode() + b"\0" for word in words) + b"\n")
+            self._process.stdin.flush()
+            state, _, size = self._process.stdout.readline().decode().partition(" ")
+            assert state in ("done", "no"), f"drive {words}: {state or 'it has ended'}"
+            return state, self._process.stdout.read(int(size)).decode("utf-8").rstrip("\r\n")
+        finally:
+            timer.cancel()
 
 
-def run_drive(*words: object) -> subprocess.CompletedProcess:
-    """One command to the windows; see tools/drive.cpp."""
-    done = subprocess.run(["wine", TOOLS / "drive.exe", *map(str, words)], capture_output=True, check=False, timeout=180)
-    if done.returncode not in (0, NO):
-        raise AssertionError(f"drive {words}: exit status {done.returncode}\n{done.stderr.decode(errors='replace')}")
-    return done
+DRIVER = Driver()
 
 
 def drive(*words: object, check: bool = True) -> str:
-    done = run_drive(*words)
-    if check and done.returncode != 0:
-        raise AssertionError(f"drive {words}: not there, or not in time")
-    return done.stdout.decode("utf-8").rstrip("\r\n")
+    """One command to the windows. Returns what it found."""
+    state, found = DRIVER.ask(words)
+    assert state == "done" or not check, f"drive {words}: not there, or not in time"
+    return found
 
 
 def is_true(*words: object) -> bool:
-    return run_drive(*words).returncode == 0
+    return DRIVER.ask(words)[0] == "done"
 
 
 def start_program(folder: pathlib.Path = EXE.parent) -> subprocess.Popen:

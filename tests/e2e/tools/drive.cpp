@@ -1,17 +1,25 @@
 // Works the program's windows from outside, as a user's hands and eyes would: finds them, reads their controls, types,
-// presses. One command a run; what it finds goes to standard output as UTF-8. Exit status 3: not found, or too late;
-// 1 is left to Wine, which ends so when it cannot even start a program.
+// presses. Serves until the end of its standard input, because starting a process under Wine takes longer than any
+// command. All is UTF-8:
+//
+//     a command: its words, each followed by a zero byte, and a line feed
+//     its reply: "done", "no" (not there, or too late) or "wrong" (no such command), a blank, the size of what was
+//     found
+//                in bytes, a line feed, and what was found
 #include "app/windows/controls.h"
 
 #include <windows.h>
 
-#include <shellapi.h>
+#include <fcntl.h>
+#include <io.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <functional>
 #include <iostream>
 #include <iterator>
 #include <map>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -36,6 +44,23 @@ std::string utf8(const std::wstring& wide)
     std::string narrow(static_cast<std::size_t>(size), '\0');
     WideCharToMultiByte(CP_UTF8, 0, wide.data(), static_cast<int>(wide.size()), narrow.data(), size, nullptr, nullptr);
     return narrow;
+}
+
+std::wstring utf16(const std::string& narrow)
+{
+    if (narrow.empty()) return {};
+    const int bytes = static_cast<int>(narrow.size());
+    const int size = MultiByteToWideChar(CP_UTF8, 0, narrow.data(), bytes, nullptr, 0);
+    std::wstring wide(static_cast<std::size_t>(size), L'\0');
+    MultiByteToWideChar(CP_UTF8, 0, narrow.data(), bytes, wide.data(), size);
+    return wide;
+}
+
+// What the command in hand has found.
+std::ostringstream& found()
+{
+    static std::ostringstream text;
+    return text;
 }
 
 // False when `condition` did not come true within `milliseconds`.
@@ -99,14 +124,14 @@ bool print_rectangle(HWND handle)
 {
     RECT r;
     if (handle == nullptr || !GetWindowRect(handle, &r)) return false;
-    std::cout << r.left << ' ' << r.top << ' ' << r.right << ' ' << r.bottom << '\n';
+    found() << r.left << ' ' << r.top << ' ' << r.right << ' ' << r.bottom;
     return true;
 }
 
 bool print_text(HWND handle)
 {
     if (handle == nullptr) return false;
-    std::cout << utf8(text_of(handle)) << '\n';
+    found() << utf8(text_of(handle));
     return true;
 }
 
@@ -150,7 +175,7 @@ const std::map<std::wstring, std::function<bool(const Arguments&)>>& commands()
          [](const Arguments& a) {
              RECT client;
              if (!GetClientRect(a.empty() ? window() : control(a), &client)) return false;
-             std::cout << client.right << ' ' << client.bottom << '\n';
+             found() << client.right << ' ' << client.bottom;
              return true;
          }},
         // is-enabled ID
@@ -201,21 +226,49 @@ const std::map<std::wstring, std::function<bool(const Arguments&)>>& commands()
 
 }  // namespace
 
+namespace {
+
+// The words of the next command. False at the end of the input.
+bool read_command(Arguments& words)
+{
+    words.clear();
+    std::string word;
+    for (int c = std::cin.get(); c != std::char_traits<char>::eof(); c = std::cin.get()) {
+        if (c == '\0') {
+            words.push_back(utf16(word));
+            word.clear();
+        } else if (c == '\n' && word.empty()) {
+            return true;
+        } else {
+            word += static_cast<char>(c);
+        }
+    }
+    return false;
+}
+
+const char* carry_out(const Arguments& words)
+{
+    const auto command = words.empty() ? commands().end() : commands().find(words[0]);
+    if (command == commands().end()) return "wrong";
+    try {
+        return command->second(Arguments(words.begin() + 1, words.end())) ? "done" : "no";
+    } catch (const std::exception&) {  // an argument is missing or not a number
+        return "wrong";
+    }
+}
+
+}  // namespace
+
 int main()
 {
-    int count = 0;
-    wchar_t** words = CommandLineToArgvW(GetCommandLineW(), &count);
-    const Arguments all(words, words + count);
-    LocalFree(static_cast<HLOCAL>(words));
-    const auto command = all.size() > 1 ? commands().find(all[1]) : commands().end();
-    if (command == commands().end()) {
-        std::cerr << "drive: no such command\n";
-        return 2;
+    // Pixels are those of the screen, whatever its resolution was when this began.
+    SetProcessDpiAwarenessContext(DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2);
+    if (_setmode(_fileno(stdin), _O_BINARY) == -1 || _setmode(_fileno(stdout), _O_BINARY) == -1) return 1;
+    for (Arguments words; read_command(words);) {
+        found().str({});
+        const char* state = carry_out(words);
+        const std::string text = found().str();
+        std::cout << state << ' ' << text.size() << '\n' << text << std::flush;
     }
-    try {
-        return command->second(Arguments(all.begin() + 2, all.end())) ? 0 : 3;
-    } catch (const std::exception&) {
-        std::cerr << "drive: an argument is missing or no number\n";
-        return 2;
-    }
+    return 0;
 }
