@@ -16,5 +16,4 @@ set(BRASSLET_VERSION "${whole}.${thousandths}")
 string(REPLACE "." "\\." BRASSLET_HOUSE_DOMAIN_PATTERN "${BRASSLET_HOUSE_DOMAIN}")
 set(BRASSLET_GENERATED_DIR "${CMAKE_BINARY_DIR}/generated")
 configure_file("${CMAKE_SOURCE_DIR}/cmake/build_values.h.in" "${BRASSLET_GENERATED_DIR}/build_values.h" @ONLY)
-configure_file("${CMAKE_SOURCE_DIR}/src/plugin/brasslet.php.in" "${BRASSLET_GENERATED_DIR}/brasslet.php" @ONLY
-  NEWLINE_STYLE UNIX)
+include(plugin_text)
