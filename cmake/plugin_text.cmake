@@ -1,8 +1,8 @@
 # The WordPress plugin is shipped as one PHP file. Its sources are several, one idea each: the head, which opens the file
 # and carries the values of the build, and parts that begin with "<?php" and a blank line of their own.
 set(plugin_parts
-  header_bridge discovery routes login header_login publishing lookup caches updates site_health wallet_check
-  notice obstacles record lock_clock host values)
+  header_bridge discovery routes login header_login publishing lookup script caches updates
+  site_health wallet_check notice obstacles record change lock host values)
 
 set(plugin_sources "${CMAKE_SOURCE_DIR}/src/plugin/php/head.php.in")
 foreach(part IN LISTS plugin_parts)

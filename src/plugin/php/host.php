@@ -1,15 +1,6 @@
 <?php
 
 /**
- * Lists the published names as the record has them now.
- *
- * @return string[]
- */
-function brasslet_aliases() {
-	return array_column( brasslet_rows(), 'alias' );
-}
-
-/**
  * The host that the names belong to, in the ASCII form that wallets compare.
  *
  * @return string Lower case; empty when WordPress' home URL has none.

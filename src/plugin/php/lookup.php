@@ -1,5 +1,15 @@
 <?php
 
+/*
+ * Date and time as ISO 8601 writes them, "2013-10-21T13:28:06.419Z", in the spellings that common libraries send:
+ * seconds, a fraction of them, and the offset may be missing. How many days a month has is checked apart.
+ */
+define(
+	'BRASSLET_TIME_RULE',
+	'/^(\d{4})-(\d\d)-(\d\d)[Tt]([01]\d|2[0-3]):[0-5]\d(:([0-5]\d|60)([.,]\d+)?)?'
+	. '([Zz]|[+-]([01]\d|2[0-3]):?[0-5]\d)?$/D'
+);
+
 /**
  * Answers the paymail capability "pki": the public key of a name.
  *
@@ -40,6 +50,20 @@ function brasslet_pay( $request ) {
 }
 
 /**
+ * Finds the row of the alias in the route.
+ *
+ * @param WP_REST_Request $request The request.
+ * @return array|WP_Error The row, or the refusal.
+ */
+function brasslet_row_for( $request ) {
+	// Not get_param(): a payer's JSON body or query may hold an "alias" of its own, and must not choose who is paid.
+	$route = $request->get_url_params();
+	$alias = strtolower( rawurldecode( brasslet_string( $route['alias'] ?? '' ) ) );
+	$rows  = brasslet_rows();
+	return $rows[ $alias ] ?? brasslet_error( 'brasslet_miss', 'No paymail.', 404 );
+}
+
+/**
  * Says whether a request for a payment destination is one of the bsvalias documents.
  *
  * Those have the time as a text in the member "dt" of their JSON body, and want a script. The desktop program sends a
@@ -54,53 +78,4 @@ function brasslet_asks_for_script( $request ) {
 	return 'POST' === $request->get_method()
 		&& 1 === preg_match( BRASSLET_TIME_RULE, $time, $part )
 		&& checkdate( (int) $part[2], (int) $part[3], (int) $part[1] );
-}
-
-/**
- * Makes the script that pays an address (P2PKH): its Base58Check payload between the fixed opcodes.
- *
- * Counts in bytes alone: many hosts have no extension for large numbers.
- *
- * @param string $address The address.
- * @return string Lower-case hex; empty when it is no address of version 0 with a right checksum.
- */
-function brasslet_script( $address ) {
-	if ( 1 !== preg_match( BRASSLET_ADDRESS_RULE, $address ) ) {
-		return '';
-	}
-	// The number that the address writes in base 58, in base 256 with the lowest byte first.
-	$bytes = array();
-	foreach ( str_split( $address ) as $digit ) {
-		$carry = strpos( BRASSLET_BASE58, $digit );
-		foreach ( $bytes as $i => $byte ) {
-			$carry      += 58 * $byte;
-			$bytes[ $i ] = $carry % 256;
-			$carry       = intdiv( $carry, 256 );
-		}
-		if ( $carry > 0 ) {
-			$bytes[] = $carry;
-		}
-	}
-	// Every leading "1" is a byte of zero, and the rule asks for one: so the version is 0.
-	$binary  = str_repeat( "\0", strspn( $address, '1' ) ) . strrev( implode( '', array_map( 'chr', $bytes ) ) );
-	$payload = substr( $binary, 0, -4 );
-	$check   = substr( hash( 'sha256', hash( 'sha256', $payload, true ), true ), 0, 4 );
-	if ( 25 !== strlen( $binary ) || substr( $binary, -4 ) !== $check ) {
-		return '';
-	}
-	return '76a914' . bin2hex( substr( $payload, 1 ) ) . '88ac';
-}
-
-/**
- * Finds the row of the alias in the route.
- *
- * @param WP_REST_Request $request The request.
- * @return array|WP_Error The row, or the refusal.
- */
-function brasslet_row_for( $request ) {
-	// Not get_param(): a payer's JSON body or query may hold an "alias" of its own, and must not choose who is paid.
-	$route = $request->get_url_params();
-	$alias = strtolower( rawurldecode( brasslet_string( $route['alias'] ?? '' ) ) );
-	$rows  = brasslet_rows();
-	return $rows[ $alias ] ?? brasslet_error( 'brasslet_miss', 'No paymail.', 404 );
 }

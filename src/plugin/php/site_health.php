@@ -1,5 +1,12 @@
 <?php
 
+/*
+ * How Site Health asks: for the document, and for the key and the address of a few names, which stand for all of them.
+ * The first wrong answer ends it. Seven requests of four seconds are less than half a minute, however slow the site is.
+ */
+define( 'BRASSLET_HEALTH_SECONDS', 4 );
+define( 'BRASSLET_HEALTH_NAMES', 3 );
+
 /**
  * Adds what this plugin needs of the site to Tools, Site Health.
  *
@@ -112,4 +119,27 @@ function brasslet_health_rows() {
 		}
 	);
 	return array_slice( array_values( $usable ), 0, BRASSLET_HEALTH_NAMES );
+}
+
+/**
+ * Makes a result of Site Health.
+ *
+ * @param string $test     The test.
+ * @param string $status   One of "good", "recommended" and "critical".
+ * @param string $label    The line that is always seen.
+ * @param string $sentence What was found and what to do, as plain text.
+ * @return array
+ */
+function brasslet_health_result( $test, $status, $label, $sentence ) {
+	return array(
+		'label'       => $label,
+		'status'      => $status,
+		'badge'       => array(
+			'label' => 'Brasslet',
+			'color' => 'blue',
+		),
+		'description' => '<p>' . esc_html( $sentence ) . '</p>',
+		'actions'     => '',
+		'test'        => $test,
+	);
 }

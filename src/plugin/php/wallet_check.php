@@ -207,26 +207,3 @@ function brasslet_failure( $url, $said ) {
 function brasslet_complaint( $finding, $advice, $code = 'brasslet_health' ) {
 	return new WP_Error( $code, $finding . ' ' . $advice );
 }
-
-/**
- * Makes a result of Site Health.
- *
- * @param string $test     The test.
- * @param string $status   One of "good", "recommended" and "critical".
- * @param string $label    The line that is always seen.
- * @param string $sentence What was found and what to do, as plain text.
- * @return array
- */
-function brasslet_health_result( $test, $status, $label, $sentence ) {
-	return array(
-		'label'       => $label,
-		'status'      => $status,
-		'badge'       => array(
-			'label' => 'Brasslet',
-			'color' => 'blue',
-		),
-		'description' => '<p>' . esc_html( $sentence ) . '</p>',
-		'actions'     => '',
-		'test'        => $test,
-	);
-}
