@@ -5,6 +5,7 @@ set(BRASSLET_HOUSE_DOMAIN "corvane.example" CACHE STRING "Domain of the wallet m
 set(BRASSLET_WALLET_SERVICE_HOST "wallet.example" CACHE STRING "Host of the wallet service")
 set(BRASSLET_WALLET_SERVICE_ADDRESS "192.0.2.10" CACHE STRING "IPv4 address that the wallet service host is pinned to")
 set(BRASSLET_PLUGIN_AUTHOR "Corvane" CACHE STRING "Author line of the WordPress plugin")
+set(BRASSLET_BROADCASTER "https://arc.example" CACHE STRING "Broadcaster that the plugin proposes")
 
 # The version is this number in thousandths; everything that tells a version is made from it.
 set(BRASSLET_BUILD 1)

@@ -2,7 +2,8 @@
 # and carries the values of the build, and parts that begin with "<?php" and a blank line of their own.
 set(plugin_parts
   header_bridge discovery routes login header_login publishing lookup script caches updates
-  site_health wallet_check notice obstacles record change lock host values)
+  site_health wallet_check notice obstacles record change lock
+  payments payment_size destination reference delivery transaction claim broadcast broadcaster host values)
 
 set(plugin_sources "${CMAKE_SOURCE_DIR}/src/plugin/php/head.php.in")
 foreach(part IN LISTS plugin_parts)

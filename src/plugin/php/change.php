@@ -74,8 +74,7 @@ function brasslet_put_rows( $rows, $mark ) {
 		}
 	}
 	$text = maybe_serialize( array( 'rows' => $list ) );
-	// WordPress 6.6 has a new word for an option that is not loaded with every page.
-	$off = function_exists( 'wp_autoload_values_to_autoload' ) ? 'off' : 'no';
+	$off  = brasslet_not_autoloaded();
 	if ( null === $mark ) {
 		$sql = 'INSERT IGNORE INTO {options} ( option_value, autoload, option_name ) VALUES ( %s, %s, %s )';
 		$sql = brasslet_sql( $sql, $text, $off, BRASSLET_OPTION );

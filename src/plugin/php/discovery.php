@@ -36,7 +36,7 @@ function brasslet_capabilities() {
 		'0c4339ef99c2f5cc'   => $pki,
 		'paymentDestination' => $pay,
 		'759684b1a7631987'   => $pay,
-	);
+	) + brasslet_payment_capabilities( $rest );
 }
 
 /**

@@ -82,3 +82,12 @@ function brasslet_sql( $sql, ...$values ) {
 	$wpdb = $GLOBALS['wpdb'];
 	return $wpdb->prepare( str_replace( '{options}', $wpdb->options, $sql ), $values );
 }
+
+/**
+ * The word by which the options table marks what is not loaded with every page; WordPress 6.6 has a new one.
+ *
+ * @return string
+ */
+function brasslet_not_autoloaded() {
+	return function_exists( 'wp_autoload_values_to_autoload' ) ? 'off' : 'no';
+}
