@@ -111,12 +111,18 @@ def handler_of(broadcaster):
     return Handler
 
 
+class Server(ThreadingHTTPServer):
+    daemon_threads = True
+
+    def handle_error(self, *_):
+        """Whoever asks may be killed, or refuse the certificate."""
+
+
 @contextlib.contextmanager
 def listening(certificate="site"):
     """A broadcaster at HOST, with the certificate of the sites or another one in the world's folder of the authority."""
     broadcaster = Broadcaster()
-    server = ThreadingHTTPServer((ADDRESS, 443), handler_of(broadcaster))
-    server.daemon_threads = True
+    server = Server((ADDRESS, 443), handler_of(broadcaster))
     context = ssl.SSLContext(ssl.PROTOCOL_TLS_SERVER)
     folder = WORLD_DIR / "authority"
     context.load_cert_chain(folder / f"{certificate}.pem", folder / f"{certificate}.key")
