@@ -3,7 +3,8 @@
 set(plugin_parts
   header_bridge discovery routes login header_login publishing lookup script caches updates
   site_health wallet_check notice obstacles record change lock
-  payments payment_size destination reference delivery transaction claim broadcast broadcaster host values)
+  payments payment_size destination reference delivery transaction claim broadcast broadcaster
+  page page_names page_check page_payments page_form host values)
 
 set(plugin_sources "${CMAKE_SOURCE_DIR}/src/plugin/php/head.php.in")
 foreach(part IN LISTS plugin_parts)

@@ -1,23 +1,13 @@
 """A wallet that is a page in a real browser, of another origin than the site, finds the key of a name."""
 
-import contextlib
 import json
-import os
-import subprocess
-import tempfile
-from pathlib import Path
 
 import pytest
-from selenium import webdriver
-from selenium.webdriver.chrome.service import Service
 from selenium.webdriver.support.wait import WebDriverWait
 
+from headless import SECONDS, browser
 from names import ADDRESS, PUBKEY, record
 from wordpress import WORLD_DIR
-
-SECONDS = 60
-FLAGS = ("--headless=new", "--no-first-run", "--disable-background-networking", "--disable-component-update", "--disable-sync",
-         "--disable-quic", "--disable-gpu", "--no-sandbox")
 
 # Asks as a paying wallet does: first for the document, then where that says. The last address sends nothing that a page
 # of another origin may read.
@@ -35,26 +25,6 @@ const wallet = async () => {
 };
 wallet().catch(error => String(error)).then(found => { window.found = JSON.stringify(found); });
 </script>"""
-
-
-@contextlib.contextmanager
-def browser():
-    with tempfile.TemporaryDirectory(dir=WORLD_DIR) as folder:
-        store = Path(folder) / ".pki/nssdb"
-        store.mkdir(parents=True)
-        # Chromium trusts what the certificate store in its user's home trusts.
-        for words in (["-N", "--empty-password"], ["-A", "-n", "test authority", "-t", "C,,", "-i", os.environ["WORLD_CA"]]):
-            subprocess.run(["certutil", "-d", f"sql:{store}", *words], check=True, timeout=SECONDS)
-        options = webdriver.ChromeOptions()
-        options.binary_location = "/usr/bin/chromium"
-        for flag in (*FLAGS, f"--user-data-dir={folder}/profile"):
-            options.add_argument(flag)
-        service = Service("/usr/bin/chromedriver", env={**os.environ, "HOME": folder, "XDG_CONFIG_HOME": folder})
-        driver = webdriver.Chrome(service=service, options=options)
-        try:
-            yield driver
-        finally:
-            driver.quit()
 
 
 @pytest.fixture(scope="module")

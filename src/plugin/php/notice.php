@@ -1,7 +1,8 @@
 <?php
 
 /**
- * Tells on the plugins page, where activation leads, what keeps names from being published or paid as things stand.
+ * Tells on the plugins page, where activation leads, and on the plugin's own, what keeps names from being published or
+ * paid as things stand.
  *
  * Asks nobody and keeps nothing, so that it is gone as soon as everything is mended.
  */
@@ -9,7 +10,8 @@ function brasslet_notice() {
 	$screen     = get_current_screen();
 	$page       = $screen ? $screen->id : '';
 	$on_network = 'plugins-network' === $page && is_plugin_active_for_network( plugin_basename( __FILE__ ) );
-	if ( ( 'plugins' !== $page && ! $on_network ) || ! current_user_can( 'manage_options' ) ) {
+	$is_shown   = in_array( $page, array( 'plugins', 'settings_page_brasslet' ), true ) || $on_network;
+	if ( ! $is_shown || ! current_user_can( 'manage_options' ) ) {
 		return;
 	}
 	$obstacles = brasslet_obstacles();

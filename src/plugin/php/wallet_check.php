@@ -43,7 +43,8 @@ function brasslet_ask_for_document() {
 	if ( is_wp_error( $document ) ) {
 		return $document;
 	}
-	foreach ( array( 'pki', 'paymentDestination' ) as $capability ) {
+	$wanted = array_merge( array( 'pki', 'paymentDestination' ), array_keys( brasslet_payment_capabilities( '' ) ) );
+	foreach ( $wanted as $capability ) {
 		$given = $document['capabilities'][ $capability ] ?? '';
 		$own   = set_url_scheme( brasslet_capabilities()[ $capability ], 'https' );
 		if ( set_url_scheme( $own, 'http' ) === $given ) {
@@ -115,6 +116,33 @@ function brasslet_ask_for_payment( $row ) {
 		return brasslet_complaint(
 			sprintf( '%1$s does not answer with the script that pays %2$s.', $url, brasslet_handle( $row ) ),
 			'Let the web server, and every plugin for security, hand over POST requests with their JSON body.'
+		);
+	}
+	return true;
+}
+
+/**
+ * Asks this site for the outputs that pay a name, as wallets do that hand payments over.
+ *
+ * @param array $row The name's row.
+ * @return true|WP_Error True when they are those of the row, or what is wrong and what to do about it.
+ */
+function brasslet_ask_for_outputs( $row ) {
+	$url    = brasslet_capability_url( '2a40af698840', $row );
+	$reply  = brasslet_ask_itself( $url, array( 'satoshis' => 1 ) );
+	$wanted = array(
+		array(
+			'script'   => brasslet_script( $row['address'] ),
+			'satoshis' => 1,
+		),
+	);
+	if ( is_wp_error( $reply ) ) {
+		return $reply;
+	}
+	if ( $wanted !== ( $reply['outputs'] ?? null ) ) {
+		return brasslet_complaint(
+			sprintf( '%1$s does not answer with the output that pays %2$s.', $url, brasslet_handle( $row ) ),
+			'Let no cache and no other plugin answer below /wp-json/brasslet/ in place of Brasslet.'
 		);
 	}
 	return true;
