@@ -73,12 +73,14 @@ function brasslet_broadcaster_key( $broadcaster ) {
 function brasslet_store_broadcaster_key( $broadcaster, $key ) {
 	if ( '' === $key ) {
 		delete_option( BRASSLET_BROADCASTER_KEY );
+		brasslet_forget_cached( BRASSLET_BROADCASTER_KEY );
 		return '' === brasslet_broadcaster_key( $broadcaster );
 	}
 	$nonce = random_bytes( SODIUM_CRYPTO_SECRETBOX_NONCEBYTES );
 	$box   = $nonce . sodium_crypto_secretbox( $broadcaster . "\n" . $key, $nonce, brasslet_box_key() );
 	// phpcs:ignore WordPress.PHP.DiscouragedPHPFunctions -- options hold text.
 	update_option( BRASSLET_BROADCASTER_KEY, base64_encode( $box ), false );
+	brasslet_forget_cached( BRASSLET_BROADCASTER_KEY );
 	return brasslet_broadcaster_key( $broadcaster ) === $key;
 }
 

@@ -84,7 +84,7 @@ function brasslet_put_rows( $rows, $mark ) {
 		$sql = brasslet_sql( $sql, $text, $off, BRASSLET_OPTION, $mark );
 	}
 	$GLOBALS['wpdb']->query( $sql );
-	brasslet_forget_cached();
+	brasslet_forget_cached( BRASSLET_OPTION );
 	// The number of rows that a database reports says too little: it is 0 also where nothing had to change.
 	return brasslet_stored()['text'] === $text;
 }
@@ -92,13 +92,15 @@ function brasslet_put_rows( $rows, $mark ) {
 // phpcs:enable
 
 /**
- * Has WordPress' object cache forget the record, for whoever reads it by get_option().
+ * Has WordPress' object cache forget an option, so that get_option() reads what the database has.
+ *
+ * @param string $option The option.
  */
-function brasslet_forget_cached() {
-	wp_cache_delete( BRASSLET_OPTION, 'options' );
+function brasslet_forget_cached( $option ) {
+	wp_cache_delete( $option, 'options' );
 	foreach ( array( 'alloptions', 'notoptions' ) as $list ) {
 		$cached = wp_cache_get( $list, 'options', true );
-		if ( is_array( $cached ) && array_key_exists( BRASSLET_OPTION, $cached ) ) {
+		if ( is_array( $cached ) && array_key_exists( $option, $cached ) ) {
 			wp_cache_delete( $list, 'options' );
 		}
 	}

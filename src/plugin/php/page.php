@@ -9,11 +9,17 @@ function brasslet_add_page() {
 }
 
 /**
- * Does what was pressed on the page, before anything of it is shown.
+ * Does what was pressed on the page, before anything of it is shown. What was pressed elsewhere ends here.
  */
 function brasslet_prepare_page() {
 	add_action( 'admin_enqueue_scripts', 'brasslet_equip_page' );
-	brasslet_change_payments();
+	if ( isset( $_POST['brasslet_check'] ) ) {
+		check_admin_referer( 'brasslet_check', 'brasslet_check_nonce' );
+	}
+	if ( isset( $_POST['brasslet_payments'] ) ) {
+		check_admin_referer( 'brasslet_payments', 'brasslet_payments_nonce' );
+		brasslet_change_payments();
+	}
 }
 
 /**

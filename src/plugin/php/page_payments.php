@@ -1,13 +1,11 @@
 <?php
 
 /**
- * Changes the switch, or tries the broadcaster, when one of the form's buttons was pressed.
+ * Changes the switch, or tries the broadcaster, as the button in the form says. WordPress calls nothing of the page for
+ * who may not manage the site's options.
  */
 function brasslet_change_payments() {
-	if ( ! isset( $_POST['brasslet_payments'] ) || ! current_user_can( 'manage_options' ) ) {
-		return;
-	}
-	check_admin_referer( 'brasslet_payments', 'brasslet_payments_nonce' );
+	// phpcs:disable WordPress.Security.NonceVerification -- brasslet_prepare_page() has verified it.
 	if ( 'try' === $_POST['brasslet_payments'] ) {
 		$found = brasslet_try_broadcaster();
 		brasslet_say( '' === $found ? 'The broadcaster takes transactions from this site.' : $found, '' === $found );
@@ -16,15 +14,26 @@ function brasslet_change_payments() {
 	// phpcs:disable WordPress.Security.ValidatedSanitizedInput -- both are refused by rules of their own.
 	$address = trim( brasslet_string( wp_unslash( $_POST['broadcaster'] ?? '' ) ) );
 	$key     = trim( brasslet_string( wp_unslash( $_POST['key'] ?? '' ) ) );
-	// phpcs:enable
-	$found = brasslet_save_payments(
+	$found   = brasslet_save_payments(
 		isset( $_POST['on'] ),
-		// People copy the address from examples of requests.
-		preg_replace( '#(/v1(/tx)?)?/*$#D', '', $address ),
+		brasslet_tidy_address( $address ),
 		isset( $_POST['forget'] ) ? '' : $key,
 		isset( $_POST['forget'] )
 	);
+	// phpcs:enable
 	brasslet_say( '' === $found ? 'Saved.' : $found, '' === $found );
+}
+
+/**
+ * Tidies an address as people type it, or copy it from an example of a request.
+ *
+ * @param string $address The address.
+ * @return string Without "/v1/tx" and slashes at its end, and with its host in small letters.
+ */
+function brasslet_tidy_address( $address ) {
+	$address = preg_replace( '#(/v1(/tx)?)?/*$#D', '', $address );
+	$host    = strlen( 'https://' ) + strcspn( $address, '/', strlen( 'https://' ) );
+	return strtolower( substr( $address, 0, $host ) ) . substr( $address, $host );
 }
 
 /**
@@ -51,13 +60,15 @@ function brasslet_save_payments( $on, $address, $key, $forget ) {
 			. ' Type the key, or tick that it is to be forgotten. Nothing was changed.';
 	}
 	$is_new = $address !== $before['broadcaster'] || '' !== $key || $forget;
-	if ( '' !== $key || $forget ) {
-		brasslet_store_broadcaster_key( $address, $key );
-	}
+
 	$before['broadcaster'] = $address;
 	$before['on']          = $on && $before['on'] && ! $is_new;
-	if ( ! brasslet_store_payments( $before ) || ( '' !== $key && brasslet_broadcaster_key( $address ) !== $key ) ) {
-		return 'The database of the site did not take it. Ask the host of the site whether it is full or read-only.';
+
+	$unsaved = 'The database of the site did not take it. Ask the host of the site whether it is full or read-only.';
+	$is_kept = '' === $key && ! $forget;
+	if ( ! brasslet_store_payments( $before )
+		|| ( ! $is_kept && ! brasslet_store_broadcaster_key( $address, $key ) ) ) {
+		return $unsaved;
 	}
 	if ( ! $on || $before['on'] ) {
 		return '';
@@ -68,7 +79,7 @@ function brasslet_save_payments( $on, $address, $key, $forget ) {
 	}
 	$before['on']     = true;
 	$before['secret'] = brasslet_payment_secret();
-	return brasslet_store_payments( $before ) ? '' : 'The database of the site did not take the switch. Try again.';
+	return brasslet_store_payments( $before ) ? '' : $unsaved;
 }
 
 /**
@@ -79,6 +90,8 @@ function brasslet_save_payments( $on, $address, $key, $forget ) {
  */
 function brasslet_store_payments( $payments ) {
 	update_option( BRASSLET_PAYMENTS, $payments, true );
+	// What WordPress remembers of its own write need not be what the database has.
+	brasslet_forget_cached( BRASSLET_PAYMENTS );
 	return brasslet_payments() === $payments;
 }
 
