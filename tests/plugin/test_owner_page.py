@@ -9,6 +9,7 @@ from owner_page import PATH, OwnerPage
 from payments import switch_on
 from site_health import answer, own_document
 
+CANNOT_PAY, CANNOT_CHECK = "Wallets cannot pay %s.", "Your server cannot check %s."
 MARKUP = "<script>alert(1)</script>'\" & x"
 
 
@@ -94,7 +95,7 @@ def test_with_payments_handed_over_wallets_get_outputs_too(site, page):
             answer(site, path, reply)
             kind, lines = page.check("alice").checked()
             assert (kind, lines) == ("error", [
-                f"Wallets cannot pay alice@{site.host}.",
+                CANNOT_PAY % f"alice@{site.host}",
                 f"https://{site.host}{path} does not answer with the output that pays alice@{site.host}. "
                 "Let no cache and no other plugin answer below /wp-json/brasslet/ in place of Brasslet."])
 
@@ -114,7 +115,7 @@ def test_a_name_that_wallets_cannot_pay_is_shown_with_what_to_do(site, page):
     site.set_record(record("alice"))
     answer(site, "/wp-json/brasslet/v1/address/alice", '{"address":"' + OTHER_ADDRESS + '"}')
     kind, lines = page.check("alice").checked()
-    assert (kind, lines[0]) == ("error", f"Wallets cannot pay alice@{site.host}.")
+    assert (kind, lines[0]) == ("error", CANNOT_PAY % f"alice@{site.host}")
     assert f"does not answer with the address of alice@{site.host}" in lines[1]
 
 
@@ -122,7 +123,7 @@ def test_a_server_that_cannot_ask_itself_says_that_and_gives_a_link(site, page):
     site.set_record(record("alice"))
     site.hook("add_filter( 'pre_http_request', function () { return new WP_Error( 'x', 'cURL error 28: <b>too late</b>' ); } );")
     kind, lines = page.check("alice").checked()
-    assert (kind, lines[0], lines[2]) == ("warning", f"Your server cannot check alice@{site.host}.", "Open what wallets ask for first")
+    assert (kind, lines[0], lines[2]) == ("warning", CANNOT_CHECK % f"alice@{site.host}", "Open what wallets ask for first")
     assert "(cURL error 28: <b>too late</b>)" in lines[1] and "<b>too late" not in page.page
 
 

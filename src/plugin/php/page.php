@@ -28,7 +28,8 @@ function brasslet_prepare_page() {
 function brasslet_equip_page() {
 	wp_add_inline_style(
 		'list-tables',
-		'.brasslet-value { overflow-wrap: anywhere; } #brasslet-checked { scroll-margin-top: 60px; }'
+		'.brasslet-value { overflow-wrap: anywhere; } .brasslet-copy[hidden] { display: none; }'
+		. ' #brasslet-checked { scroll-margin-top: 60px; }'
 		. ' @media ( min-width: 783px ) { .brasslet-names .column-alias { width: 14%; }'
 		. ' .brasslet-names .column-paymail { width: 23%; } .brasslet-names .column-address { width: 31%; }'
 		. ' .brasslet-names .column-check { width: 6%; } .brasslet-field { width: 25em; } }'
