@@ -91,8 +91,10 @@ def test_every_route_is_documented(plugin_file):
     assert [route for route in routes if not any(path.startswith("/wp-json/brasslet/v1" + route) for path in paths)] == []
 
 
-def test_every_refusal_is_documented(plugin_file):
-    codes = set(re.findall(r"brasslet_(?:error|unsent)\(\s*'(\w+)'", plugin_file.read_text(encoding="utf-8")))
-    assert {"brasslet_bad", "brasslet_expired", "brasslet_fee"} <= codes
+def test_every_refusal_of_a_payment_is_documented():
+    parts = [PROJECT / "src/plugin/php" / f"{name}.php" for name in ("destination", "delivery", "claim", "broadcast", "payment_size")]
+    text = "".join(part.read_text(encoding="utf-8") for part in parts)
+    codes = set(re.findall(r"brasslet_(?:error|unsent)\(\s*'(\w+)'", text)) | set(re.findall(r"'code' +=> '(\w+)'", text))
+    assert {"brasslet_expired", "brasslet_fee", "brasslet_too_long"} <= codes
     page = DOCUMENT.read_text(encoding="utf-8")
     assert [code for code in sorted(codes) if f"`{code}`" not in page and f'"code":"{code}"' not in page] == []
