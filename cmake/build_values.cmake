@@ -5,6 +5,7 @@ set(BRASSLET_HOUSE_DOMAIN "corvane.example" CACHE STRING "Domain of the wallet m
 set(BRASSLET_WALLET_SERVICE_HOST "wallet.example" CACHE STRING "Host of the wallet service")
 set(BRASSLET_WALLET_SERVICE_ADDRESS "192.0.2.10" CACHE STRING "IPv4 address that the wallet service host is pinned to")
 set(BRASSLET_PLUGIN_AUTHOR "Corvane" CACHE STRING "Author line of the WordPress plugin")
+set(BRASSLET_BROADCASTER "https://arc.example" CACHE STRING "Broadcaster that the plugin proposes")
 
 # The version is this number in thousandths; everything that tells a version is made from it.
 set(BRASSLET_BUILD 1)
@@ -16,5 +17,4 @@ set(BRASSLET_VERSION "${whole}.${thousandths}")
 string(REPLACE "." "\\." BRASSLET_HOUSE_DOMAIN_PATTERN "${BRASSLET_HOUSE_DOMAIN}")
 set(BRASSLET_GENERATED_DIR "${CMAKE_BINARY_DIR}/generated")
 configure_file("${CMAKE_SOURCE_DIR}/cmake/build_values.h.in" "${BRASSLET_GENERATED_DIR}/build_values.h" @ONLY)
-configure_file("${CMAKE_SOURCE_DIR}/src/plugin/brasslet.php.in" "${BRASSLET_GENERATED_DIR}/brasslet.php" @ONLY
-  NEWLINE_STYLE UNIX)
+include(plugin_text)

@@ -1,28 +1,20 @@
 """A wallet that is a page in a real browser, of another origin than the site, finds the key of a name."""
 
-import contextlib
 import json
-import os
-import subprocess
-import tempfile
-from pathlib import Path
 
 import pytest
-from selenium import webdriver
-from selenium.webdriver.chrome.service import Service
 from selenium.webdriver.support.wait import WebDriverWait
 
-from names import ADDRESS, PUBKEY, record
+from broadcaster import listening
+from headless import SECONDS, browser
+from names import ADDRESS, PUBKEY, SCRIPT, record
+from payments import paid, switch_on, transaction
 from wordpress import WORLD_DIR
-
-SECONDS = 60
-FLAGS = ("--headless=new", "--no-first-run", "--disable-background-networking", "--disable-component-update", "--disable-sync",
-         "--disable-quic", "--disable-gpu", "--no-sandbox")
 
 # Asks as a paying wallet does: first for the document, then where that says. The last address sends nothing that a page
 # of another origin may read.
 WALLET = """<!doctype html><meta charset="utf-8"><script>
-const [host, alias] = location.hash.slice(1).split('/');
+const [host, alias, hex] = location.hash.slice(1).split('/');
 const read = async (url, options) => (await fetch(url, options)).json();
 const wallet = async () => {
     const {capabilities} = await read(`https://${host}/.well-known/bsvalias`);
@@ -30,6 +22,13 @@ const wallet = async () => {
     const pay = await read(capabilities.paymentDestination.replace('{alias}', alias), {
         method: 'POST', headers: {'Content-Type': 'application/json'}, body: JSON.stringify({senderHandle: 'bob@example.org'}),
     });
+    if (hex) {
+        const send = body => ({method: 'POST', headers: {'Content-Type': 'application/json'}, body: JSON.stringify(body)});
+        const {outputs, reference} = await read(capabilities['2a40af698840'].replace('{alias}', alias), send({satoshis: 1000}));
+        const paid = await read(capabilities['5f1323cddf31'].replace('{alias}', alias), send({hex, reference}));
+        const url = capabilities.a9f510c16bde.replace('{alias}', alias).replace('{pubkey}', key.pubkey);
+        return [outputs, paid, (await read(url)).match];
+    }
     const closed = await read(`https://${host}/`).catch(error => error.name);
     return [capabilities, key, pay, closed];
 };
@@ -37,34 +36,14 @@ wallet().catch(error => String(error)).then(found => { window.found = JSON.strin
 </script>"""
 
 
-@contextlib.contextmanager
-def browser():
-    with tempfile.TemporaryDirectory(dir=WORLD_DIR) as folder:
-        store = Path(folder) / ".pki/nssdb"
-        store.mkdir(parents=True)
-        # Chromium trusts what the certificate store in its user's home trusts.
-        for words in (["-N", "--empty-password"], ["-A", "-n", "test authority", "-t", "C,,", "-i", os.environ["WORLD_CA"]]):
-            subprocess.run(["certutil", "-d", f"sql:{store}", *words], check=True, timeout=SECONDS)
-        options = webdriver.ChromeOptions()
-        options.binary_location = "/usr/bin/chromium"
-        for flag in (*FLAGS, f"--user-data-dir={folder}/profile"):
-            options.add_argument(flag)
-        service = Service("/usr/bin/chromedriver", env={**os.environ, "HOME": folder, "XDG_CONFIG_HOME": folder})
-        driver = webdriver.Chrome(service=service, options=options)
-        try:
-            yield driver
-        finally:
-            driver.quit()
-
-
 @pytest.fixture(scope="module")
 def wallet():
     page = WORLD_DIR / "makers_page" / "wallet.html"
     page.write_text(WALLET)
     with browser() as driver:
-        def ask(host, alias):
+        def ask(*words):
             driver.get("about:blank")
-            driver.get(f"https://corvane.example/wallet.html#{host}/{alias}")
+            driver.get("https://corvane.example/wallet.html#" + "/".join(words))
             return json.loads(WebDriverWait(driver, SECONDS).until(lambda shown: shown.execute_script("return window.found;")))
         yield ask
     page.unlink()
@@ -77,3 +56,12 @@ def test_a_page_of_another_origin_reads_the_document_the_key_and_the_address(sit
     assert key == {"bsvalias": "1.0", "handle": f"alice@{site.host}", "pubkey": PUBKEY}
     assert pay == {"address": ADDRESS}
     assert closed == "TypeError"
+
+
+def test_a_page_of_another_origin_hands_a_payment_over(site, wallet):
+    site.set_record(record("alice"))
+    pays = transaction((SCRIPT, 1000))
+    with listening() as broadcaster:
+        switch_on(site)
+        assert wallet(site.host, "alice", pays) == [[{"script": SCRIPT, "satoshis": 1000}], paid(pays), True]
+        assert broadcaster.transactions == [pays]

@@ -17,10 +17,10 @@ INSTALLED = HERE.parents[1] / ".deps" / "paymail-clients" / "node_modules"
 TWO = {"rows": [row("alice"), row("a.b+c-d_e", OTHER_PUBKEY, OTHER_ADDRESS)]}
 
 
-def ask(client, paymail):
-    """What the client found about the paymail, or its complaint as "error"."""
+def ask(client, *words):
+    """What the client found about the paymail in its first word, or its complaint as "error"."""
     env = {**os.environ, "NODE_PATH": str(INSTALLED), "NODE_EXTRA_CA_CERTS": os.environ["WORLD_CA"]}
-    command = ["node", HERE / "clients" / f"{client}.cjs", paymail]
+    command = ["node", HERE / "clients" / f"{client}.cjs", *words]
     done = subprocess.run(command, env=env, check=True, capture_output=True, text=True, timeout=60)
     return json.loads(done.stdout)
 

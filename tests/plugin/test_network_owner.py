@@ -5,8 +5,11 @@ import contextlib
 import pytest
 
 from admin_pages import Admin, notices
+from broadcaster import URL, listening
 from conftest import fresh
 from names import record
+from owner_page import OwnerPage
+from payments import ALLOW
 from site_health import shown
 from test_health import NAMES_BAD, NAMES_GOOD, NO_NAME_YET, RIGHT_ANSWERS
 from test_notice import NO_HTTPS, PERMALINKS, PLAIN, SWITCHED_OFF, TITLE, WITHOUT_HTTPS, WITHOUT_PASSWORDS
@@ -27,6 +30,8 @@ NETWORKS = {
 
 OWNER = User("owner", "owner@brasslet.test", "owner")
 PLUGIN = "require_once ABSPATH . 'wp-admin/includes/plugin.php'; $plugin = 'brasslet/brasslet.php';"
+
+SWITCH = f"return array( brasslet_payments()['on'], brasslet_broadcaster_key( '{URL}' ) );"
 
 # WordPress shows the plugins page to the administrators of single sites only if the network allows it.
 PAGE_FOR_ALL = "add_filter( 'pre_site_option_menu_items', function () { return array( 'plugins' => 1 ); } );"
@@ -187,3 +192,25 @@ def test_the_network_s_plugins_page_is_silent_while_only_single_sites_have_the_p
     admin = Admin(main, OWNER)
     assert notices(admin.plugins_of_network()) == []
     assert len(notices(admin.plugins())) == 1
+
+
+def test_the_page_of_a_site_has_its_own_names_and_its_own_switch(opened, apart):
+    others = [site for site in (opened["net.brasslet.test"], opened["two.net.brasslet.test"]) if site is not apart]
+    with fresh(*others):
+        others[0].set_record(record("bob"))
+        apart.set_record(record("alice"))
+        page = OwnerPage(apart, OWNER)
+        assert [cells[1] for cells in page.read().names()] == [f"alice@{apart.host}"]
+        assert page.check("alice").checked()[0] == "success"
+        with listening():
+            apart.hook(ALLOW)
+            assert page.save(on="1", broadcaster=URL, key="a-key").said() == [("success", "Saved.")]
+        assert (apart.php(SWITCH), others[0].php(SWITCH)) == ([True, "a-key"], [False, ""])
+        assert page.http.get("https://net.brasslet.test/wp-admin/network/settings.php?page=brasslet", timeout=60).status_code == 403
+
+
+def test_the_page_of_a_site_in_a_folder_says_that_its_names_cannot_be_paid(second):
+    second.set_record(record("alice"))
+    page = OwnerPage(second, OWNER)
+    assert notices(page.read().page)[0][1][0] == f"{FOLDER} {MAIN_SITE}"
+    assert page.check("alice").checked() == ("error", [f"Wallets cannot pay alice@{second.host}.", f"{FOLDER} {MAIN_SITE}"])

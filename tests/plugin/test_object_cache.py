@@ -9,8 +9,11 @@ from pathlib import Path
 
 import pytest
 
+from broadcaster import URL, listening
 from crowd import addresses, work_at_once
-from names import OTHER_ADDRESS, record, row
+from names import OTHER_ADDRESS, SCRIPT, record, row
+from owner_page import OwnerPage
+from payments import ALLOW, deliver, paid, reference_of, transaction
 from wordpress import WORLD, WORLD_DIR
 
 SOCKET = WORLD_DIR / "redis.sock"
@@ -128,3 +131,24 @@ def test_of_400_saves_and_removes_at_once_each_keeps_what_its_reply_promised(cac
     assert inside(cached, GET)[0] is True
     assert addresses(cached.record()) == promised
     assert addresses(inside(cached, GET)[1]) == promised
+
+
+def test_the_switch_and_the_key_are_read_as_the_page_has_stored_them(cached):
+    def offered():
+        return "2a40af698840" in cached.request("GET", "/.well-known/bsvalias").text
+
+    cached.set_record(record("alice"))
+    cached.hook(ALLOW)
+    page = OwnerPage(cached, cached.admin)
+    with listening() as broadcaster:
+        assert not offered()
+        for key in ("one-key", "another-key"):
+            broadcaster.key = key
+            assert page.save(on="1", broadcaster=URL, key=key).said() == [("success", "Saved.")]
+            assert offered()
+            pays = transaction((SCRIPT, 1000), seed=len(key))
+            assert deliver(cached, pays, reference_of(cached)).json() == deliver(cached, pays, reference_of(cached)).json() == paid(pays)
+        assert len(broadcaster.transactions) == 2
+    page.save(broadcaster=URL, key="")
+    assert not offered()
+    assert inside(cached, "return wp_using_ext_object_cache();") is True

@@ -5,7 +5,8 @@ from pathlib import Path
 
 import pytest
 
-from names import ADDRESS, OTHER_ADDRESS, OTHER_PUBKEY, record, row
+from names import ADDRESS, OTHER_ADDRESS, OTHER_PUBKEY, PUBKEY, record, row
+from payments import switch_on
 from wordpress import WORLD_DIR
 
 NEW = {"rows": [row("alice", OTHER_PUBKEY, OTHER_ADDRESS), row("bob")]}
@@ -39,9 +40,13 @@ def test_the_cache_keeps_what_is_not_the_plugins(cached, path):
     "/wp-json/brasslet/v1/id/alice?_envelope", "/?rest_route=/brasslet/v1/id/alice", "/wp-json/BRASSLET/v1/id/alice",
     "/wp-json/brasslet/v1/id/carol", "/wp-json/brasslet/v1/address/carol", "/wp-json/brasslet/v1/name",
     "/wp-json/brasslet/v1/health", "/wp-json/brasslet/v1/none", "/wp-json/brasslet/v1", "/wp-json/brasslet/v1/status?_jsonp=a-b",
+    "/wp-json/brasslet/v1/verify-public-key/alice/" + PUBKEY,
 ])
-def test_the_cache_keeps_no_answer_of_the_plugin(cached, path):
+@pytest.mark.parametrize("handed_over", [False, True])
+def test_the_cache_keeps_no_answer_of_the_plugin(cached, path, handed_over):
     cached.set_record(record("alice"))
+    if handed_over:
+        switch_on(cached)
     assert not from_cache(cached, path)
 
 

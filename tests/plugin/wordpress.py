@@ -109,7 +109,12 @@ class Site:
 
     def reset(self):
         self.hook("")
-        self.php("delete_option( 'brasslet_record' );")
+        self.php("""
+            foreach ( array( 'brasslet_record', 'brasslet_payments', 'brasslet_broadcaster_key' ) as $option ) {
+                delete_option( $option );
+            }
+            $wpdb->query( "DELETE FROM $wpdb->options WHERE option_name LIKE 'brasslet\\\\_tx\\\\_%'" );
+        """)
 
     def record(self):
         """The option as WordPress reads it; None when there is none."""

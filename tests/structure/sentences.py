@@ -59,7 +59,7 @@ def sentences() -> dict:
     for path in sorted((ROOT / "src").rglob("*")):
         if path.suffix in (".cpp", ".h"):
             texts = [text for _, text in texts_in_cpp(path.read_text(encoding="utf-8"))]
-        elif path.name == "brasslet.php.in":
+        elif path.parent == ROOT / "src/plugin/php":
             texts = PHP_TEXT.findall(path.read_text(encoding="utf-8"))
         else:
             continue

@@ -21,6 +21,7 @@ make_machine() {
 127.0.0.1 $site_hosts pay.brasslet.test www.brasslet.test corvane.example
 127.0.0.9 dead.brasslet.test inward.brasslet.test
 203.0.113.9 silent.brasslet.test
+127.0.0.20 arc.brasslet.test
 END
     replace_file /etc/hosts "$WORLD_DIR/etc/hosts"
 
