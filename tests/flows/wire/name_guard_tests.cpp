@@ -40,10 +40,10 @@ TEST_F(Guarding, AsksWhatPayersAskWithoutALogin)
     EXPECT_EQ(first_line_of(requests[1]), std::string(kPkiPath) + " HTTP/1.1");
     EXPECT_EQ(first_line_of(requests[2]), std::string(kPayPath) + " HTTP/1.1");
     EXPECT_EQ(first_line_of(requests[3]), std::string(kPayPath) + " HTTP/1.1");
-    constexpr char kMembers[] = R"(,"purpose":"payment","senderHandle":"payname","senderName":"payname"\})";
-    EXPECT_THAT(body_of(requests[2]), MatchesRegex(R"(\{"amount":1,"dt":[0-9]{13})" + std::string(kMembers)));
+    constexpr char kMembers[] = R"(,"purpose":"payment","senderHandle":"payname","senderName":"payname"[}])";
+    EXPECT_THAT(body_of(requests[2]), MatchesRegex(R"([{]"amount":1,"dt":[0-9]{13})" + std::string(kMembers)));
     constexpr char kIso[] = "\"20[0-9][0-9]-[01][0-9]-[0-3][0-9]T[0-2][0-9]:[0-5][0-9]:[0-6][0-9][.][0-9]{3}Z\"";
-    EXPECT_THAT(body_of(requests[3]), MatchesRegex(R"(\{"amount":1,"dt":)" + std::string(kIso) + kMembers));
+    EXPECT_THAT(body_of(requests[3]), MatchesRegex(R"([{]"amount":1,"dt":)" + std::string(kIso) + kMembers));
     for (const std::string& request : requests)
         for (const char* secret : {"Authorization", "X-Brasslet-Auth", "Cookie", "login"})
             EXPECT_THAT(request, testing::Not(HasSubstr(secret)));
