@@ -109,7 +109,7 @@ TEST(SettingsWindow, ItsControlsHaveTheirStyles)
     constexpr DWORD kChild = WS_CHILD | WS_VISIBLE;
     for (const int id : {2006, 2007, 2008})
         EXPECT_EQ(style_of(settings.control(id)), kChild | WS_CLIPSIBLINGS | SS_NOPREFIX | SS_ENDELLIPSIS) << id;
-    EXPECT_EQ(style_of(settings.control(2005)), kChild | SS_NOPREFIX);
+    EXPECT_EQ(style_of(settings.control(2005)), kChild | WS_TABSTOP | SS_NOPREFIX | SS_NOTIFY);
     for (const int id : {2004, 2009})
         EXPECT_EQ(style_of(settings.control(id)), kChild | WS_CLIPSIBLINGS | WS_TABSTOP | BS_OWNERDRAW) << id;
     constexpr DWORD kField = kChild | WS_TABSTOP | ES_AUTOHSCROLL;
@@ -170,11 +170,11 @@ TEST(SettingsWindow, TabMovesThroughTheFieldsAndButtonsAndBack)
     const RunningProgram program;
     const OpenSettingsWindow settings(program);
     ASSERT_TRUE(program.has_focus(settings.control(2001)));
-    for (const int id : {2002, 2003, 2009, 2004, 2001}) {
+    for (const int id : {2002, 2003, 2009, 2005, 2004, 2001}) {
         strike(VK_TAB);
         ASSERT_TRUE(program.has_focus(settings.control(id))) << id;
     }
-    for (const int id : {2004, 2009, 2003, 2002, 2001}) {
+    for (const int id : {2004, 2005, 2009, 2003, 2002, 2001}) {
         strike(VK_TAB, VK_SHIFT);
         ASSERT_TRUE(program.has_focus(settings.control(id))) << "back to " << id;
     }

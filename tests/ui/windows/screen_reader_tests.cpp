@@ -23,6 +23,7 @@ struct Expected {
 constexpr LONG kLabel = 0;
 constexpr LONG kButton = ROLE_SYSTEM_PUSHBUTTON;
 constexpr LONG kField = ROLE_SYSTEM_TEXT;
+constexpr LONG kLink = ROLE_SYSTEM_LINK;
 
 constexpr Expected kMainWindow[] = {
     {1001, kButton, L"Connect"},
@@ -53,7 +54,7 @@ constexpr Expected kSettingsWindow[] = {
     {2008, kLabel, L"Application password"},
     {2003, kField, L"Application password"},
     {2009, kButton, L"Show password"},
-    {2005, kLabel, L"Not the site login. On your profile, Application Passwords, paste the one WordPress shows."},
+    {2005, kLink, L"Not the site login. On your profile, Application Passwords, paste the one WordPress shows."},
     {2004, kButton, L"Close"},
 };
 
@@ -67,7 +68,8 @@ void expect_spoken(HWND control, const Expected& expected)
         EXPECT_EQ(heard.role, expected.role) << expected.id;
         EXPECT_TRUE(heard.is(STATE_SYSTEM_FOCUSABLE)) << expected.id;
     }
-    EXPECT_EQ(heard.action, expected.role == kButton ? L"Press" : L"") << expected.id;
+    const wchar_t* const action = expected.role == kButton ? L"Press" : L"";
+    EXPECT_EQ(heard.action, expected.role == kLink ? L"Jump" : action) << expected.id;
     EXPECT_FALSE(heard.is(STATE_SYSTEM_UNAVAILABLE | STATE_SYSTEM_INVISIBLE)) << expected.id;
 }
 
