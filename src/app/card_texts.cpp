@@ -6,13 +6,34 @@
 #include "text/ascii.h"
 #include "wallet_bridge/wallet_identity.h"
 
-WalletCardTexts wallet_card_texts()
+namespace {
+
+std::string kept_names_text(const std::vector<std::string>& names, const MarkedNames& marked)
+{
+    std::vector<std::string> shown;
+    for (const std::string& name : names)
+        if (marked.contains(name)) shown.push_back(name + " (pays somebody else)");
+    for (const std::string& name : names)
+        if (!marked.contains(name)) shown.push_back(name);
+    return shown.empty() ? "" : "Vaultry kept " + joined(shown);
+}
+
+}  // namespace
+
+void mark_names(const std::vector<LookedAtName>& seen, MarkedNames& marked)
+{
+    for (const LookedAtName& name : seen) {
+        if (pays_somebody_else(name.state)) marked.insert(name.paymail);
+        if (name.state == NameState::pays_wallet) marked.erase(name.paymail);
+    }
+}
+
+WalletCardTexts wallet_card_texts(const MarkedNames& marked)
 {
     const auto wallet = wallet_identity();
     if (!wallet) return {"Connect Vaultry", "Connect Vaultry", ""};
-    const std::string names = names_of_wallet(wallet->public_key, wallet->address);
     return {wallet->house_paymail.empty() ? "No house paymail yet" : wallet->house_paymail, wallet->address,
-            names.empty() ? "" : "Vaultry kept " + names};
+            kept_names_text(names_of_wallet(*wallet), marked)};
 }
 
 std::string name_preview(std::string_view typed, std::string site)

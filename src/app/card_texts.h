@@ -2,8 +2,12 @@
 // name card of the name.
 #pragma once
 
+#include "flows/name_guard.h"
+
+#include <set>
 #include <string>
 #include <string_view>
+#include <vector>
 
 struct WalletCardTexts {
     std::string house_paymail;
@@ -11,8 +15,15 @@ struct WalletCardTexts {
     std::string kept_names;
 };
 
-// Asks for the connected wallet and its names, both afresh from their files.
-WalletCardTexts wallet_card_texts();
+// The kept names that were last seen to pay somebody else.
+using MarkedNames = std::set<std::string>;
+
+// What a look has found: marks the names that pay somebody else, and takes the mark from those that pay the wallet.
+void mark_names(const std::vector<LookedAtName>& seen, MarkedNames& marked);
+
+// Asks for the connected wallet and its names, both afresh from their files. Marked names come first, because the line
+// is cut off at its end.
+WalletCardTexts wallet_card_texts(const MarkedNames& marked = {});
 
 // The payname of `typed` (trimmed text of the name field) on the site of the settings, or "name@your-site" when either
 // of them is not usable.

@@ -81,7 +81,8 @@ HttpReply post_name(const SiteAddress& site, const SiteSettings& settings, const
 
 }  // namespace
 
-std::string publish_sentence(const SiteSettings& settings)
+std::string publish_sentence(const SiteSettings& settings,
+                             const std::function<void(const std::string& payname)>& on_kept)
 {
     // The one load of the wallet for all that is sent: key, address and house paymail belong together.
     const auto wallet = wallet_identity();
@@ -101,7 +102,11 @@ std::string publish_sentence(const SiteSettings& settings)
     if (!refusal.empty()) return refusal;
 
     const std::string host = published_host(reply, site.host);
-    const Verification verification = verify_and_keep(settings.alias + "@" + host, *wallet);
-    if (verification.is_kept) notify_wallet_app();
+    const std::string payname = settings.alias + "@" + host;
+    const Verification verification = verify_and_keep(payname, *wallet);
+    if (verification.is_kept) {
+        on_kept(payname);
+        notify_wallet_app();
+    }
     return kept_sentence(verification, settings.alias, host, reply);
 }

@@ -16,8 +16,8 @@ void sleep_for(std::chrono::milliseconds time);  // on the calling thread
 struct JsonPost {
     std::string url;
     std::string body;
-    std::chrono::seconds timeout;  // of one attempt
-    int attempts = 1;              // at most, while the service answers 429
+    std::chrono::milliseconds timeout;  // of one attempt
+    int attempts = 1;                   // at most, while the service answers 429
 };
 
 // The request that post_json sends. Certificates are always checked, redirects never followed.

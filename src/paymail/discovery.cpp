@@ -30,7 +30,6 @@ std::string find_srv_host(const std::string& domain)
 namespace {
 
 constexpr int kMostRedirects = 30;
-constexpr std::chrono::seconds kWholeTime{12};
 
 bool is_own_machine(const std::string& url)
 {
@@ -52,9 +51,14 @@ HttpRequest discovery_request(const std::string& url, std::chrono::milliseconds 
 }
 
 // Every redirect gets a request of its own: the exception for localhost must not follow it to another host.
-HttpReply discovery_get(const std::string& url)
+HttpReply discovery_get(const std::string& url, const RequestTime& time)
 {
-    HttpReply reply = exchange_hop_by_hop(url, {kMostRedirects, kWholeTime}, discovery_request);
+    HttpReply reply;
+    reply.error = kNotSent;
+    const auto whole_time = time();
+    if (!whole_time) return reply;
+    const auto goes_on = [&time](const HttpReply&) { return time().has_value(); };
+    reply = exchange_hop_by_hop(url, {kMostRedirects, *whole_time, goes_on}, discovery_request);
     if (reply.error.empty() && (reply.status < 200 || reply.status > 299))
         reply.error = "HTTP " + std::to_string(reply.status);
     return reply;
@@ -100,21 +104,21 @@ std::string capability_url(const Discovery& discovery, const char* key, const Pa
 
 namespace {
 
-HttpReply discovery_document(const std::string& host)
+HttpReply discovery_document(const std::string& host, const RequestTime& time)
 {
-    return discovery_get("https://" + host + "/.well-known/bsvalias");
+    return discovery_get("https://" + host + "/.well-known/bsvalias", time);
 }
 
 }  // namespace
 
-std::optional<Discovery> discover(const std::string& domain)
+std::optional<Discovery> discover(const std::string& domain, const RequestTime& time)
 {
     const std::string srv_host = find_srv_host(domain);
     Discovery discovery{is_valid_host(srv_host) ? srv_host : domain, nlohmann::json::object()};
-    HttpReply reply = discovery_document(discovery.host);
+    HttpReply reply = discovery_document(discovery.host, time);
     if (!reply.error.empty() && discovery.host != domain) {
         discovery.host = domain;
-        reply = discovery_document(domain);
+        reply = discovery_document(domain, time);
     }
     if (!reply.error.empty()) return std::nullopt;
     const nlohmann::json document = parse_json(reply.body);

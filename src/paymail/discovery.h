@@ -7,6 +7,7 @@
 #include <nlohmann/json.hpp>
 
 #include <chrono>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -16,10 +17,21 @@
 // priority. Weights are not used. Empty when no record has a valid host.
 std::string find_srv_host(const std::string& domain);
 
+// Asked before each request: how long it may take with its redirects, or nothing when it shall not be sent any more.
+using RequestTime = std::function<std::optional<std::chrono::milliseconds>()>;
+
+// The time of every request unless somebody is in a hurry.
+inline std::optional<std::chrono::milliseconds> whole_request_time()
+{
+    return std::chrono::seconds(12);
+}
+
+inline constexpr char kNotSent[] = "not sent";
+
 // GET of a discovery document or of a URL in it. Succeeds for a status of 200 to 299, after at most 30 redirects and
-// within 12 seconds. Otherwise the reply's error is libcurl's text, "HTTP " and the status, or kNoCurlHandle.
+// within its time. Otherwise the reply's error is libcurl's text, "HTTP " and the status, kNoCurlHandle, or kNotSent.
 // Certificates are checked unless the host is exactly "localhost" or "127.0.0.1", where the user may run a site.
-[[nodiscard]] HttpReply discovery_get(const std::string& url);
+[[nodiscard]] HttpReply discovery_get(const std::string& url, const RequestTime& time = whole_request_time);
 
 // The request of discovery_get for its URL or for one that a redirect led to.
 HttpRequest discovery_request(const std::string& url, std::chrono::milliseconds time_left);
@@ -44,7 +56,8 @@ struct Discovery {
 
 // Asks the host of the domain's SRV record, then the domain itself, for the discovery document. Empty when neither
 // answers; without capabilities when the document is malformed.
-[[nodiscard]] std::optional<Discovery> discover(const std::string& domain);
+[[nodiscard]] std::optional<Discovery> discover(const std::string& domain,
+                                                const RequestTime& time = whole_request_time);
 
 // The filled-in URL of the capability `key` (bsvalias capability discovery). Empty unless it is on the host that
 // answered or on the domain itself.

@@ -6,7 +6,6 @@
 #include "text/ascii.h"
 #include "text/json.h"
 #include "wallet_bridge/shared_files.h"
-#include "wallet_bridge/wallet_identity.h"
 
 #include <optional>
 #include <utility>
@@ -113,24 +112,22 @@ void remove_payname(const std::string& paymail)
     }
 }
 
-std::string names_of_wallet(const std::string& key, const std::string& address)
+std::vector<std::string> names_of_wallet(const PublicIdentity& wallet)
 {
-    if (!PublicIdentity{key, address}.is_complete()) return {};
+    if (!wallet.is_complete()) return {};
     // Nothing of these rows is written again.
     const json rows = rows_of(parse_json(read_file(kept_names_path()).value_or("")));
-    std::string names;
+    std::vector<std::string> names;
     for (const json& row : rows) {
-        if (!is(member_text(row, "pubkey"), key) || !is(member_text(row, "address"), address)) continue;
+        if (!is(member_text(row, "pubkey"), wallet.public_key) || !is(member_text(row, "address"), wallet.address))
+            continue;
         const std::string* const paymail = member_text(row, "paymail");
-        if (paymail == nullptr || !is_shown(*paymail)) continue;
-        if (!names.empty()) names += ", ";
-        names += *paymail;
+        if (paymail != nullptr && is_shown(*paymail)) names.push_back(*paymail);
     }
     return names;
 }
 
 std::string names_of_this_wallet()
 {
-    const PublicIdentity wallet = public_identity();
-    return names_of_wallet(wallet.public_key, wallet.address);
+    return joined(names_of_wallet(public_identity()));
 }

@@ -2,9 +2,12 @@
 // operation; the busy guard keeps flows apart.
 #pragma once
 
+#include "wallet_bridge/wallet_identity.h"
+
 #include <nlohmann/json.hpp>
 
 #include <string>
+#include <vector>
 
 // One kept payname, as a row of the file.
 struct PaynameRecord {
@@ -18,9 +21,9 @@ nlohmann::json load_paynames();  // array of rows, possibly empty, as of parse_e
 [[nodiscard]] bool keep_payname(const PaynameRecord& record);  // adds it, or updates its row in place
 void remove_payname(const std::string& paymail);               // deletes the file when the last row goes
 
-// The names of the wallet with this identity key and payment address, joined by ", "; empty when there are none, or
-// when `key` or `address` is malformed.
-std::string names_of_wallet(const std::string& key, const std::string& address);
+// The names of the wallet with this identity key and payment address, in the order of the file; none when its key or
+// address is malformed.
+std::vector<std::string> names_of_wallet(const PublicIdentity& wallet);
 
-// Those of the connected wallet; empty when none is connected.
+// Those of the connected wallet, joined by ", "; empty when none is connected.
 std::string names_of_this_wallet();

@@ -15,6 +15,7 @@ constexpr std::int64_t kAskedFor = 1;  // satoshis
 constexpr char kTooManyOutputs[] = "that paymail host asked for too many outputs";
 constexpr char kNoAddress[] = "that paymail host did not return a payment address";
 constexpr char kOtherAmount[] = "that paymail host returned a different amount";
+constexpr char kTwoAddresses[] = "that paymail host returned two different addresses";
 
 // The address of a pay-to-public-key-hash script; empty for every other script and for a value that is not a string.
 std::string script_address(const json& script)
@@ -59,16 +60,20 @@ std::string read_outputs(const json& list, std::vector<PaymentOutput>& outputs)
     return total == kAskedFor ? std::string() : kOtherAmount;
 }
 
-// The older replies: one script, or one address, without an amount.
+// The replies of basic address resolution: one script, one address, or both, without an amount. Some payers read the
+// one and some the other, so both must say the same.
 std::string read_single(const json& reply, std::vector<PaymentOutput>& outputs)
 {
+    const auto script = reply.find("output");
+    const auto text = reply.find("address");
     std::string address;
-    if (const auto script = reply.find("output"); script != reply.end()) {
+    if (script != reply.end()) {
         address = script_address(*script);
     } else if (const auto hash = hash160_from_address(text_member(reply, "address"))) {
         address = address_from_hash160(*hash);
     }
     if (address.empty()) return kNoAddress;
+    if (text != reply.end() && text->is_string() && *text != address) return kTwoAddresses;
     outputs.push_back({address, kAskedFor});
     return {};
 }
@@ -85,4 +90,39 @@ PaymentDestination read_payment_destination(const std::string& body)
                                                                 : read_single(reply, destination.outputs);
     if (!destination.error.empty()) destination.outputs.clear();
     return destination;
+}
+
+namespace {
+
+bool is_other_address(const std::string& text, const std::string& address)
+{
+    return text != address && hash160_from_address(text);
+}
+
+// Payers take the script of a reply as it is, so that one of any form counts.
+bool is_other_script(const json& output, const char* member, const std::string& address)
+{
+    return !hex_decode(text_member(output, member)).empty() && script_address(output[member]) != address;
+}
+
+bool has_other_output(const json& reply, const std::string& address)
+{
+    if (is_other_script(reply, "output", address)) return true;
+    const auto list = reply.find("outputs");
+    return list != reply.end() && list->is_array() &&
+           std::any_of(list->begin(), list->end(),
+                       [&address](const json& output) { return is_other_script(output, "script", address); });
+}
+
+}  // namespace
+
+Payee payee_of(const std::string& body, const std::string& address)
+{
+    const json reply = parse_json(body);
+    if (!reply.is_object()) return Payee::unclear;
+    if (is_other_address(text_member(reply, "address"), address)) return Payee::other_address;
+    if (has_other_output(reply, address)) return Payee::other_output;
+    const PaymentDestination destination = read_payment_destination(body);
+    const bool is_wallet = destination.outputs.size() == 1 && destination.outputs.front().address == address;
+    return is_wallet ? Payee::wallet : Payee::unclear;
 }

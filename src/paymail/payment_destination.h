@@ -17,3 +17,15 @@ struct PaymentDestination {
 
 // Reads the reply `body`.
 [[nodiscard]] PaymentDestination read_payment_destination(const std::string& body);
+
+// Whom a reply pays, seen from a wallet.
+enum class Payee {
+    wallet,
+    other_address,  // a valid address that is not the wallet's
+    other_output,   // a script that does not pay the wallet's address
+    unclear,        // nobody, or not to be read
+};
+
+// Of the reply `body`, for the wallet with this address. Payers look in different members: one that names somebody else
+// counts, whatever the others say.
+[[nodiscard]] Payee payee_of(const std::string& body, const std::string& address);

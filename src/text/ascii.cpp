@@ -43,6 +43,16 @@ std::string_view trimmed(std::string_view text)
     return text;
 }
 
+std::string joined(const std::vector<std::string>& texts)
+{
+    std::string all;
+    for (const std::string& text : texts) {
+        if (&text != &texts.front()) all += ", ";
+        all += text;
+    }
+    return all;
+}
+
 bool starts_with_ignoring_case(std::string_view text, std::string_view lower_case_prefix)
 {
     return text.size() >= lower_case_prefix.size() &&

@@ -12,7 +12,8 @@ bool is_ascii_digit(char c);
 bool is_ascii_letter(char c);
 
 std::string lower_ascii(std::string_view text);
-std::string_view trimmed(std::string_view text);  // white space removed at both ends
+std::string_view trimmed(std::string_view text);            // white space removed at both ends
+std::string joined(const std::vector<std::string>& texts);  // with ", " between them
 bool starts_with_ignoring_case(std::string_view text, std::string_view lower_case_prefix);
 
 // Hexadecimal digits: written in lower case, read in either case.

@@ -3,6 +3,7 @@
 #include "build_values.h"
 #include "kit/bound_wallet.h"
 #include "kit/wallet_files.h"
+#include "paymail/kept_names.h"
 #include "wallet_bridge/binding.h"
 
 #include <gtest/gtest.h>
@@ -47,6 +48,31 @@ TEST(WalletCardTexts, AWalletWithNamesShowsThemAll)
     EXPECT_EQ(texts.house_paymail, kHouse);
     EXPECT_EQ(texts.payment_address, wallet.address);
     EXPECT_EQ(texts.kept_names, "Vaultry kept ann@x.org, bob@y.org");
+}
+
+TEST(WalletCardTexts, NamesThatPaySomebodyElseComeFirstWithTheirMark)
+{
+    const BoundWallet wallet;
+    for (const char* name : {"ann@x.org", "bob@y.org", "zoe@x.org"})
+        ASSERT_TRUE(keep_payname({name, wallet.key, wallet.address}));
+    EXPECT_EQ(wallet_card_texts({"bob@y.org", "gone@x.org"}).kept_names,
+              "Vaultry kept bob@y.org (pays somebody else), ann@x.org, zoe@x.org");
+    EXPECT_EQ(wallet_card_texts({"zoe@x.org", "ann@x.org"}).kept_names,
+              "Vaultry kept ann@x.org (pays somebody else), zoe@x.org (pays somebody else), bob@y.org");
+}
+
+TEST(MarkedNames, GetTheirMarkByAnyFindingOfSomebodyElseAndLoseItOnlyByARightOne)
+{
+    MarkedNames marked;
+    mark_names({{"ann@x.org", NameState::other_key},
+                {"bob@x.org", NameState::other_address},
+                {"zoe@x.org", NameState::other_output},
+                {"sue@x.org", NameState::unclear},
+                {"kim@x.org", NameState::pays_wallet}},
+               marked);
+    EXPECT_EQ(marked, (MarkedNames{"ann@x.org", "bob@x.org", "zoe@x.org"}));
+    mark_names({{"ann@x.org", NameState::pays_wallet}, {"bob@x.org", NameState::unclear}}, marked);
+    EXPECT_EQ(marked, (MarkedNames{"bob@x.org", "zoe@x.org"}));
 }
 
 TEST(NamePreview, ShowsTheNameInLowerCaseOnTheHostOfTheSite)

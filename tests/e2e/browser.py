@@ -80,11 +80,11 @@ class Browser:
         self._click("#wp-submit")
         WebDriverWait(self._driver, SECONDS).until(until.url_contains("/wp-admin/"))
 
-    def make_application_password(self, site: str, name: str) -> str:
-        """As WordPress shows it: groups of four with blanks between them."""
-        self.open(f"{site}/wp-admin/profile.php#application-passwords-section")
-        self._type("#new_application_password_name", name)
-        self._click("#do_new_application_password")
+    def approve_application(self, authorize_page: str) -> str:
+        """On WordPress' page for this; returns the password as it is shown: groups of four with blanks between them."""
+        self.open(authorize_page)
+        self.wait_for_text("An application would like to connect to your account.")
+        self._click("#approve")
         shown = WebDriverWait(self._driver, SECONDS).until(
             until.visibility_of_element_located((By.CSS_SELECTOR, "#new-application-password-value"))
         )

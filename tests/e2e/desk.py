@@ -37,7 +37,7 @@ CONNECT, UNBIND, SETTINGS = ids("kConnectButton", "kUnbindButton", "kSettingsBut
 INSTALL, PUBLISH, REMOVE = ids("kInstallButton", "kPublishButton", "kRemoveButton")
 STATUS, VERSION, CLOSE = ids("kStatusLine", "kVersionLabel", "kCloseButton")
 SITE, USER, PASSWORD = ids("kSiteField", "kUserField", "kPasswordField")
-CLOSE_SETTINGS, EYE = ids("kCloseSettingsButton", "kShowPasswordButton")
+CLOSE_SETTINGS, HINT, EYE = ids("kCloseSettingsButton", "kPasswordHint", "kShowPasswordButton")
 SETTINGS_WINDOW = 2000  # of the driving tool, for the settings window itself
 
 

@@ -70,11 +70,16 @@ class Journey:
         self._told(seen)
         self.picture(name, desk.screenshot)
 
-    def settings(self, password: str) -> None:
+    def settings(self, page) -> None:
+        """The hint below the password opens the page that shows one."""
         desk.click(desk.SETTINGS)
         desk.drive("wait-text", desk.CLOSE_SETTINGS, "Close")
         fill(desk.SITE, HOST)
         fill(desk.USER, "owner")
+        desk.click(desk.HINT)
+        page.log_in(SITE, "owner", "owner")
+        password = page.approve_application(desk.asked_page())
+        self.picture("application-password", page.picture)
         fill(desk.PASSWORD, password)
         self.picture("settings", desk.screenshot, desk.SETTINGS_WINDOW)
         desk.click(desk.CLOSE_SETTINGS)
@@ -85,12 +90,6 @@ class Journey:
         desk.put_wallet(WALLET, paymail="sofia")
         self.press(desk.CONNECT, "connected", "Connected.")
         check(desk.drive("text", desk.HOUSE_PAYMAIL), "sofia@corvane.example")
-
-    def application_password(self, page) -> str:
-        page.log_in(SITE, "owner", "owner")
-        password = page.make_application_password(SITE, "Brasslet")
-        self.picture("application-password", page.picture)
-        return password
 
     def _choose_zip(self, page) -> None:
         """On the upload page that the program asked for; the folder that it opened is closed again."""
@@ -131,7 +130,7 @@ def first_journey(journey: Journey, page, folder: pathlib.Path) -> None:
     """From nothing at all to two names, one of them removed again, and a new start."""
     with desk.running_program(folder):
         journey.picture("first-start", desk.screenshot)
-        journey.settings(journey.application_password(page))
+        journey.settings(page)
         journey.connect()
         journey.press(desk.INSTALL, "install", UPLOAD)
         journey.upload(page)
@@ -151,7 +150,7 @@ def first_journey(journey: Journey, page, folder: pathlib.Path) -> None:
 
 def journey_over_an_older_plugin(journey: Journey, page, folder: pathlib.Path) -> None:
     with desk.running_program(folder):
-        journey.settings(journey.application_password(page))
+        journey.settings(page)
         journey.connect()
         fill(desk.NAME, "alice")
         journey.press(desk.PUBLISH, "older-plugin", "Press Install plugin and upload the zip over the one on the site.")

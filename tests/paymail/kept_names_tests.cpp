@@ -156,9 +156,9 @@ TEST(KeptNames, NothingIsTheNameOfATextThatIsNoKeyOrNoAddress)
     const std::string address(26, '1');
     folder.write(kFile, names_form(json::array({row("a@x.org", key, address), row("b@x.org", "short", address),
                                                 row("c@x.org", key, "short")})));
-    EXPECT_EQ(names_of_wallet(key, address), "a@x.org");
-    EXPECT_EQ(names_of_wallet("short", address), "");
-    EXPECT_EQ(names_of_wallet(key, "short"), "");
+    EXPECT_EQ(names_of_wallet({key, address}), std::vector<std::string>{"a@x.org"});
+    EXPECT_TRUE(names_of_wallet({"short", address}).empty());
+    EXPECT_TRUE(names_of_wallet({key, "short"}).empty());
 }
 
 TEST(KeptNames, DigitsOfOtherMembersStayAsTheyStand)

@@ -10,6 +10,10 @@ constexpr char kAddress[] = "1BgGZ9tcN4rm9KBzDn7KprQz87SZ26SAMH";
 constexpr char kTooMany[] = "that paymail host asked for too many outputs";
 constexpr char kNoAddress[] = "that paymail host did not return a payment address";
 constexpr char kOtherAmount[] = "that paymail host returned a different amount";
+constexpr char kTwoAddresses[] = "that paymail host returned two different addresses";
+// An address that was made up from words, as widely published, and the hash in it.
+constexpr char kOtherAddress[] = "1BitcoinEaterAddressDontSendf59kuE";
+constexpr char kOtherHash[] = "759d6677091e973b9e9d99f19c68fbf43e3f05f9";
 
 std::string script(const std::string& hash = kHash)
 {
@@ -157,4 +161,53 @@ TEST(PaymentDestination, MayBeAnAddress)
 TEST(PaymentDestination, AListOfOutputsComesBeforeAnAddress)
 {
     EXPECT_EQ(error_of(R"({"outputs":[],"address":")" + std::string(kAddress) + "\"}"), kOtherAmount);
+}
+
+TEST(PaymentDestination, AScriptAndAnAddressSayTheSame)
+{
+    const auto both = [](const std::string& hash, const std::string& address) {
+        return R"({"address":")" + address + R"(","output":")" + script(hash) + "\"}";
+    };
+    expect_paid(both(kHash, kAddress));
+    EXPECT_EQ(error_of(both(kHash, kOtherAddress)), kTwoAddresses);
+    EXPECT_EQ(error_of(both(kOtherHash, kAddress)), kTwoAddresses);
+    EXPECT_EQ(error_of(both(kHash, "")), kTwoAddresses);
+    expect_paid(R"({"address":null,"output":")" + script() + "\"}");
+}
+
+TEST(Payee, IsTheWalletOfARightReply)
+{
+    for (const std::string& body :
+         {R"({"address":")" + std::string(kAddress) + "\"}", R"({"output":")" + script() + "\"}", outputs(output("1"))})
+        EXPECT_EQ(payee_of(body, kAddress), Payee::wallet) << body;
+}
+
+TEST(Payee, IsAnotherAddressWhateverTheOtherMembersSay)
+{
+    const std::string other = R"("address":")" + std::string(kOtherAddress) + "\"";
+    for (const std::string& body :
+         {"{" + other + "}", "{" + other + R"(,"output":")" + script() + "\"}", "{" + other + R"(,"outputs":[]})"})
+        EXPECT_EQ(payee_of(body, kAddress), Payee::other_address) << body;
+}
+
+TEST(Payee, IsAnotherOutputWhateverFormItHasAndWhateverTheOtherMembersSay)
+{
+    const std::string right = R"("address":")" + std::string(kAddress) + "\"";
+    const std::string to_key = "21" + std::string(66, '2') + "ac";
+    for (const std::string& other : {script(kOtherHash), to_key, std::string("51")}) {
+        EXPECT_EQ(payee_of(R"({"output":")" + other + "\"}", kAddress), Payee::other_output);
+        EXPECT_EQ(payee_of("{" + right + R"(,"output":")" + other + "\"}", kAddress), Payee::other_output);
+        EXPECT_EQ(payee_of(outputs(output("1", other)), kAddress), Payee::other_output);
+        EXPECT_EQ(payee_of(outputs(output("1") + "," + output("1", other)), kAddress), Payee::other_output);
+    }
+}
+
+TEST(Payee, OfAReplyThatNamesNobodyIsUnclear)
+{
+    for (const std::string& body :
+         {std::string(), std::string("<html>"), std::string("[]"), std::string("{}"), std::string("null"),
+          std::string(R"({"address":"1BgGZ9tcN4rm9KBzDn7KprQz87SZ26SAMJ"})"), std::string(R"({"address":7})"),
+          std::string(R"({"output":7})"), std::string(R"({"output":"zz"})"), std::string(R"({"output":""})"),
+          outputs(""), outputs("7"), outputs(output("1") + "," + output("1")), std::string(10'000, '[')})
+        EXPECT_EQ(payee_of(body, kAddress), Payee::unclear) << body.substr(0, 60);
 }

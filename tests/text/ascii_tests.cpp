@@ -71,3 +71,10 @@ TEST(Base64, DropsBitsThatDoNotCompleteAByte)
     EXPECT_EQ(base64_decode("Zm9vZ"), "foo");
     EXPECT_EQ(base64_decode("Z"), "");
 }
+
+TEST(Joined, HasACommaBetweenTwo)
+{
+    EXPECT_EQ(joined({}), "");
+    EXPECT_EQ(joined({"a"}), "a");
+    EXPECT_EQ(joined({"", "a", "b"}), ", a, b");
+}

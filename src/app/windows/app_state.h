@@ -1,13 +1,17 @@
 // What the user-interface thread keeps for the life of the process. No other thread may touch it; a worker gets copies.
 #pragma once
 
+#include "app/card_texts.h"
 #include "app/layout.h"
 #include "app/windows/window_icons.h"
+#include "app/windows/workers.h"
 #include "settings/settings_store.h"
 #include "ui/geometry.h"
 #include "ui/windows/control_table.h"
 
 #include <windows.h>
+
+#include <memory>
 
 struct AppState {
     HWND main_window = nullptr;
@@ -27,6 +31,10 @@ struct AppState {
     bool is_busy = false;
     int waiting_button = 0;  // id of the button that reads "Wait..."; 0: none
     bool update_is_available = false;
+
+    MarkedNames marked_names;
+    std::shared_ptr<RunningLook> look;  // until its result is there, also when it was stopped
+    bool user_awaits_look = false;
 };
 
 inline AppState& app_state()

@@ -3,6 +3,7 @@
 #include "app/windows/app_state.h"
 #include "app/windows/cards.h"
 #include "app/windows/controls.h"
+#include "app/windows/name_guard.h"
 #include "app/windows/open_settings.h"
 #include "flows/install.h"
 #include "flows/publish.h"
@@ -22,11 +23,19 @@ std::string install(const SiteSettings& settings, HWND window)
     return install_sentence(settings, [window] { return PostMessageW(window, MsgShowPackage, 0, 0) != 0; });
 }
 
+std::string publish(const SiteSettings& settings, HWND window)
+{
+    return publish_sentence(settings, [window](const std::string& payname) {
+        post_text(window, MsgNameKept, std::make_unique<KeptName>(KeptName{payname}));
+    });
+}
+
 Flow flow_of(int button)
 {
-    if (button == kPublishButton) return publish_sentence;
+    const HWND window = app_state().main_window;
+    if (button == kPublishButton) return [window](const SiteSettings& settings) { return publish(settings, window); };
     if (button == kRemoveButton) return remove_sentence;
-    return [window = app_state().main_window](const SiteSettings& settings) { return install(settings, window); };
+    return [window](const SiteSettings& settings) { return install(settings, window); };
 }
 
 }  // namespace
@@ -51,6 +60,7 @@ bool is_already_working()
 
 void set_busy(int button)
 {
+    stop_name_guard();
     app_state().is_busy = true;
     app_state().waiting_button = button;
     show_waiting(button);

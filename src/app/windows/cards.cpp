@@ -4,6 +4,7 @@
 #include "app/windows/app_state.h"
 #include "app/windows/busy_guard.h"
 #include "app/windows/controls.h"
+#include "app/windows/name_guard.h"
 #include "app/windows/workers.h"
 #include "paymail/kept_names.h"
 #include "platform/text_conversion.h"
@@ -13,10 +14,10 @@
 
 void refresh_wallet_card()
 {
-    const WalletCardTexts texts = wallet_card_texts();
+    const WalletCardTexts texts = wallet_card_texts(app_state().marked_names);
     set_control_text(kHousePaymail, texts.house_paymail);
     set_control_text(kPaymentAddress, texts.payment_address);
-    set_control_text(kKeptNames, texts.kept_names);
+    show_kept_names(texts.kept_names);
 }
 
 void refresh_name_preview()
@@ -63,6 +64,7 @@ void on_connect_result(const std::string& result)
 
 void on_unbind_pressed()
 {
+    stop_name_guard();
     disconnect_wallet();
     refresh_wallet_card();
     set_status(

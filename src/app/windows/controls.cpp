@@ -38,7 +38,7 @@ constexpr MainRow kControls[] = {
     {kVersionLabel, ControlKind::clickable_label, L"", kSmallText, &MainLayout::version},
 };
 
-// A clickable label has none: it takes the mouse itself, and what it shows has its room.
+// The clickable label has none: what it shows has its room.
 bool has_tip(const MainRow& row)
 {
     return row.kind == ControlKind::label || row.kind == ControlKind::wrapped_label;
@@ -68,6 +68,7 @@ void create_controls(HWND window)
     const HWND version = control(kVersionLabel);
     SetWindowLongPtrW(version, GWL_STYLE, GetWindowLongPtrW(version, GWL_STYLE) | SS_NOTIFY);
     make_self_painting(version, TextFlow::one_line);
+    make_self_painting(control(kKeptNames), TextFlow::one_line);
 
     app_state().tips = create_tips(window);
     for (const MainRow& row : kControls)
@@ -91,14 +92,21 @@ void reassign_control_fonts()
 
 void answer_tip(NMTTDISPINFOW& question)
 {
-    const int id = static_cast<int>(question.hdr.idFrom);
-    answer_tip(question, control(id), id == kStatusLine ? TextFlow::wrapped : TextFlow::one_line);
+    const HWND label = label_of_tip(question);
+    const bool is_wrapped = GetDlgCtrlID(label) == kStatusLine;
+    answer_tip(question, label, is_wrapped ? TextFlow::wrapped : TextFlow::one_line);
 }
 
 void set_control_text(int id, const std::string& utf8)
 {
     // A control that says it already is not painted again.
     if (control_text(control(id)) != utf8) SetWindowTextW(control(id), widen(utf8).c_str());
+}
+
+void show_kept_names(const std::string& utf8)
+{
+    set_control_text(kKeptNames, utf8);
+    set_pressable(control(kKeptNames), utf8.empty() ? nullptr : &kAccessibleButton);
 }
 
 std::string name_field_text()

@@ -36,7 +36,8 @@ void reassign_control_fonts();  // after a change of DPI
 void answer_tip(NMTTDISPINFOW& question);
 
 void set_control_text(int id, const std::string& utf8);
-std::string name_field_text();  // trimmed
+void show_kept_names(const std::string& utf8);  // the line can be pressed unless it is empty
+std::string name_field_text();                  // trimmed
 void set_status(const std::wstring& text);
 
 // While a flow runs the buttons that would start another one are disabled, except the one that the user pressed, which

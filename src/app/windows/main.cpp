@@ -1,6 +1,7 @@
 // The program's life: prepare the process, open the window, answer messages until it closes.
 #include "app/windows/app_state.h"
 #include "app/windows/main_window.h"
+#include "app/windows/name_guard.h"
 #include "app/windows/open_settings.h"
 #include "app/windows/single_instance.h"
 #include "app/windows/workers.h"
@@ -49,6 +50,7 @@ void open_main_window(HINSTANCE instance, int show)
     ShowWindow(window, show);
     UpdateWindow(window);
     start_update_check(window);
+    start_name_guard();
 }
 
 bool is_handled(HWND window, MSG& message)

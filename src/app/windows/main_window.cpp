@@ -5,6 +5,7 @@
 #include "app/windows/cards.h"
 #include "app/windows/controls.h"
 #include "app/windows/main_window_painting.h"
+#include "app/windows/name_guard.h"
 #include "app/windows/open_settings.h"
 #include "app/windows/update_notice.h"
 #include "app/windows/window_icons.h"
@@ -95,6 +96,9 @@ void on_command(HWND window, int id, int notification)
     case kVersionLabel:
         if (notification == STN_CLICKED) open_update_page();
         break;
+    case kKeptNames:
+        if (notification == STN_CLICKED) on_kept_names_pressed();
+        break;
     case kConnectButton:
         on_connect_pressed();
         break;
@@ -130,14 +134,21 @@ void on_session_end()
     keep_settings(copy_open_settings());
 }
 
+template <typename Text>
+void discard_late(HWND window, UINT message)
+{
+    MSG late{};
+    while (PeekMessageW(&late, window, message, message, PM_REMOVE))
+        receive_text<Text>(late.lParam);
+}
+
 // A result that was posted just before the end finds nobody any more.
 void discard_late_results(HWND window)
 {
-    MSG late{};
-    while (PeekMessageW(&late, window, MsgFlowResult, MsgFlowResult, PM_REMOVE))
-        receive_text<std::wstring>(late.lParam);
-    while (PeekMessageW(&late, window, MsgConnectResult, MsgConnectResult, PM_REMOVE))
-        receive_text<std::string>(late.lParam);
+    discard_late<std::wstring>(window, MsgFlowResult);
+    discard_late<std::string>(window, MsgConnectResult);
+    discard_late<GuardResult>(window, MsgGuardResult);
+    discard_late<KeptName>(window, MsgNameKept);
 }
 
 void on_destroy(HWND window)
@@ -190,6 +201,12 @@ LRESULT CALLBACK main_window_procedure(HWND window, UINT message, WPARAM wparam,
         return 0;
     case MsgFlowResult:
         if (const auto sentence = receive_text<std::wstring>(lparam)) on_flow_result(*sentence);
+        return 0;
+    case MsgGuardResult:
+        if (const auto result = receive_text<GuardResult>(lparam)) on_guard_result(*result);
+        return 0;
+    case MsgNameKept:
+        if (const auto kept = receive_text<KeptName>(lparam)) on_name_kept(*kept);
         return 0;
     case MsgUpdateResult:
         on_update_result(static_cast<std::int32_t>(wparam - 1));

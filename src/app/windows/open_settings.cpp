@@ -4,7 +4,9 @@
 #include "app/windows/cards.h"
 #include "app/windows/controls.h"
 #include "platform/text_conversion.h"
+#include "platform/windows/shell.h"
 #include "settings/windows/settings_window.h"
+#include "site/site_address.h"
 
 namespace {
 
@@ -32,6 +34,19 @@ void read_what_waits()
     tell(notice);
 }
 
+// WordPress' own page for this, since 5.6: it asks whether to give the program access, and shows the password to copy.
+void open_password_page(const std::string& typed_site, HWND settings_window)
+{
+    std::string typed = typed_site;
+    const SiteAddress site = normalise_site(typed);
+    if (!site.ok || site.host.find('.') == std::string::npos) {
+        set_status(L"Type the site first. It needs https.");
+        return;
+    }
+    if (!open_page(site.base + "/wp-admin/authorize-application.php?app_name=Brasslet", settings_window))
+        set_status(L"The page did not open. Open your profile in WordPress, and go to Application Passwords there.");
+}
+
 void on_closed(SettingsNotice of_password)
 {
     keep_settings(of_password);
@@ -44,7 +59,8 @@ void open_settings()
 {
     AppState& state = app_state();
     read_what_waits();
-    open_settings_window({state.main_window, state.dpi, &state.settings, &state.settings_window, on_closed});
+    open_settings_window(
+        {state.main_window, state.dpi, &state.settings, &state.settings_window, on_closed, open_password_page});
 }
 
 SettingsNotice copy_open_settings()

@@ -23,7 +23,7 @@ void refresh_version_label()
 {
     const HWND label = GetDlgItem(app_state().main_window, kVersionLabel);
     SetWindowTextW(label, widen(version_text(app_state().update_is_available)).c_str());
-    if (app_state().update_is_available) make_link(label);
+    if (app_state().update_is_available) set_pressable(label, &kAccessibleLink);
 }
 
 void on_update_result(std::int32_t found)

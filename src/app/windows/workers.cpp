@@ -28,6 +28,16 @@ void check_for_update(HWND window)
     if (IsWindow(window)) PostMessageW(window, MsgUpdateResult, static_cast<WPARAM>(found + 1), 0);
 }
 
+// The result is posted at its time; the thread lasts until the last request has ended.
+void look_at_names(HWND window, const std::shared_ptr<const RunningLook>& running)
+{
+    const NamesOfWallet names = names_to_guard();
+    LookLimits limits;
+    limits.goes_on = [running] { return running->goes_on.load(); };
+    NameLook look(names, limits);
+    post_text(window, MsgGuardResult, std::make_unique<GuardResult>(GuardResult{running, names.wallet, look.states()}));
+}
+
 }  // namespace
 
 void start_flow(HWND window, const Flow& flow, const SiteSettings& settings)
@@ -43,6 +53,11 @@ void start_connecting(HWND window)
 void start_update_check(HWND window)
 {
     start_worker([=] { check_for_update(window); });
+}
+
+void start_name_look(HWND window, const std::shared_ptr<const RunningLook>& look)
+{
+    start_worker([=] { look_at_names(window, look); });
 }
 
 bool worker_is_running()

@@ -1,11 +1,13 @@
 // Worker threads, and what they post to the main window. Workers are detached, never joined, and never touch a control.
 #pragma once
 
+#include "flows/name_guard.h"
 #include "settings/settings_store.h"
 
 #include <windows.h>
 
 #include <algorithm>
+#include <atomic>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -19,6 +21,8 @@ inline constexpr UINT MsgConnectResult = WM_APP + 1;  // lParam: heap std::strin
 inline constexpr UINT MsgFlowResult = WM_APP + 2;     // lParam: heap std::wstring that post_text has posted
 inline constexpr UINT MsgUpdateResult = WM_APP + 3;   // wParam: newest announced build + 1, 0 when nothing was found
 inline constexpr UINT MsgShowPackage = WM_APP + 4;    // no payload: show the plugin package
+inline constexpr UINT MsgGuardResult = WM_APP + 5;    // lParam: heap GuardResult that post_text has posted
+inline constexpr UINT MsgNameKept = WM_APP + 6;       // lParam: heap KeptName that post_text has posted
 
 // One of the things the user can have done on the site: decides everything and returns the sentence to show, UTF-8.
 // Runs on a worker thread.
@@ -33,6 +37,26 @@ void start_connecting(HWND window);
 // Looks on a worker thread for the newest build that the maker announces, then posts MsgUpdateResult to `window`.
 // Nobody hears of it when the window is gone by then.
 void start_update_check(HWND window);
+
+// A look at the kept names, as the window shares it with its worker.
+struct RunningLook {
+    std::atomic<bool> goes_on = true;  // false: no further request is sent
+};
+
+struct GuardResult {
+    std::shared_ptr<const RunningLook> look;
+    PublicIdentity wallet;  // whose names they are
+    std::vector<LookedAtName> names;
+};
+
+// Looks at the kept names of the connected wallet on a worker thread, then posts exactly one MsgGuardResult to
+// `window`.
+void start_name_look(HWND window, const std::shared_ptr<const RunningLook>& look);
+
+// A payname that a publish has just seen to resolve to this wallet.
+struct KeptName {
+    std::string payname;
+};
 
 // Whether a worker has not come to its end yet.
 bool worker_is_running();

@@ -128,9 +128,11 @@ void keep_and_close(HWND window, const OpenWindow& open)
     DestroyWindow(window);
 }
 
-void on_command(HWND window, OpenWindow& open, int id)
+void on_command(HWND window, OpenWindow& open, int id, int notification)
 {
     if (id == kShowPasswordButton) toggle_password(window, open);
+    if (id == kPasswordHint && notification == STN_CLICKED)
+        open.host.on_password_page(control_text(GetDlgItem(window, kSiteField)), window);
     if (id == kCloseSettingsButton) keep_and_close(window, open);
 }
 
@@ -160,7 +162,7 @@ LRESULT CALLBACK settings_window_procedure(HWND window, UINT message, WPARAM wpa
         on_dpi_changed(window, *open, HIWORD(wparam), *reinterpret_cast<const RECT*>(lparam));
         return 0;
     case WM_COMMAND:
-        on_command(window, *open, LOWORD(wparam));
+        on_command(window, *open, LOWORD(wparam), HIWORD(wparam));
         return 0;
     case WM_CLOSE:
         keep_and_close(window, *open);

@@ -6,6 +6,8 @@
 
 #include <windows.h>
 
+#include <string>
+
 // What the window needs of the program. The settings and the handle live longer than the window.
 struct SettingsWindowHost {
     HWND main_window = nullptr;        // owns the window
@@ -14,6 +16,8 @@ struct SettingsWindowHost {
     HWND* handle = nullptr;            // the window while it is open, else null
     // The user closed the window: the settings hold its fields now.
     void (*on_closed)(SettingsNotice of_password) = nullptr;
+    // The user pressed the hint and wants the page of the typed site that makes an application password.
+    void (*on_password_page)(const std::string& typed_site, HWND settings_window) = nullptr;
 };
 
 // Opens the window, or brings it forward when it is open already.

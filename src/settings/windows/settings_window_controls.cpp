@@ -2,6 +2,7 @@
 
 #include "platform/text_conversion.h"
 #include "settings/windows/settings_window_password.h"
+#include "ui/windows/labels.h"
 #include "ui/windows/screen_reader.h"
 
 namespace {
@@ -52,6 +53,8 @@ void create_settings_controls(HWND window, const SiteSettings& settings, const F
     show_in_fields(window, settings);
     prepare_password_field(GetDlgItem(window, kPasswordField), settings.pass.opens());
     name_eye(window, false);
+    make_self_painting(GetDlgItem(window, kPasswordHint), TextFlow::wrapped);
+    set_pressable(GetDlgItem(window, kPasswordHint), &kAccessibleLink);
 }
 
 void show_in_fields(HWND window, const SiteSettings& settings)

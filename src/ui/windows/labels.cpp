@@ -1,7 +1,6 @@
 #include "ui/windows/labels.h"
 
 #include "ui/windows/keyboard.h"
-#include "ui/windows/screen_reader.h"
 #include "ui/windows/theme.h"
 
 #include <algorithm>
@@ -11,15 +10,36 @@ namespace {
 
 constexpr int kLongestPaintedText = 640;
 
-// A line under the text, in its colour, when the keyboard has been moved to a label that it can press.
-void paint_focus(HDC dc, const RECT& client, const wchar_t* text, int length)
+UINT form_of(TextFlow flow)
 {
-    SIZE size{};
-    GetTextExtentPoint32W(dc, text, length, &size);
-    constexpr int kShareOfHeight = 9;
-    const RECT line{client.left, client.bottom - client.bottom / kShareOfHeight, std::min(size.cx, client.right),
-                    client.bottom};
+    return (flow == TextFlow::wrapped ? DT_WORDBREAK : DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS) | DT_NOPREFIX;
+}
+
+// A line under the text, in its colour, when the keyboard has been moved to a label that it can press.
+void paint_focus(HDC dc, const RECT& client, const wchar_t* text, int length, TextFlow flow)
+{
+    RECT whole = client;
+    DrawTextW(dc, text, length, &whole, form_of(flow) | DT_CALCRECT);
+    constexpr int kShareOfLine = 9;
+    TEXTMETRICW font{};
+    GetTextMetricsW(dc, &font);
+    const LONG height = (font.tmHeight + kShareOfLine - 1) / kShareOfLine;
+    const LONG bottom = flow == TextFlow::wrapped ? std::min(whole.bottom + 1, client.bottom) : client.bottom;
+    const RECT line{client.left, bottom - height, std::min(whole.right, client.right), bottom};
     FillRect(dc, &line, Brush(CreateSolidBrush(GetTextColor(dc))).get());
+}
+
+// The colour of the text and what is behind it are the parent's to say, as for every other static.
+void paint_behind(HDC dc, HWND label, const RECT& client)
+{
+    const LRESULT answer = SendMessageW(GetAncestor(label, GA_PARENT), WM_CTLCOLORSTATIC, reinterpret_cast<WPARAM>(dc),
+                                        reinterpret_cast<LPARAM>(label));
+    const auto brush = reinterpret_cast<HBRUSH>(answer);
+    if (brush == GetStockObject(HOLLOW_BRUSH))
+        paint_gradient(dc, client, background_behind(label).whole);
+    else
+        FillRect(dc, &client, brush);
+    SetBkMode(dc, TRANSPARENT);
 }
 
 void paint(HWND label, TextFlow flow)
@@ -27,18 +47,13 @@ void paint(HWND label, TextFlow flow)
     const Painting painting(label);
     RECT client{};
     GetClientRect(label, &client);
-    paint_gradient(painting.dc(), client, background_behind(label).whole);
+    paint_behind(painting.dc(), label, client);
 
     wchar_t text[kLongestPaintedText + 1] = {};
     const int length = GetWindowTextW(label, text, kLongestPaintedText + 1);
     const Selected selected(painting.dc(), reinterpret_cast<HFONT>(SendMessageW(label, WM_GETFONT, 0, 0)));
-    // The colour of the text is the parent's to say, as for every other static.
-    SendMessageW(GetAncestor(label, GA_PARENT), WM_CTLCOLORSTATIC, reinterpret_cast<WPARAM>(painting.dc()),
-                 reinterpret_cast<LPARAM>(label));
-    SetBkMode(painting.dc(), TRANSPARENT);
-    const UINT form = flow == TextFlow::wrapped ? DT_WORDBREAK : DT_SINGLELINE | DT_VCENTER;
-    DrawTextW(painting.dc(), text, length, &client, form | DT_NOPREFIX);
-    if (shows_focus(label)) paint_focus(painting.dc(), client, text, length);
+    DrawTextW(painting.dc(), text, length, &client, form_of(flow));
+    if (shows_focus(label)) paint_focus(painting.dc(), client, text, length, flow);
 }
 
 // Windows' static draws a new window text at once, over the old one and without a background.
@@ -74,8 +89,8 @@ bool is_press_key(WPARAM key)
     return key == VK_RETURN || key == VK_SPACE;
 }
 
-// Subclass procedure of a hyperlink.
-LRESULT CALLBACK follow_keys(HWND label, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR id, DWORD_PTR)
+// Subclass procedure of a label that can be pressed.
+LRESULT CALLBACK be_pressable(HWND label, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR id, DWORD_PTR kind)
 {
     switch (message) {
     case WM_GETDLGCODE: {
@@ -92,9 +107,13 @@ LRESULT CALLBACK follow_keys(HWND label, UINT message, WPARAM wparam, LPARAM lpa
         break;
     case WM_GETOBJECT:
         if (static_cast<LONG>(lparam) != OBJID_CLIENT) break;
-        return answer_screen_reader(label, wparam, kAccessibleLink);
+        return answer_screen_reader(label, wparam, *reinterpret_cast<const AccessibleKind*>(kind));
+    case WM_SETCURSOR:
+        if (LOWORD(lparam) != HTCLIENT) break;
+        SetCursor(LoadCursorW(nullptr, IDC_HAND));
+        return TRUE;
     case WM_NCDESTROY:
-        RemoveWindowSubclass(label, follow_keys, id);
+        RemoveWindowSubclass(label, be_pressable, id);
         break;
     default:
         break;
@@ -113,9 +132,18 @@ TOOLINFOW tool_of(HWND label)
     tool.uFlags = TTF_SUBCLASS;
     tool.hwnd = window;
     tool.uId = static_cast<UINT_PTR>(GetDlgCtrlID(label));
+    tool.lpszText = LPSTR_TEXTCALLBACKW;
     GetWindowRect(label, &tool.rect);
     MapWindowPoints(HWND_DESKTOP, window, reinterpret_cast<POINT*>(&tool.rect), 2);
-    tool.lpszText = LPSTR_TEXTCALLBACKW;
+    return tool;
+}
+
+// The tool of the same label while it takes the mouse itself.
+TOOLINFOW own_tool_of(HWND label)
+{
+    TOOLINFOW tool = tool_of(label);
+    tool.uFlags |= TTF_IDISHWND;
+    tool.uId = reinterpret_cast<UINT_PTR>(label);
     return tool;
 }
 
@@ -142,10 +170,20 @@ void make_self_painting(HWND label, TextFlow flow)
     SetWindowSubclass(label, paint_itself, 0, static_cast<DWORD_PTR>(flow));
 }
 
-void make_link(HWND label)
+void set_pressable(HWND label, const AccessibleKind* kind)
 {
-    SetWindowSubclass(label, follow_keys, 0, 0);
-    SetWindowLongPtrW(label, GWL_STYLE, GetWindowLongPtrW(label, GWL_STYLE) | WS_TABSTOP);
+    constexpr LONG_PTR kPressable = WS_TABSTOP | SS_NOTIFY;
+    const LONG_PTR style = GetWindowLongPtrW(label, GWL_STYLE);
+    if (kind != nullptr) {
+        SetWindowSubclass(label, be_pressable, 0, reinterpret_cast<DWORD_PTR>(kind));
+        SetWindowLongPtrW(label, GWL_STYLE, style | kPressable);
+        return;
+    }
+    RemoveWindowSubclass(label, be_pressable, 0);
+    SetWindowLongPtrW(label, GWL_STYLE, style & ~kPressable);
+    // A window whose focus no key reaches hears no keys.
+    const HWND window = GetAncestor(label, GA_PARENT);
+    if (GetFocus() == label) SetFocus(GetNextDlgTabItem(window, label, FALSE));
 }
 
 HWND create_tips(HWND window)
@@ -160,14 +198,20 @@ HWND create_tips(HWND window)
 
 void add_tip(HWND tips, HWND label)
 {
-    const TOOLINFOW tool = tool_of(label);
-    SendMessageW(tips, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+    for (const TOOLINFOW& tool : {tool_of(label), own_tool_of(label)})
+        SendMessageW(tips, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
 }
 
 void move_tip(HWND tips, HWND label)
 {
     const TOOLINFOW tool = tool_of(label);
     SendMessageW(tips, TTM_NEWTOOLRECTW, 0, reinterpret_cast<LPARAM>(&tool));
+}
+
+HWND label_of_tip(const NMTTDISPINFOW& question)
+{
+    if ((question.uFlags & TTF_IDISHWND) != 0) return reinterpret_cast<HWND>(question.hdr.idFrom);
+    return GetDlgItem(GetParent(question.hdr.hwndFrom), static_cast<int>(question.hdr.idFrom));
 }
 
 void answer_tip(NMTTDISPINFOW& question, HWND label, TextFlow flow)

@@ -1,6 +1,8 @@
-// What the program's static controls do beyond Windows' own: paint themselves over the window's gradient, be pressed as
-// a hyperlink, and show in a tooltip what they have no room for.
+// What the program's static controls do beyond Windows' own: paint themselves, be pressed as a hyperlink or a button
+// is, and show in a tooltip what they have no room for.
 #pragma once
+
+#include "ui/windows/screen_reader.h"
 
 #include <windows.h>
 
@@ -8,20 +10,24 @@
 
 enum class TextFlow { one_line, wrapped };  // one line: vertically centred; wrapped: at word breaks, from the top
 
-// Makes the static `label` paint its text itself over the window's gradient, in the colour that its parent's answer to
-// WM_CTLCOLORSTATIC sets.
+// Makes the static `label` paint its text itself, in the colour and on the brush of its parent's answer to
+// WM_CTLCOLORSTATIC; on the window's gradient where that is the hollow brush.
 void make_self_painting(HWND label, TextFlow flow);
 
-// Makes a self-painting label whose parent hears of clicks on it (SS_NOTIFY) a hyperlink: the Tab key reaches it, Enter
-// and Space press it.
-void make_link(HWND label);
+// From now on a self-painting label can be pressed: its parent hears of clicks on it (SS_NOTIFY), the Tab key reaches
+// it, Enter and Space press it, and screen readers hear that it is of `kind`, which lives as long as the process. Null:
+// it is a label as others are.
+void set_pressable(HWND label, const AccessibleKind* kind);
 
 // The tooltip control of `window`, which owns it. Null when Windows refuses: then there are no tooltips.
 HWND create_tips(HWND window);
 
-// `label` is a child of that window and lets the mouse through to it, as statics do.
+// `label` is a child of that window.
 void add_tip(HWND tips, HWND label);
 void move_tip(HWND tips, HWND label);  // to where the label is now
+
+// The label that TTN_GETDISPINFOW asks about.
+HWND label_of_tip(const NMTTDISPINFOW& question);
 
 // The answer to TTN_GETDISPINFOW: the whole text of `label`, or nothing when the label has room for it. `flow` is how
 // that label shows its text.

@@ -146,4 +146,6 @@ TEST(Messages, HaveTheirNumbers)
     EXPECT_EQ(MsgFlowResult, 0x8002U);
     EXPECT_EQ(MsgUpdateResult, 0x8003U);
     EXPECT_EQ(MsgShowPackage, 0x8004U);
+    EXPECT_EQ(MsgGuardResult, 0x8005U);
+    EXPECT_EQ(MsgNameKept, 0x8006U);
 }

@@ -208,3 +208,15 @@ TEST_F(Publishing, WhatTheSiteSaysIsOneLineWithoutMarksOfDirection)
     answer(kNamePath, R"({"message":"\u202e\n"})", 401);
     expect_sentence("WordPress refused that application password.");
 }
+
+TEST_F(Publishing, TellsWhichPaynameIsKeptAndOnlyThen)
+{
+    std::vector<std::string> kept;
+    const auto note = [&kept](const std::string& payname) { kept.push_back(payname); };
+    settings.site = "www.brasslet.test";
+    EXPECT_EQ(publish_sentence(settings, note), kKept);
+    EXPECT_THAT(kept, testing::ElementsAre("alice@brasslet.test"));
+    answer(kPkiPath, "{}");
+    EXPECT_EQ(publish_sentence(settings, note), "That site is not publishing this Vaultry.");
+    EXPECT_EQ(kept.size(), 1U);
+}

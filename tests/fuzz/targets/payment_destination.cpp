@@ -1,6 +1,6 @@
 // Property: an accepted reply pays one satoshi to the one address or script that it names, which encodes back to
 // itself, and reads the same when it is written anew in the form of any paymail host; a refused one pays nobody and
-// says why.
+// says why. Only an accepted one pays the wallet of its address, and never a wallet of another address.
 #include "paymail/payment_destination.h"
 
 #include "fuzz/target.h"
@@ -9,6 +9,8 @@
 #include "wallet/address.h"
 
 namespace {
+
+constexpr char kAnyAddress[] = "1BgGZ9tcN4rm9KBzDn7KprQz87SZ26SAMH";
 
 bool pays(const nlohmann::json& reply, const std::string& address)
 {
@@ -26,7 +28,10 @@ std::string payee(const nlohmann::json& reply)
 
 void check(std::string_view bytes)
 {
-    const auto [outputs, error] = read_payment_destination(std::string(bytes));
+    const std::string body(bytes);
+    const auto [outputs, error] = read_payment_destination(body);
+    require(payee_of(body, kAnyAddress) != Payee::wallet || outputs.at(0).address == kAnyAddress,
+            "who is paid is read");
     if (!error.empty()) {
         require(outputs.empty() && error.starts_with("that paymail host "), "a refused reply pays nobody and says why");
         return;

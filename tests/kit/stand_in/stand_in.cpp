@@ -4,6 +4,8 @@
 #include "platform/user_protection.h"
 #include "platform/wallet_app.h"
 
+#include <mutex>
+
 StandIn& stand_in()
 {
     static StandIn instance;
@@ -24,7 +26,12 @@ void enter_executable_folder() {}
 
 std::vector<SrvRecord> query_srv(const std::string& name)
 {
-    stand_in().srv_queries.push_back(name);
+    static std::mutex mutex;
+    {
+        const std::scoped_lock lock(mutex);
+        stand_in().srv_queries.push_back(name);
+    }
+    if (stand_in().during_srv_query) stand_in().during_srv_query();
     return stand_in().srv_records;
 }
 

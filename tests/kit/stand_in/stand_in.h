@@ -29,6 +29,7 @@ struct StandIn {
     std::string executable_folder = ".";            // answer of executable_folder()
     std::vector<SrvRecord> srv_records;             // answer of query_srv()
     std::vector<std::string> srv_queries;           // the names that were asked for
+    std::function<void()> during_srv_query;         // what happens before the answer, when it is set, on any thread
     int wallet_app_notices = 0;                     // calls of notify_wallet_app()
     bool protection_works = true;                   // protect_for_user() succeeds
     std::string resource;                           // answer of load_resource() for every id

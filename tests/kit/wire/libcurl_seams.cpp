@@ -4,6 +4,7 @@
 
 #include <atomic>
 #include <cstdarg>
+#include <mutex>
 #include <optional>
 #include <string_view>
 
@@ -12,6 +13,7 @@ namespace {
 bool g_refuse = false;
 std::optional<CURLoption> g_refused;
 std::optional<std::string> g_refused_entry;
+std::mutex g_options_mutex;
 std::map<CURLoption, long> g_options;
 std::atomic<int> g_wiped = 0;
 
@@ -25,6 +27,13 @@ void refuse_nothing()
 }
 
 const bool g_starts_afresh = start_afresh_with(refuse_nothing);
+
+// Requests may run side by side.
+long noted(CURLoption option, long value)
+{
+    const std::scoped_lock lock(g_options_mutex);
+    return g_options[option] = value;
+}
 
 }  // namespace
 
@@ -78,10 +87,9 @@ extern "C" CURLcode __wrap_curl_easy_setopt(CURL* handle, unsigned option, ...)
     va_start(values, option);
     CURLcode code = CURLE_OK;
     if (option < CURLOPTTYPE_OBJECTPOINT) {
-        g_options[which] = va_arg(values, long);
-        code = __real_curl_easy_setopt(handle, option, g_options[which]);
+        code = __real_curl_easy_setopt(handle, option, noted(which, va_arg(values, long)));
     } else {
-        g_options[which] = 0;
+        noted(which, 0);
         code = __real_curl_easy_setopt(handle, option, va_arg(values, void*));
     }
     va_end(values);

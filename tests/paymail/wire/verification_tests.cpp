@@ -163,3 +163,18 @@ TEST_F(Verifying, AnotherDestinationIsADifferentAddress)
         expect_refused("That site is paying a different address.");
     }
 }
+
+TEST_F(Verifying, AScriptAndAnAddressThatDisagreeAreADifferentAddress)
+{
+    const auto reply = [](const std::string& script_pays, const std::string& address) {
+        const std::string script = text_member(parse_json(output_paying(script_pays)), "script");
+        return compact_json({{"address", address}, {"output", script}});
+    };
+    for (const std::string& body : {reply(wallet.address, kOtherAddress), reply(kOtherAddress, wallet.address),
+                                    reply(wallet.address, "no address")}) {
+        answer(kPayPath, body);
+        expect_refused("That site is paying a different address.");
+    }
+    answer(kPayPath, reply(wallet.address, wallet.address));
+    expect_kept();
+}

@@ -93,7 +93,8 @@ TEST(SettingsWindow, HasExactlyTheControlsOfTheTableInItsOrder)
     std::vector<int> ids;
     for (HWND child = GetWindow(settings.window(), GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT))
         ids.push_back(GetDlgCtrlID(child));
-    EXPECT_THAT(ids, testing::ElementsAre(2006, 2001, 2007, 2002, 2008, 2003, 2009, 2005, 2004));
+    EXPECT_THAT(ids, testing::ElementsAre(kSiteCaption, kSiteField, kUserCaption, kUserField, kPasswordCaption,
+                                          kPasswordField, kShowPasswordButton, kPasswordHint, kCloseSettingsButton));
     for (const Expected& expected : kExpected) {
         wchar_t window_class[32] = {};
         GetClassNameW(settings.control(expected.id), window_class, 32);
@@ -111,7 +112,7 @@ TEST(SettingsWindow, ItsControlsHaveTheirStyles)
     constexpr DWORD kChild = WS_CHILD | WS_VISIBLE;
     for (const int id : {kSiteCaption, kUserCaption, kPasswordCaption})
         EXPECT_EQ(style_of(settings.control(id)), kChild | WS_CLIPSIBLINGS | SS_NOPREFIX | SS_ENDELLIPSIS) << id;
-    EXPECT_EQ(style_of(settings.control(kPasswordHint)), kChild | SS_NOPREFIX);
+    EXPECT_EQ(style_of(settings.control(kPasswordHint)), kChild | WS_TABSTOP | SS_NOPREFIX | SS_NOTIFY);
     for (const int id : {kCloseSettingsButton, kShowPasswordButton})
         EXPECT_EQ(style_of(settings.control(id)), kChild | WS_CLIPSIBLINGS | WS_TABSTOP | BS_OWNERDRAW) << id;
     constexpr DWORD kField = kChild | WS_TABSTOP | ES_AUTOHSCROLL;
@@ -172,11 +173,13 @@ TEST(SettingsWindow, TabMovesThroughTheFieldsAndButtonsAndBack)
     const RunningProgram program;
     const OpenSettingsWindow settings(program);
     ASSERT_TRUE(program.has_focus(settings.control(kSiteField)));
-    for (const int id : {kUserField, kPasswordField, kShowPasswordButton, kCloseSettingsButton, kSiteField}) {
+    for (const int id :
+         {kUserField, kPasswordField, kShowPasswordButton, kPasswordHint, kCloseSettingsButton, kSiteField}) {
         strike(VK_TAB);
         ASSERT_TRUE(program.has_focus(settings.control(id))) << id;
     }
-    for (const int id : {kCloseSettingsButton, kShowPasswordButton, kPasswordField, kUserField, kSiteField}) {
+    for (const int id :
+         {kCloseSettingsButton, kPasswordHint, kShowPasswordButton, kPasswordField, kUserField, kSiteField}) {
         strike(VK_TAB, VK_SHIFT);
         ASSERT_TRUE(program.has_focus(settings.control(id))) << "back to " << id;
     }

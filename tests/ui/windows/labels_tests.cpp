@@ -67,7 +67,7 @@ TEST_P(PaintedStatic, DrawsItsTextOverWhatIsThereInItsOwnFont)
     EXPECT_EQ(text.font.lfHeight, -14);
     const Rect place = m_window.place(GetParam());
     EXPECT_EQ(text.place, (Rect{0, 0, place.width, place.height}));
-    const UINT form = GetParam() == kStatusLine ? DT_WORDBREAK : DT_SINGLELINE | DT_VCENTER;
+    const UINT form = GetParam() == kStatusLine ? DT_WORDBREAK : DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS;
     EXPECT_EQ(text.form, form | DT_NOPREFIX);
 }
 

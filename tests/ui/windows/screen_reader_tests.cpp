@@ -25,6 +25,7 @@ struct Expected {
 constexpr LONG kLabel = 0;
 constexpr LONG kButton = ROLE_SYSTEM_PUSHBUTTON;
 constexpr LONG kField = ROLE_SYSTEM_TEXT;
+constexpr LONG kLink = ROLE_SYSTEM_LINK;
 
 constexpr Expected kMainWindow[] = {
     {kConnectButton, kButton, L"Connect"},
@@ -55,7 +56,7 @@ constexpr Expected kSettingsWindow[] = {
     {kPasswordCaption, kLabel, L"Application password"},
     {kPasswordField, kField, L"Application password"},
     {kShowPasswordButton, kButton, L"Show password"},
-    {kPasswordHint, kLabel,
+    {kPasswordHint, kLink,
      L"Not the site login. On your profile, Application Passwords, paste the one WordPress shows."},
     {kCloseSettingsButton, kButton, L"Close"},
 };
@@ -70,7 +71,8 @@ void expect_spoken(HWND control, const Expected& expected)
         EXPECT_EQ(heard.role, expected.role) << expected.id;
         EXPECT_TRUE(heard.is(STATE_SYSTEM_FOCUSABLE)) << expected.id;
     }
-    EXPECT_EQ(heard.action, expected.role == kButton ? L"Press" : L"") << expected.id;
+    const wchar_t* const action = expected.role == kButton ? L"Press" : L"";
+    EXPECT_EQ(heard.action, expected.role == kLink ? L"Jump" : action) << expected.id;
     EXPECT_FALSE(heard.is(STATE_SYSTEM_UNAVAILABLE | STATE_SYSTEM_INVISIBLE)) << expected.id;
 }
 
