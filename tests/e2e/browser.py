@@ -124,6 +124,14 @@ class Browser:
         self._click("#submit")
         self.wait_for_text("Permalink structure updated.")
 
+    def have_payments_handed_over(self, site: str, broadcaster: str) -> None:
+        """On the plugin's own page."""
+        self.open(f"{site}/wp-admin/options-general.php?page=brasslet")
+        self._type("#brasslet-broadcaster", broadcaster)
+        self._click("input[name='on']")
+        self._click("button[name='brasslet_payments'][value='save']")
+        self.wait_for_text("Saved.")
+
     def shows(self, text: str) -> bool:
         return text in self._driver.find_element(By.TAG_NAME, "body").text
 

@@ -1,5 +1,5 @@
 """The demonstration that scripts/demo runs inside the test world: the road of a first-time user, with a picture of every
-step, and what any paying client then gets for the name."""
+step, what any paying client then gets for the name, two payments, and a name that is changed behind the program's back."""
 import os
 import pathlib
 import subprocess
@@ -36,14 +36,18 @@ def main() -> int:
         journey.wallet_application_beside(pathlib.Path(folder)) as program,
         browser() as page,
     ):
-        journey.first_journey(journey.Journey(PICTURES, tell), page, program)
-
-    print(f"\n{told[-1]}\n", flush=True)
-    if told[-1] != KEPT:
-        return 1
-    show(f"https://{HOST}/.well-known/bsvalias")
-    for capability in ("pki", "paymentDestination"):
-        show(site_world.capabilities(HOST)[capability].replace("{alias}", "alice"))
+        road = journey.Journey(PICTURES, tell)
+        journey.first_journey(road, page, program)
+        kept = told[-1]
+        print(f"\n{kept}\n", flush=True)
+        if kept != KEPT:
+            return 1
+        show(f"https://{HOST}/.well-known/bsvalias")
+        for capability in ("pki", "paymentDestination"):
+            show(site_world.capabilities(HOST)[capability].replace("{alias}", "alice"))
+        print("A wallet pays it, in the oldest way and by handing the payment over. Then its row in the site's database is\n"
+              "changed, and Brasslet.exe is started again:", flush=True)
+        journey.journey_of_the_payers(road, page, program)
     print(f"The windows and pages as the user sees them: {PICTURES.relative_to(pathlib.Path.cwd())}/")
     return 0
 

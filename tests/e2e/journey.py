@@ -4,13 +4,22 @@ import contextlib
 import os
 import pathlib
 import shutil
+import sys
 
 import desk
 import site_world
 
+sys.path.append(str(desk.ROOT / "tests/plugin"))
+
+import broadcaster  # noqa: E402
+import payments  # noqa: E402
+import wallets  # noqa: E402
+
 HOST = "brasslet.test"
 SITE = f"https://{HOST}"
 WALLET = "1700000000000"
+OTHERS_ADDRESS = "1BoatSLRHtKNngkdXEeobR76b53LETtpyT"
+PAYS_SOMEBODY_ELSE = f"alice@{HOST} pays somebody else. Look who changed it on the site, then publish it again."
 ON_THE_SITE = "Plugin is on the site."
 UPLOAD = "Brasslet.zip is selected in the folder that opened. Upload it, activate it, then press Install plugin again."
 UPLOAD_OVER = (
@@ -112,6 +121,35 @@ class Journey:
         self.press(desk.PUBLISH, f"published-{name}", f"Vaultry kept {name}@{HOST}.{more}")
         check(resolves(name), True)
 
+    def pay(self, client: str, *more: str) -> dict:
+        """A wallet with this client pays the published name. Returns what it has to tell."""
+        found = wallets.ask(client, f"alice@{HOST}", *more)
+        check(found.get("error"), None)
+        return found
+
+    def pay_the_address(self) -> None:
+        """In the oldest way: the wallet asks for the address, and broadcasts what pays it itself."""
+        kept = desk.payname_rows()[0]
+        found = self.pay("bsv_paymail")
+        check((found["pubkey"], found["address"]), (kept["pubkey"], kept["address"]))
+        self._told(f"@bsv/paymail: alice@{HOST} is paid at {found['address']} by the script {found['output']}")
+
+    def pay_by_handing_over(self, page) -> None:
+        """The owner of the site names a broadcaster; then the wallet asks for outputs, and delivers its transaction."""
+        with broadcaster.listening() as arc, site_world.troubled_by(payments.ALLOW):
+            page.have_payments_handed_over(SITE, broadcaster.URL)
+            self.picture("payments-switched-on", page.picture_of_page)
+            found = self.pay("bsv_paymail_p2p", "1000", desk.payname_rows()[0]["pubkey"])
+            check(arc.transactions, [found["hex"]])
+        check({answer["txid"] for answer in found["answers"]}, {found["txid"]})
+        self._told(f"@bsv/paymail: 1000 satoshis handed over, transaction {found['txid']}: {found['answers'][0]['note']}")
+
+    def see_that_it_pays_somebody_else(self) -> None:
+        desk.drive("wait-text", desk.STATUS, PAYS_SOMEBODY_ELSE)
+        check(desk.drive("text", desk.NOTE), f"Vaultry kept alice@{HOST} (pays somebody else)")
+        self._told(PAYS_SOMEBODY_ELSE)
+        self.picture("pays-somebody-else", desk.screenshot)
+
     def remove(self, name: str) -> None:
         fill(desk.NAME, name)
         self.press(desk.REMOVE, f"removed-{name}", f"Removed {name}@{HOST}.")
@@ -158,3 +196,14 @@ def journey_over_an_older_plugin(journey: Journey, page, folder: pathlib.Path) -
         journey.replace(page)
         journey.press(desk.INSTALL, "installed", ON_THE_SITE)
         journey.publish("alice")
+
+
+def journey_of_the_payers(journey: Journey, page, folder: pathlib.Path) -> None:
+    """The name is paid in both ways. Then somebody changes its row in the database, and the next start tells."""
+    journey.pay_the_address()
+    journey.pay_by_handing_over(page)
+    site_world.change_name(HOST, "address", OTHERS_ADDRESS)
+    with desk.running_program(folder):
+        journey.see_that_it_pays_somebody_else()
+        journey.publish("alice")
+        check(desk.drive("text", desk.NOTE), f"Vaultry kept alice@{HOST}")

@@ -88,6 +88,19 @@ def forget_names(host: str) -> None:
     run_php(host, "delete_option('brasslet_record');")
 
 
+def forget_payments(host: str) -> None:
+    """As if the owner of the site had never switched them on."""
+    run_php(host, "delete_option('brasslet_payments'); delete_option('brasslet_broadcaster_key');")
+
+
+def change_name(host: str, member: str, value: str) -> None:
+    """Behind the program's back, in the first name's row."""
+    run_php(host, f"""
+        $record = get_option('brasslet_record');
+        $record['rows'][0]['{member}'] = '{value}';
+        update_option('brasslet_record', $record);""")
+
+
 def app_password(host: str, user: str = "owner") -> str:
     done = subprocess.run([WORLD / "app_password", host, user], check=True, capture_output=True, text=True, timeout=60)
     return done.stdout.strip()

@@ -15,17 +15,21 @@ def new_pc(tmp_path, zone):
     site_world.set_zone(*zone)
     site_world.remove_plugin(journey.HOST)
     site_world.forget_names(journey.HOST)
+    site_world.forget_payments(journey.HOST)
     site_world.forget_app_passwords(journey.HOST)
     desk.clear_data_directory()
     desk.forget_opened_pages()
     with journey.wallet_application_beside(tmp_path) as folder:
         yield folder
     site_world.activate_plugin(journey.HOST, desk.EXE)
+    site_world.forget_payments(journey.HOST)
 
 
-def test_a_first_time_user_comes_from_nothing_to_names_that_resolve(new_pc):
+def test_a_first_time_user_comes_from_nothing_to_names_that_resolve_and_are_paid(new_pc):
     with browser() as page:
-        journey.first_journey(journey.Journey(desk.PICTURES / "journey"), page, new_pc)
+        road = journey.Journey(desk.PICTURES / "journey")
+        journey.first_journey(road, page, new_pc)
+        journey.journey_of_the_payers(road, page, new_pc)
 
 
 def test_an_older_plugin_is_uploaded_over(new_pc):

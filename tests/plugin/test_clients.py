@@ -1,28 +1,16 @@
 """Two public paymail clients pay published names: their own code, their own name resolution, real TLS."""
 
 import contextlib
-import json
 import os
-import subprocess
 from pathlib import Path
 
 import pytest
 
 from names import NO_PAYMAIL, OTHER_ADDRESS, OTHER_PUBKEY, OTHER_SCRIPT, PUBKEY, SCRIPT, row
+from wallets import ask
 from wordpress import WORLD_DIR
 
-HERE = Path(__file__).parent
-INSTALLED = HERE.parents[1] / ".deps" / "paymail-clients" / "node_modules"
-
 TWO = {"rows": [row("alice"), row("a.b+c-d_e", OTHER_PUBKEY, OTHER_ADDRESS)]}
-
-
-def ask(client, *words):
-    """What the client found about the paymail in its first word, or its complaint as "error"."""
-    env = {**os.environ, "NODE_PATH": str(INSTALLED), "NODE_EXTRA_CA_CERTS": os.environ["WORLD_CA"]}
-    command = ["node", HERE / "clients" / f"{client}.cjs", *words]
-    done = subprocess.run(command, env=env, check=True, capture_output=True, text=True, timeout=60)
-    return json.loads(done.stdout)
 
 
 def capabilities(site):

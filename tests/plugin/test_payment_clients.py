@@ -7,7 +7,7 @@ import pytest
 from broadcaster import listening, txid_of
 from names import OTHER_ADDRESS, OTHER_PUBKEY, OTHER_SCRIPT, PUBKEY, row
 from payments import switch_on
-from test_clients import ask
+from wallets import ask
 
 NAME = "a.b+c-d_e"
 
