@@ -7,6 +7,9 @@ from admin_pages import Admin
 
 PATH = "/wp-admin/options-general.php?page=brasslet"
 
+SAID = re.compile(r"<div id='setting-error-brasslet_said' class='notice notice-(\w+) settings-error[^']*'>(.*?)</div>", re.S)
+CHECKED = re.compile(r'<div id="brasslet-checked" class="notice notice-(\w+) inline"[^>]*>(.*?)</div>', re.S)
+
 
 class OwnerPage(Admin):
     def read(self, query=""):
@@ -49,19 +52,18 @@ class OwnerPage(Admin):
     def names(self):
         """The cells of each row, as text; buttons as their accessible name."""
         body = self.page.split('id="the-list"', 1)[1].split("</tbody>", 1)[0]
-        return [[cell(text) for text in re.findall(r"<td[^>]*>(.*?)</td>", row, re.S)] for row in body.split("<tr")[1:]]
+        return [[cell(text) for text in re.findall(r"<t[dh][^>]*>(.*?)</t[dh]>", row, re.S)] for row in body.split("<tr")[1:]]
 
     def total(self):
         return int(re.search(r'<span class="displaying-num">([\d,]+) items?</span>', self.page)[1])
 
     def said(self):
         """What the page says about what was pressed: kind and text."""
-        return [(kind, text(said)) for kind, said in re.findall(
-            r"<div id='setting-error-brasslet_said' class='notice notice-(\w+) settings-error[^']*'>(.*?)</div>", self.page, re.S)]
+        return [(kind, text(said)) for kind, said in SAID.findall(self.page)]
 
     def checked(self):
         """The result of a check: kind and lines."""
-        [(kind, lines)] = re.findall(r'<div id="brasslet-checked" class="notice notice-(\w+) inline"[^>]*>(.*?)</div>', self.page, re.S)
+        [(kind, lines)] = CHECKED.findall(self.page)
         return kind, [text(line) for line in re.findall(r"<p[^>]*>(.*?)</p>", lines, re.S)]
 
 

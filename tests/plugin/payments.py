@@ -71,9 +71,8 @@ def paid(hexadecimal):
 def claims(site):
     """The rows that are kept about transactions, by the transaction's id: what stands behind their time."""
     rows = site.php("""
-        return $wpdb->get_results(
-            "SELECT option_name, option_value, autoload FROM $wpdb->options WHERE option_name LIKE 'brasslet\\\\_tx\\\\_%'", ARRAY_A
-        );
+        $sql = "SELECT option_name, option_value, autoload FROM $wpdb->options WHERE option_name LIKE %s";
+        return $wpdb->get_results( $wpdb->prepare( $sql, 'brasslet\\_tx\\_%' ), ARRAY_A );
     """)
     assert all(row["autoload"] in ("no", "off") for row in rows)
     return {row["option_name"].removeprefix("brasslet_tx_"): row["option_value"].split(" ", 1)[1] for row in rows}

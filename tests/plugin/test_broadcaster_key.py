@@ -10,7 +10,10 @@ from broadcaster import URL
 KEY = "mainnet_0123456789abcdefABCDEF"
 STORE = "return brasslet_store_broadcaster_key( $v[0], $v[1] );"
 READ = "return brasslet_broadcaster_key( $v );"
-STORED = "return $wpdb->get_row( \"SELECT option_value, autoload FROM $wpdb->options WHERE option_name = 'brasslet_broadcaster_key'\", ARRAY_A );"
+STORED = """
+    $sql = "SELECT option_value, autoload FROM $wpdb->options WHERE option_name = 'brasslet_broadcaster_key'";
+    return $wpdb->get_row( $sql, ARRAY_A );
+"""
 
 
 def test_a_key_is_read_as_it_was_stored(site):

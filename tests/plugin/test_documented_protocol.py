@@ -92,7 +92,8 @@ def test_every_route_is_documented(plugin_file):
 
 
 def test_every_refusal_of_a_payment_is_documented():
-    parts = [PROJECT / "src/plugin/php" / f"{name}.php" for name in ("destination", "delivery", "claim", "broadcast", "payment_size")]
+    names = ("destination", "delivery", "claim", "broadcast", "payment_size")
+    parts = [PROJECT / "src/plugin/php" / f"{name}.php" for name in names]
     text = "".join(part.read_text(encoding="utf-8") for part in parts)
     codes = set(re.findall(r"brasslet_(?:error|unsent)\(\s*'(\w+)'", text)) | set(re.findall(r"'code' +=> '(\w+)'", text))
     assert {"brasslet_expired", "brasslet_fee", "brasslet_too_long"} <= codes

@@ -206,7 +206,8 @@ def test_the_page_of_a_site_has_its_own_names_and_its_own_switch(opened, apart):
             apart.hook(ALLOW)
             assert page.save(on="1", broadcaster=URL, key="a-key").said() == [("success", "Saved.")]
         assert (apart.php(SWITCH), others[0].php(SWITCH)) == ([True, "a-key"], [False, ""])
-        assert page.http.get("https://net.brasslet.test/wp-admin/network/settings.php?page=brasslet", timeout=60).status_code == 403
+        of_network = "https://net.brasslet.test/wp-admin/network/settings.php?page=brasslet"
+        assert page.http.get(of_network, timeout=60).status_code == 403
 
 
 def test_the_page_of_a_site_in_a_folder_says_that_its_names_cannot_be_paid(second):

@@ -147,7 +147,8 @@ def test_the_switch_and_the_key_are_read_as_the_page_has_stored_them(cached):
             assert page.save(on="1", broadcaster=URL, key=key).said() == [("success", "Saved.")]
             assert offered()
             pays = transaction((SCRIPT, 1000), seed=len(key))
-            assert deliver(cached, pays, reference_of(cached)).json() == deliver(cached, pays, reference_of(cached)).json() == paid(pays)
+            answers = [deliver(cached, pays, reference_of(cached)).json() for _ in range(2)]
+            assert answers == [paid(pays)] * 2
         assert len(broadcaster.transactions) == 2
     page.save(broadcaster=URL, key="")
     assert not offered()

@@ -39,7 +39,8 @@ def test_the_cache_keeps_what_is_not_the_plugins(cached, path):
     "/wp-json/brasslet/v1/status", "/wp-json/brasslet/v1/id/alice", "/wp-json/brasslet/v1/address/alice",
     "/wp-json/brasslet/v1/id/alice?_envelope", "/?rest_route=/brasslet/v1/id/alice", "/wp-json/BRASSLET/v1/id/alice",
     "/wp-json/brasslet/v1/id/carol", "/wp-json/brasslet/v1/address/carol", "/wp-json/brasslet/v1/name",
-    "/wp-json/brasslet/v1/health", "/wp-json/brasslet/v1/none", "/wp-json/brasslet/v1", "/wp-json/brasslet/v1/status?_jsonp=a-b",
+    "/wp-json/brasslet/v1/health", "/wp-json/brasslet/v1/none", "/wp-json/brasslet/v1",
+    "/wp-json/brasslet/v1/status?_jsonp=a-b",
     "/wp-json/brasslet/v1/verify-public-key/alice/" + PUBKEY,
 ])
 @pytest.mark.parametrize("handed_over", [False, True])

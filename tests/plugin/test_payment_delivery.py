@@ -78,7 +78,8 @@ def test_a_transaction_of_100000_bytes_is_sent_and_a_longer_one_is_not(paying, b
 
 
 @pytest.mark.parametrize("body", [
-    {}, {"hex": PAYS}, {"reference": "1.a.b"}, {"hex": "", "reference": ""}, {"hex": [PAYS], "reference": 5}, [], "text", 5, None,
+    {}, {"hex": PAYS}, {"reference": "1.a.b"}, {"hex": "", "reference": ""}, {"hex": [PAYS], "reference": 5}, [], "text", 5,
+    None,
     {"hex": {"hex": PAYS}, "reference": {"reference": "1"}},
 ])
 def test_a_body_without_transaction_and_reference_is_refused(paying, broadcaster, body):
@@ -99,7 +100,8 @@ def test_a_body_that_is_broken_json_is_refused_by_wordpress(paying, broadcaster)
 
 
 @pytest.mark.parametrize("metadata", [
-    None, "text", 5, ["list"], {}, {"note": "<script>alert(1)</script>", "sender": "o'neill@x\"y", "pubkey": 5, "signature": None},
+    None, "text", 5, ["list"], {},
+    {"note": "<script>alert(1)</script>", "sender": "o'neill@x\"y", "pubkey": 5, "signature": None},
 ])
 def test_what_the_payer_tells_about_himself_goes_nowhere(paying, broadcaster, metadata):
     body = {"hex": PAYS, "reference": reference_of(paying), "metadata": metadata, "alias": "bob", "satoshis": 5}
@@ -171,10 +173,12 @@ def test_nothing_but_post_asks_and_delivers(paying, broadcaster, method, route):
 def test_a_page_of_another_origin_may_ask_and_deliver(paying, broadcaster, route):
     """As for the question where to pay, which browsers' wallets have always asked."""
     reply = paying.request("OPTIONS", f"/wp-json/brasslet/v1/{route}/alice", headers={
-        "Origin": "https://wallet.example", "Access-Control-Request-Method": "POST", "Access-Control-Request-Headers": "content-type"})
+        "Origin": "https://wallet.example", "Access-Control-Request-Method": "POST",
+        "Access-Control-Request-Headers": "content-type"})
     assert reply.status_code == 200
     assert reply.headers["Access-Control-Allow-Origin"] == "https://wallet.example"
-    assert "POST" in reply.headers["Access-Control-Allow-Methods"] and "Content-Type" in reply.headers["Access-Control-Allow-Headers"]
+    assert "POST" in reply.headers["Access-Control-Allow-Methods"]
+    assert "Content-Type" in reply.headers["Access-Control-Allow-Headers"]
 
 
 def test_no_answer_is_kept_by_a_cache(paying, broadcaster):

@@ -107,7 +107,8 @@ def watched(paying):
 def test_a_body_that_is_too_long_is_refused_before_wordpress_reads_it(watched, broadcaster):
     for path in ("receive-transaction/alice", "p2p-payment-destination/alice"):
         for body in (json.dumps({"hex": "00" * LIMIT}), "{" * (LIMIT + 1), " " * 3000000):
-            reply = watched.request("POST", f"/wp-json/brasslet/v1/{path}", data=body, headers={"Content-Type": "application/json"})
+            headers = {"Content-Type": "application/json"}
+            reply = watched.request("POST", f"/wp-json/brasslet/v1/{path}", data=body, headers=headers)
             assert (reply.status_code, reply.text) == (413, TOO_LONG)
             assert reply.headers["Access-Control-Allow-Origin"] == "*"
     assert not (WORLD_DIR / "dispatched").exists()
@@ -117,9 +118,10 @@ def test_a_body_of_just_the_length_is_read(watched, broadcaster):
     body = {"hex": PAYS, "reference": made_reference(watched, ALICE), "metadata": {"note": ""}}
     body["metadata"]["note"] = "n" * (LIMIT - len(json.dumps(body)))
     assert len(json.dumps(body)) == LIMIT
-    assert deliver(watched, "", "", json=None, data=json.dumps(body), headers={"Content-Type": "application/json"}).json() == paid(PAYS)
+    headers = {"Content-Type": "application/json"}
+    assert deliver(watched, "", "", json=None, data=json.dumps(body), headers=headers).json() == paid(PAYS)
     assert (WORLD_DIR / "dispatched").exists()
-    longer = deliver(watched, "", "", json=None, data=json.dumps(body) + " ", headers={"Content-Type": "application/json"})
+    longer = deliver(watched, "", "", json=None, data=json.dumps(body) + " ", headers=headers)
     assert longer.status_code == 413
 
 

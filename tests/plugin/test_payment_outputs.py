@@ -18,7 +18,8 @@ def paying(site):
 
 
 def ask_with(site, body, alias="alice", kind="application/json"):
-    return site.request("POST", f"/wp-json/brasslet/v1/p2p-payment-destination/{alias}", data=body, headers={"Content-Type": kind})
+    path = f"/wp-json/brasslet/v1/p2p-payment-destination/{alias}"
+    return site.request("POST", path, data=body, headers={"Content-Type": kind})
 
 
 @pytest.mark.parametrize("alias, script", [
@@ -74,7 +75,8 @@ def test_a_name_that_nobody_published_has_no_outputs(paying):
 def test_a_name_whose_address_is_damaged_is_not_offered(paying):
     reply = ask(paying, "damaged")
     assert (reply.status_code, reply.text) == (500, refusal(
-        "brasslet_damaged", "What the site has stored for this name is damaged. Ask its owner to publish the name again.", 500))
+        "brasslet_damaged", "What the site has stored for this name is damaged. Ask its owner to publish the name again.",
+        500))
 
 
 def test_references_are_short_and_need_no_escaping(paying):
@@ -84,7 +86,8 @@ def test_references_are_short_and_need_no_escaping(paying):
 
 
 @pytest.mark.parametrize("alias, key, match", [
-    ("alice", PUBKEY, True), ("ALICE", PUBKEY.upper(), True), ("alice", OTHER_PUBKEY, False), ("a.b+c-d_e", OTHER_PUBKEY, True),
+    ("alice", PUBKEY, True), ("ALICE", PUBKEY.upper(), True), ("alice", OTHER_PUBKEY, False),
+    ("a.b+c-d_e", OTHER_PUBKEY, True),
     ("a.b%2Bc-d_e", OTHER_PUBKEY, True), ("carol", PUBKEY, False),
 ])
 def test_a_key_belongs_to_the_name_that_was_published_with_it(paying, alias, key, match):
@@ -94,7 +97,8 @@ def test_a_key_belongs_to_the_name_that_was_published_with_it(paying, alias, key
 
 
 @pytest.mark.parametrize("alias, key", [
-    ("alice", PUBKEY[:-1]), ("alice", PUBKEY + "0"), ("alice", "04" + PUBKEY[2:]), ("alice", "x"), ("a" * 65, PUBKEY), ("%25", PUBKEY),
+    ("alice", PUBKEY[:-1]), ("alice", PUBKEY + "0"), ("alice", "04" + PUBKEY[2:]), ("alice", "x"), ("a" * 65, PUBKEY),
+    ("%25", PUBKEY),
 ])
 def test_a_question_about_no_key_or_no_name_is_refused(paying, alias, key):
     reply = paying.get(f"/verify-public-key/{alias}/{key}")

@@ -38,7 +38,8 @@ LEFT = """
 
 CLAIM = """
     $wpdb->query( $wpdb->prepare(
-        "REPLACE INTO $wpdb->options ( option_name, option_value, autoload ) VALUES ( %s, CONCAT( UNIX_TIMESTAMP() + %d, ' ', %s ), 'no' )",
+        "REPLACE INTO $wpdb->options ( option_name, option_value, autoload )
+        VALUES ( %s, CONCAT( UNIX_TIMESTAMP() + %d, ' ', %s ), 'no' )",
         'brasslet_tx_' . $v[0], $v[1], $v[2]
     ) );
 """
