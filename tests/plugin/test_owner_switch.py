@@ -17,7 +17,7 @@ NOT_ITS_KEY = ("The stored key is not for this broadcaster, or the salts have ch
                "Type the key, or tick that it is to be forgotten. Nothing was changed.")
 LOST_KEY = "The stored key cannot be read any more. Type it again."
 NO_ARC = 'What answers there is no ARC service (HTTP status %d). Type the address that its operator names before "/v1/tx".'
-REACHED = "The broadcaster takes transactions from this site."
+REACHED = "The broadcaster answers this site as ARC services do."
 UNSAVED = "The database of the site did not take it. Ask the host of the site whether it is full or read-only."
 
 
