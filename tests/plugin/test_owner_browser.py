@@ -141,4 +141,4 @@ def test_each_field_has_a_name_and_the_keys_state_is_read_with_it(page):
 def test_a_try_is_announced_above_the_title(site, page):
     page.find_element(By.CSS_SELECTOR, "button[value=try]").click()
     said = wait(page, lambda driver: driver.find_elements(By.ID, "setting-error-brasslet_said"))[0]
-    assert "The broadcaster takes transactions from this site." in said.text
+    assert "The broadcaster answers this site as ARC services do." in said.text

@@ -1,5 +1,7 @@
 """The page of the site's owner lists the published names, and shows what wallets see of each."""
 
+import re
+
 import pytest
 
 from admin_pages import Admin, notices
@@ -164,6 +166,13 @@ def test_what_keeps_names_from_being_paid_stands_on_the_page_too(site, page):
     assert notices(page.read().page) == []
     site.hook("add_filter( 'pre_option_permalink_structure', '__return_empty_string' );")
     assert "Your permalinks do not lead to WordPress." in notices(page.read().page)[0][1][0]
+
+
+def test_the_list_of_plugins_leads_to_the_page(site):
+    admin = Admin(site, site.admin)
+    [row] = re.findall(r'<tr [^>]*data-plugin="brasslet/brasslet.php".*?</tr>', admin.plugins(), re.S)
+    link = f'<a href="https://{site.host}{PATH}">Settings</a>'
+    assert link in row and admin.plugins().count(link) == 1
 
 
 def test_other_pages_of_wordpress_carry_nothing_of_it(site):

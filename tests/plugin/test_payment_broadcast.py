@@ -17,9 +17,9 @@ KEY = "mainnet_0123456789abcdef"
 REFUSED = (422, "brasslet_refused", "The broadcaster refused the transaction. The payment was not made.")
 FEE = (422, "brasslet_fee", "The broadcaster refused the transaction: its fee is too low. Pay again with a higher one.")
 SPENT = (409, "brasslet_double_spend",
-         "The coins of this transaction are unknown to the broadcaster, or spent by another. The payment was not made.")
+         "The coins of this transaction are unknown to the broadcaster, or spent by another. Do not count on it.")
 ORPHAN = (424, "brasslet_orphan",
-          "The network does not know what this transaction spends. Send that first, then deliver this one again.")
+          "The network may take this transaction when it knows what it spends. Send that, then deliver this again.")
 CLOSED = (502, "brasslet_closed",
           "The broadcaster of this site takes no transactions from it. Tell the owner of the site. Nothing was sent.")
 UNREACHABLE = (502, "brasslet_unreachable",

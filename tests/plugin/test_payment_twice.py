@@ -197,6 +197,19 @@ def test_where_the_database_takes_no_claim_nothing_is_sent(paying, broadcaster):
     assert broadcaster.requests == []
 
 
+def test_where_the_database_does_not_remember_the_payer_is_told_all_the_same(paying, broadcaster):
+    """And delivered again, the transaction is sent again: the broadcaster knows it."""
+    paying.hook(ALLOW + """
+        add_filter( 'query', function ( $sql ) {
+            return strpos( $sql, 'ON DUPLICATE KEY' ) && strpos( $sql, "'brasslet_tx_" ) ? 'SELECT 1' : $sql;
+        } );
+    """)
+    for _ in range(2):
+        assert deliver(paying, PAYS, reference_of(paying)).json() == paid(PAYS)
+        assert claims(paying) == {}
+    assert broadcaster.transactions == [PAYS, PAYS]
+
+
 def test_who_sleeps_while_sending_does_not_undo_what_another_has_brought_about(paying, slow):
     """Its claim is taken over meanwhile by somebody whose broadcast fails; the sleeper's was taken."""
     reference = reference_of(paying)

@@ -37,9 +37,9 @@ function brasslet_broadcast( $txid, $bytes ) {
 	$document = json_decode( wp_remote_retrieve_body( $reply ), true );
 	$document = is_array( $document ) ? $document : array();
 	if ( 200 !== $status && 201 !== $status ) {
-		// ARC tells some refusals by the status inside its answer.
 		return brasslet_refusal_of( $status, $document );
 	}
+	// ARC tells some refusals by a status inside its answer.
 	if ( isset( $document['status'] ) && is_int( $document['status'] ) && $document['status'] >= 400 ) {
 		return brasslet_refusal_of( $document['status'], $document );
 	}
@@ -68,7 +68,7 @@ function brasslet_refusal_in( $said ) {
 	if ( 'SEEN_IN_ORPHAN_MEMPOOL' === $said ) {
 		return brasslet_error(
 			'brasslet_orphan',
-			'The network does not know what this transaction spends. Send that first, then deliver this one again.',
+			'The network may take this transaction when it knows what it spends. Send that, then deliver this again.',
 			424
 		);
 	}
@@ -132,7 +132,7 @@ function brasslet_refused() {
 function brasslet_double_spent() {
 	return brasslet_error(
 		'brasslet_double_spend',
-		'The coins of this transaction are unknown to the broadcaster, or spent by another. The payment was not made.',
+		'The coins of this transaction are unknown to the broadcaster, or spent by another. Do not count on it.',
 		409
 	);
 }

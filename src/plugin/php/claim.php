@@ -45,8 +45,8 @@ function brasslet_hand_over( $txid, $bytes ) {
 		}
 		$refusal = brasslet_broadcast( $txid, $bytes );
 		if ( null === $refusal ) {
+			// Where the database does not take that, the claim goes as after a refusal: ARC takes the same again.
 			brasslet_remember_accepted( $txid );
-			$token = '';
 		}
 		return $refusal;
 	} finally {

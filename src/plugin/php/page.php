@@ -9,6 +9,20 @@ function brasslet_add_page() {
 }
 
 /**
+ * Adds a link to the page where WordPress lists its plugins.
+ *
+ * @param string[] $links The links below a plugin's name.
+ * @param string   $file  The plugin.
+ * @return string[]
+ */
+function brasslet_add_link( $links, $file ) {
+	if ( plugin_basename( __FILE__ ) === $file && current_user_can( 'manage_options' ) ) {
+		array_unshift( $links, brasslet_link( admin_url( 'options-general.php?page=brasslet' ), 'Settings' ) );
+	}
+	return $links;
+}
+
+/**
  * Does what was pressed on the page, before anything of it is shown. What was pressed elsewhere ends here.
  */
 function brasslet_prepare_page() {

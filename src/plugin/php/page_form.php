@@ -6,11 +6,11 @@
 function brasslet_show_payments() {
 	$payments = brasslet_payments();
 	$address  = '' === $payments['broadcaster'] ? BRASSLET_BROADCASTER : $payments['broadcaster'];
-	// phpcs:disable WordPress.Security.NonceVerification -- what was typed and refused is shown again.
-	if ( isset( $_POST['broadcaster'] ) && $payments['broadcaster'] !== $address ) {
-		$address = sanitize_text_field( brasslet_string( wp_unslash( $_POST['broadcaster'] ) ) );
+	// phpcs:ignore WordPress.Security.NonceVerification -- what was typed and not saved is shown again.
+	$typed = sanitize_text_field( brasslet_string( wp_unslash( $_POST['broadcaster'] ?? '' ) ) );
+	if ( '' !== $typed && brasslet_tidy_address( $typed ) !== $address ) {
+		$address = $typed;
 	}
-	// phpcs:enable
 	echo '<h2 id="brasslet-payments">Payments handed over</h2>'
 		. '<p>Many wallets of today hand a payment over: they ask this site for outputs, and deliver the signed'
 		. ' transaction to it. The site then gives it to the broadcaster that you name here. While this is off, only'

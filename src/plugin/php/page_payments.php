@@ -8,7 +8,7 @@ function brasslet_change_payments() {
 	// phpcs:disable WordPress.Security.NonceVerification -- brasslet_prepare_page() has verified it.
 	if ( 'try' === $_POST['brasslet_payments'] ) {
 		$found = brasslet_try_broadcaster();
-		brasslet_say( '' === $found ? 'The broadcaster takes transactions from this site.' : $found, '' === $found );
+		brasslet_say( '' === $found ? 'The broadcaster answers this site as ARC services do.' : $found, '' === $found );
 		return;
 	}
 	// phpcs:disable WordPress.Security.ValidatedSanitizedInput -- both are refused by rules of their own.
