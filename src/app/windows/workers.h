@@ -15,7 +15,7 @@
 #include <utility>
 #include <vector>
 
-// The private messages of the main window. Other programs can post the same numbers: the strings are read with
+// The private messages of the main window. Other programs can post the same numbers: what they carry is read with
 // receive_text.
 inline constexpr UINT MsgConnectResult = WM_APP + 1;  // lParam: heap std::string that post_text has posted
 inline constexpr UINT MsgFlowResult = WM_APP + 2;     // lParam: heap std::wstring that post_text has posted
@@ -61,10 +61,10 @@ struct KeptName {
 // Whether a worker has not come to its end yet.
 bool worker_is_running();
 
-// The strings on their way from a worker to the window. The message carries the string's address; but any program of
-// the desktop may post the same message with any number in it. So every string that is under way stands in a list,
-// which owns it: a successful post puts it there, the receiver gets it out of there, once, and an address that is not
-// in the list is ignored.
+// The strings, or other results, on their way from a worker to the window. The message carries the object's address;
+// but any program of the desktop may post the same message with any number in it. So every object that is under way
+// stands in a list, which owns it: a successful post puts it there, the receiver gets it out of there, once, and an
+// address that is not in the list is ignored.
 template <typename Text>
 class TextsUnderWay {
 public:

@@ -129,6 +129,17 @@ TEST_F(NameGuard, AUserWhoAsksIsToldWhateverIsFound)
     EXPECT_EQ(status(), kWarning);
 }
 
+TEST_F(NameGuard, APressBeginsNoSecondLookBesideOneThatRuns)
+{
+    const auto running = look();
+    press();
+    EXPECT_EQ(look(), running);
+    stop_name_guard();
+    press();
+    EXPECT_EQ(look(), running);
+    EXPECT_TRUE(app_state().user_awaits_look);
+}
+
 TEST_F(NameGuard, TheNextLookBehindTheUsersBackIsSilentAgain)
 {
     press();

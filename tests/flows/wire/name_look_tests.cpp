@@ -175,6 +175,14 @@ TEST_F(Guarding, ALookThatIsUnwantedFromTheStartAsksNoNameServer)
     EXPECT_TRUE(stand_in().srv_queries.empty());
 }
 
+TEST_F(Guarding, ALookWhoseTimeIsOverAsksNobodyAnyMore)
+{
+    LookLimits limits;
+    limits.whole_time = milliseconds(0);
+    EXPECT_EQ(look({kAlice}, limits).front().state, NameState::unclear);
+    EXPECT_TRUE(stand_in().srv_queries.empty());
+}
+
 TEST_F(Guarding, WithoutNamesNothingIsAsked)
 {
     EXPECT_TRUE(look({}).empty());
