@@ -17,14 +17,6 @@ OTHERS = {
 }
 
 
-def change(host: str, member: str, value: str) -> None:
-    """Behind the program's back, in the first name's row."""
-    site_world.run_php(host, f"""
-        $record = get_option('brasslet_record');
-        $record['rows'][0]['{member}'] = '{value}';
-        update_option('brasslet_record', $record);""")
-
-
 @pytest.fixture
 def published(user):
     with desk.running_program():
@@ -39,7 +31,7 @@ def asked_by_press(sentence: str) -> None:
 
 @pytest.mark.parametrize("member", OTHERS)
 def test_a_name_that_was_changed_is_told_and_marked_until_it_is_published_again(published, member):
-    change("brasslet.test", member, OTHERS[member])
+    site_world.change_name("brasslet.test", member, OTHERS[member])
     with desk.running_program():
         desk.drive("wait-text", desk.STATUS, WARNING)
         assert desk.drive("text", desk.NOTE) == MARKED
@@ -49,10 +41,10 @@ def test_a_name_that_was_changed_is_told_and_marked_until_it_is_published_again(
 
 
 def test_a_name_that_was_changed_back_loses_its_mark_by_a_press(published):
-    change("brasslet.test", "address", OTHERS["address"])
+    site_world.change_name("brasslet.test", "address", OTHERS["address"])
     with desk.running_program():
         desk.drive("wait-text", desk.STATUS, WARNING)
-        change("brasslet.test", "address", published["address"])
+        site_world.change_name("brasslet.test", "address", published["address"])
         asked_by_press("The name pays this wallet.")
         assert desk.drive("text", desk.NOTE) == LINE
 
@@ -69,7 +61,7 @@ def test_names_on_two_sites_are_all_asked_for(published):
     with desk.running_program():
         assert desk.publish("bob") == "Vaultry kept bob@newer.brasslet.test."
         asked_by_press("All 2 names pay this wallet.")
-    change("newer.brasslet.test", "address", OTHERS["address"])
+    site_world.change_name("newer.brasslet.test", "address", OTHERS["address"])
     with desk.running_program():
         desk.drive("wait-text", desk.STATUS, WARNING.replace("alice@", "bob@newer."))
         assert desk.drive("text", desk.NOTE) == (
@@ -78,7 +70,7 @@ def test_names_on_two_sites_are_all_asked_for(published):
 
 @pytest.mark.parametrize("dpi", [96, 144, 192])
 def test_the_warning_has_room_at_every_dpi(published, dpi):
-    change("brasslet.test", "address", OTHERS["address"])
+    site_world.change_name("brasslet.test", "address", OTHERS["address"])
     with monitor_of(dpi), desk.running_program():
         desk.drive("wait-text", desk.STATUS, WARNING)
         desk.screenshot(desk.PICTURES / f"name-guard-{dpi}.png")
