@@ -125,5 +125,5 @@ std::optional<milliseconds> NameLook::request_time() const
 {
     const auto left = std::chrono::duration_cast<milliseconds>(m_end - Clock::now());
     if (left <= milliseconds(0) || !m_limits.goes_on()) return std::nullopt;
-    return std::min(left, whole_request_time().value_or(left));
+    return std::min(left, kRequestTime);
 }

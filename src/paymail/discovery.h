@@ -20,10 +20,11 @@ std::string find_srv_host(const std::string& domain);
 // Asked before each request: how long it may take with its redirects, or nothing when it shall not be sent any more.
 using RequestTime = std::function<std::optional<std::chrono::milliseconds>()>;
 
-// The time of every request unless somebody is in a hurry.
+// The most that a request may take, and what it may take when nobody waits for several of them.
+inline constexpr std::chrono::milliseconds kRequestTime = std::chrono::seconds(12);
 inline std::optional<std::chrono::milliseconds> whole_request_time()
 {
-    return std::chrono::seconds(12);
+    return kRequestTime;
 }
 
 inline constexpr char kNotSent[] = "not sent";
