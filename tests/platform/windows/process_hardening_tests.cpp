@@ -95,6 +95,11 @@ FARPROC WINAPI give_nothing(HMODULE, LPCSTR)
     return nullptr;
 }
 
+class CrashReports : public testing::Test {
+protected:
+    CrashReports() { given_flags.clear(); }
+};
+
 }  // namespace
 
 TEST_F(ProcessHardening, AHeapThatIsDamagedEndsTheProcess)
@@ -131,7 +136,7 @@ TEST_F(ProcessHardening, AnOlderWindowsGoesOnWithoutIt)
     EXPECT_TRUE(policies.empty());
 }
 
-TEST(CrashReports, AskWindowsToLeaveTheHeapOut)
+TEST_F(CrashReports, AskWindowsToLeaveTheHeapOut)
 {
     {
         const ReplacedImport<decltype(&GetProcAddress)> noted(__imp_GetProcAddress, give_taker);
@@ -143,7 +148,7 @@ TEST(CrashReports, AskWindowsToLeaveTheHeapOut)
     EXPECT_EQ(given_flags, std::vector<DWORD>{1});
 }
 
-TEST(CrashReports, AreLeftAloneOnAWindowsWithoutTheFunction)
+TEST_F(CrashReports, AreLeftAloneOnAWindowsWithoutTheFunction)
 {
     const ReplacedImport<decltype(&GetProcAddress)> missing(__imp_GetProcAddress, give_nothing);
     keep_heap_out_of_crash_reports();
