@@ -99,9 +99,10 @@ def test_the_reference_is_looked_at_before_the_transaction(paying):
 
 @pytest.fixture
 def watched(paying):
+    """Its requests are looked at from here on."""
     paying.hook(COUNT)
-    yield paying
     (WORLD_DIR / "dispatched").unlink(missing_ok=True)
+    return paying
 
 
 def test_a_body_that_is_too_long_is_refused_before_wordpress_reads_it(watched, broadcaster):
