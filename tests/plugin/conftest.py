@@ -6,6 +6,7 @@ from pathlib import Path
 
 import pytest
 
+from broadcaster import listening
 from wordpress import WORLD_DIR, Site
 
 PROJECT = Path(__file__).parents[2]
@@ -57,3 +58,9 @@ def fresh(*found):
 def site(request, sites):
     with fresh(sites[request.param]):
         yield sites[request.param]
+
+
+@pytest.fixture
+def broadcaster():
+    with listening() as found:
+        yield found

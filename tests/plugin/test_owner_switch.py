@@ -2,7 +2,7 @@
 
 import pytest
 
-from broadcaster import URL, listening
+from broadcaster import URL
 from names import record
 from owner_page import OwnerPage
 from payments import ALLOW, switch_on
@@ -19,12 +19,6 @@ LOST_KEY = "The stored key cannot be read any more. Type it again."
 NO_ARC = 'What answers there is no ARC service (HTTP status %d). Type the address that its operator names before "/v1/tx".'
 REACHED = "The broadcaster answers this site as ARC services do."
 UNSAVED = "The database of the site did not take it. Ask the host of the site whether it is full or read-only."
-
-
-@pytest.fixture
-def broadcaster():
-    with listening() as found:
-        yield found
 
 
 @pytest.fixture

@@ -5,7 +5,7 @@ import threading
 
 import pytest
 
-from broadcaster import MARKUP, listening, txid_of
+from broadcaster import MARKUP, txid_of
 from names import SCRIPT, row
 from payments import ALLOW, claims, deliver, paid, reference_of, switch_on, transaction
 from wordpress import WORLD_DIR
@@ -26,12 +26,6 @@ UNREACHABLE = (502, "brasslet_unreachable",
                "The broadcaster of this site cannot be reached. Deliver the same transaction again later. Nothing was sent.")
 UNCLEAR = "The broadcaster gave no clear answer: the payment may have been sent. Deliver the same transaction again."
 UNUSABLE, LATE = (502, "brasslet_unknown", UNCLEAR), (504, "brasslet_unknown", UNCLEAR)
-
-
-@pytest.fixture
-def broadcaster():
-    with listening() as found:
-        yield found
 
 
 @pytest.fixture

@@ -15,12 +15,6 @@ PAYS = transaction((SCRIPT, 1000))
 
 
 @pytest.fixture
-def broadcaster():
-    with listening() as found:
-        yield found
-
-
-@pytest.fixture
 def paying(site):
     site.set_record({"rows": [row("alice")]})
     switch_on(site)

@@ -4,18 +4,12 @@ import json
 
 import pytest
 
-from broadcaster import listening, txid_of
+from broadcaster import txid_of
 from names import OTHER_ADDRESS, OTHER_PUBKEY, OTHER_SCRIPT, PUBKEY, row
 from payments import switch_on
 from wallets import ask
 
 NAME = "a.b+c-d_e"
-
-
-@pytest.fixture
-def broadcaster():
-    with listening() as found:
-        yield found
 
 
 @pytest.fixture

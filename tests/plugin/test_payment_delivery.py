@@ -2,18 +2,12 @@
 
 import pytest
 
-from broadcaster import listening, txid_of
+from broadcaster import txid_of
 from names import OTHER_ADDRESS, OTHER_SCRIPT, SCRIPT, row
 from payments import ask, claims, deliver, made_reference, paid, reference_of, switch_on, transaction
 
 ALICE, BOB = row("alice"), row("bob", address=OTHER_ADDRESS)
 PAYS = transaction((SCRIPT, 1000))
-
-
-@pytest.fixture
-def broadcaster():
-    with listening() as found:
-        yield found
 
 
 @pytest.fixture

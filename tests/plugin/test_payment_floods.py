@@ -5,7 +5,6 @@ import re
 
 import pytest
 
-from broadcaster import listening
 from names import SCRIPT, refusal, row
 from payments import ALLOW, deliver, made_reference, paid, reference_of, switch_on, transaction
 from wordpress import WORLD_DIR
@@ -28,12 +27,6 @@ COUNT = ALLOW + """
         return $result;
     } );
 """
-
-
-@pytest.fixture
-def broadcaster():
-    with listening() as found:
-        yield found
 
 
 @pytest.fixture

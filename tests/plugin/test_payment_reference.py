@@ -7,7 +7,6 @@ import subprocess
 
 import pytest
 
-from broadcaster import listening
 from conftest import fresh
 from names import SCRIPT, row
 from payments import deliver, made_reference, paid, reference_of, switch_on, transaction
@@ -17,12 +16,6 @@ ALICE = row("alice")
 PAYS = transaction((SCRIPT, 1000))
 NOT_OURS = (400, "brasslet_reference",
             "This site has not made that reference. Ask for the outputs of the payment again. Nothing was sent.")
-
-
-@pytest.fixture
-def broadcaster():
-    with listening() as found:
-        yield found
 
 
 @pytest.fixture

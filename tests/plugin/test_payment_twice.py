@@ -8,7 +8,7 @@ from concurrent.futures import ThreadPoolExecutor
 
 import pytest
 
-from broadcaster import listening, txid_of
+from broadcaster import txid_of
 from names import OTHER_ADDRESS, SCRIPT, row
 from payments import ALLOW, claims, deliver, paid, reference_of, switch_on, transaction
 from wordpress import WORLD_DIR
@@ -43,12 +43,6 @@ CLAIM = """
         'brasslet_tx_' . $v[0], $v[1], $v[2]
     ) );
 """
-
-
-@pytest.fixture
-def broadcaster():
-    with listening() as found:
-        yield found
 
 
 @pytest.fixture
