@@ -45,7 +45,7 @@ TEST(WalletCounters, ThatAreMissingReadAsZero)
 TEST(WalletCounters, ThatAreNoCountsAreSkipped)
 {
     EXPECT_EQ(counters_in(R"(["9",2,null,-4,5.0,[6]])"), (ReceiveCounters{0, 2, 0, 0, 0, 0}));
-    EXPECT_EQ(counters_in("[4294967296,18446744073709551615,18446744073709551616,true,{},7]"),
+    EXPECT_EQ(counters_in("[4294967297,18446744073709551615,18446744073709551616,true,{},7]"),
               (ReceiveCounters{0, 0, 0, 0, 0, 7}));
 }
 
