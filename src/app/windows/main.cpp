@@ -5,6 +5,7 @@
 #include "app/windows/single_instance.h"
 #include "app/windows/start_work.h"
 #include "app/windows/workers.h"
+#include "net/http_exchange.h"
 #include "platform/environment.h"
 #include "platform/windows/process_hardening.h"
 #include "platform/windows/shell.h"
@@ -56,7 +57,11 @@ void open_main_window(HINSTANCE instance, int show, StartWork& work)
     const HWND window = create_main_window(instance, [&work] { return texts_found_by(work); });
     ShowWindow(window, show);
     UpdateWindow(window);
-    start_update_check(window);
+}
+
+void start_workers()
+{
+    start_update_check(app_state().main_window);
     start_name_guard();
 }
 
@@ -92,6 +97,8 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, PSTR, int show)
     StartWork work;
     open_main_window(instance, show, work);
     turn.reset();
+    const CurlLifetime curl;  // after the window, because it takes as long as making that, and only workers need it
+    start_workers();
     const int exit_code = answer_messages();
 
     // A worker may be in the middle of a request or of a wallet query: nothing that it uses is taken down under it. Nor

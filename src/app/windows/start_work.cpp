@@ -21,6 +21,5 @@ void StartWork::run()
 {
     bind_at_startup(executable_folder(), "Brasslet");
     m_found.notice = load_settings(m_found.settings);
-    m_curl.emplace();
     m_found.cards = card_texts();
 }

@@ -2,10 +2,8 @@
 #pragma once
 
 #include "app/card_texts.h"
-#include "net/http_exchange.h"
 #include "settings/site_settings.h"
 
-#include <optional>
 #include <thread>
 
 struct FoundAtStart {
@@ -16,19 +14,17 @@ struct FoundAtStart {
 
 class StartWork {
 public:
-    // Begins to bind the wallet, read the settings, set up libcurl and ask for the texts of the cards, in this order.
-    // libcurl is there from the end of that work for the life of this.
+    // Begins to bind the wallet, read the settings and ask for the texts of the cards, in this order.
     StartWork();
     StartWork(const StartWork&) = delete;
     StartWork& operator=(const StartWork&) = delete;
     ~StartWork();  // waits for the end of the work
 
-    const FoundAtStart& wait();  // for the same
+    const FoundAtStart& wait();
 
 private:
     void run();
 
     FoundAtStart m_found;
-    std::optional<CurlLifetime> m_curl;
     std::thread m_thread;
 };
