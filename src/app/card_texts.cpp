@@ -2,6 +2,7 @@
 
 #include "paymail/kept_names.h"
 #include "paymail/payname_rules.h"
+#include "settings/settings_store.h"
 #include "site/site_address.h"
 #include "text/ascii.h"
 #include "wallet_bridge/wallet_identity.h"
@@ -48,4 +49,14 @@ std::string name_for_field(const std::string& saved, const std::string& names_on
 {
     const std::size_t at = names_on_site.find('@');
     return at == std::string::npos ? saved : names_on_site.substr(0, at);
+}
+
+std::string name_for_field()
+{
+    return name_for_field(saved_name(), names_of_this_wallet());
+}
+
+CardTexts card_texts()
+{
+    return {name_for_field(), wallet_card_texts()};
 }

@@ -15,6 +15,11 @@ struct WalletCardTexts {
     std::string kept_names;
 };
 
+struct CardTexts {
+    std::string name;  // for the name field; empty: as it is
+    WalletCardTexts wallet;
+};
+
 // The kept names that were last seen to pay somebody else.
 using MarkedNames = std::set<std::string>;
 
@@ -32,3 +37,9 @@ std::string name_preview(std::string_view typed, std::string site);
 // The name to put into the field: the first name of `names_on_site` (paynames joined by ", "), because a published
 // name wins over a saved one, or else `saved`.
 std::string name_for_field(const std::string& saved, const std::string& names_on_site);
+
+// The same of the connected wallet and the settings file.
+std::string name_for_field();
+
+// Both cards, asked for afresh. Any thread.
+CardTexts card_texts();

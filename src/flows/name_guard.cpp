@@ -96,6 +96,7 @@ void NameLook::ask_site(const Site& site)
 {
     if (!request_time()) return;
     const auto time = [this] { return request_time(); };
+    const PayersConnections connections;
     const auto discovery = discover(site.domain, time);
     if (!discovery) return;
     for (const std::size_t name : site.names) {

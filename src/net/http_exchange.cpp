@@ -1,6 +1,7 @@
 #include "net/http_exchange.h"
 
 #include "net/curl_owners.h"
+#include "net/shared_connections.h"
 #include "net/url_host.h"
 #include "platform/wiping_heap.h"
 
@@ -63,6 +64,14 @@ CURLcode describe(CURL* handle, const HttpRequest& request, const curl_slist* he
     return options.code();
 }
 
+// Not for a request with credentials or a pinned address: a connection keeps both as long as it lasts.
+CURLcode share_connections(CURL* handle)
+{
+    CurlOptions options(handle);
+    if (void* const share = SharedConnections::of_this_thread()) options.set(CURLOPT_SHARE, share);
+    return options.code();
+}
+
 void read_outcome(CURL* handle, HttpReply& reply)
 {
     long status = 0;
@@ -91,6 +100,7 @@ HttpReply exchange(const HttpRequest& request)
         if (!append(headers, header.text().c_str())) code = CURLE_OUT_OF_MEMORY;
     if (code == CURLE_OK) code = describe(handle.get(), request, headers.get(), reply);
     if (code == CURLE_OK && request.pin_wallet_service) code = pin_hosts(handle.get(), request.url, pins);
+    if (code == CURLE_OK && request.credentials.empty() && !pins) code = share_connections(handle.get());
     if (code == CURLE_OK) code = curl_easy_perform(handle.get());
     read_outcome(handle.get(), reply);
     if (code != CURLE_OK) reply.error = curl_easy_strerror(code);

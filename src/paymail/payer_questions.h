@@ -2,10 +2,14 @@
 // HTTPS exchange each.
 #pragma once
 
+#include "net/shared_connections.h"
 #include "paymail/discovery.h"
 
 #include <optional>
 #include <string>
+
+// For the life of this, the questions of this thread, discovery among them, follow each other on one connection.
+using PayersConnections = SharedConnections;
 
 // Alias and domain of a paymail in lower case; both empty without an "@".
 Payname split_payname(const std::string& payname);

@@ -26,6 +26,7 @@ std::string verify(const std::string& payname, const PublicIdentity& published)
     if (wallet->public_key != published.public_key) return "That site is not publishing this Vaultry.";
     if (wallet->address != published.address) return "That site is paying a different address.";
 
+    const PayersConnections connections;
     const auto discovery = discover(name.domain);
     if (!discovery) return "The site did not answer the paymail address.";
 

@@ -1,7 +1,7 @@
 // Times Publish in the running program's window, from the press to the sentence, against the requests of a publish sent
 // by bare libcurl calls: the same method, address, headers and body, one after the other, a fresh handle and so a fresh
-// connection for each, as the program does it too. bench_publishes PAIRS SITE USER ALIAS KEY ADDRESS; the application
-// password comes on standard input.
+// connection for each; the program asks what payers ask on one connection. bench_publishes PAIRS SITE USER ALIAS KEY
+// ADDRESS; the application password comes on standard input.
 #include "app/windows/controls.h"
 #include "bench/pairs.h"
 #include "bench/require.h"

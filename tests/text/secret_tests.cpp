@@ -69,7 +69,7 @@ TEST(Secret, AMovedTextLeavesNothingBehind)
     auto* text = grave.make("short one");
     const SecretText moved = std::move(*text);
     EXPECT_EQ(moved.text(), "short one");
-    EXPECT_FALSE(grave.holds("short one"));
+    EXPECT_FALSE(grave.holds("ort one"));  // std::string itself ends what was moved at its first byte
     text->~SecretText();
 }
 
@@ -80,7 +80,7 @@ TEST(Secret, ATextMovedOverAnotherLeavesNothingBehind)
     SecretText other(std::string("another"));
     other = std::move(*text);
     EXPECT_EQ(other.text(), "short one");
-    EXPECT_FALSE(grave.holds("short one"));
+    EXPECT_FALSE(grave.holds("ort one"));  // std::string itself ends what was moved at its first byte
     text->~SecretText();
 }
 

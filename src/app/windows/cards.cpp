@@ -1,23 +1,41 @@
 #include "app/windows/cards.h"
 
-#include "app/card_texts.h"
 #include "app/windows/app_state.h"
 #include "app/windows/busy_guard.h"
 #include "app/windows/controls.h"
 #include "app/windows/name_guard.h"
 #include "app/windows/workers.h"
-#include "paymail/kept_names.h"
 #include "platform/text_conversion.h"
 #include "wallet_bridge/binding.h"
 #include "wallet_bridge/connect.h"
 #include "wallet_bridge/wallet_identity.h"
 
-void refresh_wallet_card()
+namespace {
+
+void show_wallet_card(const WalletCardTexts& texts)
 {
-    const WalletCardTexts texts = wallet_card_texts(app_state().marked_names);
     set_control_text(kHousePaymail, texts.house_paymail);
     set_control_text(kPaymentAddress, texts.payment_address);
     show_kept_names(texts.kept_names);
+}
+
+void show_name(const std::string& name)
+{
+    if (!name.empty()) set_control_text(kNameField, name);
+}
+
+}  // namespace
+
+void show_cards(const CardTexts& texts)
+{
+    show_name(texts.name);
+    show_wallet_card(texts.wallet);
+    refresh_name_preview();
+}
+
+void refresh_wallet_card()
+{
+    show_wallet_card(wallet_card_texts(app_state().marked_names));
 }
 
 void refresh_name_preview()
@@ -27,8 +45,7 @@ void refresh_name_preview()
 
 void fill_name_field()
 {
-    const std::string name = name_for_field(saved_name(), names_of_this_wallet());
-    if (!name.empty()) set_control_text(kNameField, name);
+    show_name(name_for_field());
 }
 
 void on_connect_pressed()

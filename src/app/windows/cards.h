@@ -2,8 +2,11 @@
 // runs on the user-interface thread.
 #pragma once
 
+#include "app/card_texts.h"
+
 #include <string>
 
+void show_cards(const CardTexts& texts);  // and the name preview
 void refresh_wallet_card();
 void refresh_name_preview();
 void fill_name_field();  // with the published name of the connected wallet, or else the saved one

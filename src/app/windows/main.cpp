@@ -2,8 +2,8 @@
 #include "app/windows/app_state.h"
 #include "app/windows/main_window.h"
 #include "app/windows/name_guard.h"
-#include "app/windows/open_settings.h"
 #include "app/windows/single_instance.h"
+#include "app/windows/start_work.h"
 #include "app/windows/workers.h"
 #include "net/http_exchange.h"
 #include "platform/environment.h"
@@ -11,7 +11,6 @@
 #include "platform/windows/shell.h"
 #include "platform/windows/windows_version.h"
 #include "ui/windows/keyboard.h"
-#include "wallet_bridge/binding.h"
 
 #include <windows.h>
 
@@ -40,16 +39,29 @@ std::optional<unsigned> dpi_under_mouse()
     return horizontal;
 }
 
-void open_main_window(HINSTANCE instance, int show)
+// The texts of the cards, once the settings are there too.
+CardTexts texts_found_by(StartWork& work)
+{
+    const FoundAtStart& found = work.wait();
+    app_state().settings = found.settings;
+    app_state().settings_notice = found.notice;
+    return found.cards;
+}
+
+void open_main_window(HINSTANCE instance, int show, StartWork& work)
 {
     const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_STANDARD_CLASSES};
     InitCommonControlsEx(&controls);
     register_main_window_class(instance);
     app_state().dpi = start_dpi(dpi_under_mouse());
-    const HWND window = create_main_window(instance);
+    const HWND window = create_main_window(instance, [&work] { return texts_found_by(work); });
     ShowWindow(window, show);
     UpdateWindow(window);
-    start_update_check(window);
+}
+
+void start_workers()
+{
+    start_update_check(app_state().main_window);
     start_name_guard();
 }
 
@@ -82,11 +94,11 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, PSTR, int show)
 
     SetProcessDpiAwarenessContext(DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2);
     const ComApartment apartment;
-    bind_at_startup(executable_folder(), "Brasslet");
-    read_settings();
-    const CurlLifetime curl;
-    open_main_window(instance, show);
+    StartWork work;
+    open_main_window(instance, show, work);
     turn.reset();
+    const CurlLifetime curl;  // after the window, because it takes as long as making that, and only workers need it
+    start_workers();
     const int exit_code = answer_messages();
 
     // A worker may be in the middle of a request or of a wallet query: nothing that it uses is taken down under it. Nor

@@ -29,7 +29,7 @@ Size start_size(unsigned dpi)
     return {window.right - window.left, window.bottom - window.top};
 }
 
-void on_create(HWND window)
+void on_create(HWND window, const std::function<CardTexts()>& first_texts)
 {
     AppState& state = app_state();
     state.main_window = window;
@@ -39,9 +39,7 @@ void on_create(HWND window)
     refresh_colours(window);
     create_controls(window);
     refresh_version_label();
-    fill_name_field();
-    refresh_wallet_card();
-    refresh_name_preview();
+    show_cards(first_texts());
     tell_of_read_settings();
     keep_focus(window);
 }
@@ -166,7 +164,8 @@ LRESULT CALLBACK main_window_procedure(HWND window, UINT message, WPARAM wparam,
     if (tells_of_new_colours(message)) repaint_in_new_colours(window);
     switch (message) {
     case WM_CREATE:
-        on_create(window);
+        on_create(window, *static_cast<const std::function<CardTexts()>*>(
+                              reinterpret_cast<const CREATESTRUCTW*>(lparam)->lpCreateParams));
         return 0;
     case WM_SIZE:
         on_size(window, wparam);
@@ -245,12 +244,13 @@ void register_main_window_class(HINSTANCE instance)
     RegisterClassExW(&window_class);
 }
 
-HWND create_main_window(HINSTANCE instance)
+HWND create_main_window(HINSTANCE instance, const std::function<CardTexts()>& first_texts)
 {
     const unsigned expected_dpi = app_state().dpi;
     const Size expected = start_size(expected_dpi);
     const HWND window = CreateWindowExW(0, kMainWindowClass, L"Brasslet", kStyle, CW_USEDEFAULT, CW_USEDEFAULT,
-                                        expected.width, expected.height, nullptr, nullptr, instance, nullptr);
+                                        expected.width, expected.height, nullptr, nullptr, instance,
+                                        const_cast<std::function<CardTexts()>*>(&first_texts));
     // Windows has chosen the place, and with it the monitor. A window that is born there hears of no change.
     if (window == nullptr || app_state().dpi == expected_dpi) return window;
     const Size size = start_size(app_state().dpi);

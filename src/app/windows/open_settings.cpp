@@ -69,11 +69,6 @@ SettingsNotice copy_open_settings()
     return window == nullptr ? SettingsNotice::none : copy_settings_fields(window);
 }
 
-void read_settings()
-{
-    app_state().settings_notice = load_settings(app_state().settings);
-}
-
 void tell_of_read_settings()
 {
     tell(app_state().settings_notice);

@@ -8,8 +8,7 @@ void open_settings();
 // What stands in the settings window's fields, when it is open, becomes the settings.
 [[nodiscard]] SettingsNotice copy_open_settings();
 
-// The first reading of the file. What the user should know of it is shown as soon as there is a status line.
-void read_settings();
+// What the user should know of the file as it was read at the start.
 void tell_of_read_settings();
 
 // Saves the settings and the name field. The status line says what the user should know of that, or else `before`.

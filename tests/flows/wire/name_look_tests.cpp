@@ -72,6 +72,19 @@ TEST_F(Guarding, NamesOfOneSiteAreAskedForOneAfterTheOtherAfterOneDiscovery)
                                      "POST /pay/bob@brasslet.test", "POST /pay/bob@brasslet.test"));
 }
 
+TEST_F(TwoSites, AreAskedOnOneConnectionEach)
+{
+    publish(server, "bob@brasslet.test");
+    publish(other, "zoe@other.test");
+    server.keep({100, true});
+    other.keep({100, true});
+    look({kAlice, "bob@brasslet.test", "zoe@other.test"});
+    EXPECT_EQ(server.requests().size(), 7U);
+    EXPECT_EQ(server.connections(), 1);
+    EXPECT_EQ(other.requests().size(), 4U);
+    EXPECT_EQ(other.connections(), 1);
+}
+
 TEST_F(TwoSites, EachNameHasItsOwnState)
 {
     publish(other, "zoe@other.test");

@@ -38,12 +38,12 @@ bool comes_true(const std::function<bool()>& condition)
     });
 }
 
-OwnWindow::OwnWindow(unsigned expected_dpi)
+OwnWindow::OwnWindow(unsigned expected_dpi, const std::function<CardTexts()>& first_texts)
 {
     app_state() = AppState();
     app_state().dpi = expected_dpi;
     register_main_window_class(GetModuleHandleW(nullptr));
-    m_window = create_main_window(GetModuleHandleW(nullptr));
+    m_window = create_main_window(GetModuleHandleW(nullptr), first_texts);
     EXPECT_NE(m_window, nullptr);
     ShowWindow(m_window, SW_SHOWNORMAL);
     answer_messages();

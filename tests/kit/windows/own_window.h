@@ -19,7 +19,7 @@ bool comes_true(const std::function<bool()>& condition);
 class OwnWindow : public DrivenWindow {
 public:
     // Shown and painted, with a state of its own, at the 96 DPI of the test's monitor; expected on one of another DPI.
-    explicit OwnWindow(unsigned expected_dpi = kDefaultDpi);
+    explicit OwnWindow(unsigned expected_dpi = kDefaultDpi, const std::function<CardTexts()>& first_texts = card_texts);
     OwnWindow(const OwnWindow&) = delete;
     OwnWindow& operator=(const OwnWindow&) = delete;
     ~OwnWindow();

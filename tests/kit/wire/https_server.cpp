@@ -35,6 +35,13 @@ bool wait_for(int one, int stop)
     return poll(both, 2, -1) > 0 && both[1].revents == 0;
 }
 
+// Waits for a request on a connection that is kept; false when somebody else wants one, or the server stops.
+bool comes_before(int request, int other, int stop)
+{
+    pollfd all[] = {{request, POLLIN, 0}, {other, POLLIN, 0}, {stop, POLLIN, 0}};
+    return poll(all, 3, -1) > 0 && all[0].revents != 0 && all[2].revents == 0;
+}
+
 std::size_t content_length(const std::string& head)
 {
     constexpr char kHeader[] = "Content-Length: ";
@@ -57,15 +64,15 @@ std::string read_request(SSL* tls)
     return request;
 }
 
-void send_answer(SSL* tls, const Answer& answer)
+void send_answer(SSL* tls, const Answer& answer, bool says_end)
 {
-    std::string text = "HTTP/1.1 " + std::to_string(answer.status) + " Test\r\nConnection: close\r\nContent-Length: " +
-                       std::to_string(answer.body.size() + (answer.fault == Fault::cut_body ? 1 : 0)) + "\r\n";
+    std::string text =
+        "HTTP/1.1 " + std::to_string(answer.status) + " Test\r\n" + (says_end ? "Connection: close\r\n" : "") +
+        "Content-Length: " + std::to_string(answer.body.size() + (answer.fault == Fault::cut_body ? 1 : 0)) + "\r\n";
     for (const std::string& header : answer.headers)
         text += header + "\r\n";
     text += "\r\n" + answer.body;
     SSL_write(tls, text.data(), static_cast<int>(text.size()));
-    SSL_shutdown(tls);
 }
 
 }  // namespace
@@ -92,6 +99,18 @@ void HttpsServer::answer(const std::string& request, std::vector<Answer> answers
 {
     const std::lock_guard lock(m_mutex);
     m_answers[request] = std::move(answers);
+}
+
+void HttpsServer::keep(Keeping keeping)
+{
+    const std::lock_guard lock(m_mutex);
+    m_keeping = keeping;
+}
+
+int HttpsServer::connections() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_connections;
 }
 
 std::vector<std::string> HttpsServer::requests() const
@@ -127,9 +146,26 @@ void HttpsServer::serve_connection(int connection)
     const std::unique_ptr<SSL, void (*)(SSL*)> tls(SSL_new(m_context.get()), SSL_free);
     SSL_set_fd(tls.get(), connection);
     if (SSL_accept(tls.get()) != 1) return;
-    const std::string request = read_request(tls.get());
-    if (request.empty()) return;
+    for (int number = 1; serve_request(tls.get(), connection, number);)
+        ++number;
+    SSL_shutdown(tls.get());
+}
+
+bool HttpsServer::serve_request(SSL* tls, int connection, int number)
+{
+    if (number > 1 && !comes_before(connection, m_listener, m_stop)) return false;
+    const std::string request = read_request(tls);
+    if (request.empty()) return false;
+    Keeping keeping;
+    {
+        const std::lock_guard lock(m_mutex);
+        keeping = m_keeping;
+        if (number == 1) ++m_connections;
+    }
+    const bool is_last = number >= keeping.requests;
     const Answer answer = next_answer(request);
     if (answer.fault == Fault::stall) wait_for(connection, m_stop);
-    if (answer.fault == Fault::none || answer.fault == Fault::cut_body) send_answer(tls.get(), answer);
+    if (answer.fault == Fault::none || answer.fault == Fault::cut_body)
+        send_answer(tls, answer, is_last && keeping.is_announced);
+    return answer.fault == Fault::none && !is_last;
 }

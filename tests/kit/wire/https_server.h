@@ -37,9 +37,16 @@ inline const std::vector<std::string> kTestNames = {"brasslet.test", "www.brassl
 // A socket that listens on `port` of `address`. Owned by the caller.
 int listener_on(const std::string& address, std::uint16_t port = 443);
 
+// How many requests a connection takes, and whether the answer to the last one says that it ends.
+struct Keeping {
+    int requests = 1;
+    bool is_announced = true;
+};
+
 class HttpsServer {
 public:
-    // Listens on port 443 of `address`; one connection at a time, one request in each.
+    // Listens on port 443 of `address`; one connection at a time, one request in each unless keep() says otherwise. A
+    // connection that is kept makes room for the next one.
     explicit HttpsServer(const std::vector<std::string>& names = kTestNames, Signer signer = Signer::test_authority,
                          const std::string& address = "127.0.0.1");
     HttpsServer(const HttpsServer&) = delete;
@@ -51,17 +58,23 @@ public:
     void answer(const std::string& request, std::vector<Answer> answers);
     void answer(const std::string& request, const Answer& one) { answer(request, std::vector<Answer>{one}); }
 
+    void keep(Keeping keeping);
+
     std::vector<std::string> requests() const;  // head and body as they came in
+    int connections() const;                    // in which a request came in
 
 private:
     void serve();
     void serve_connection(int connection);
+    bool serve_request(SSL* tls, int connection, int number);  // true when another may follow
     Answer next_answer(const std::string& request);
 
     std::unique_ptr<SSL_CTX, void (*)(SSL_CTX*)> m_context;
     int m_listener = -1;
     int m_stop = -1;  // becomes readable when the server is to stop
     mutable std::mutex m_mutex;
+    Keeping m_keeping;
+    int m_connections = 0;
     std::map<std::string, std::vector<Answer>> m_answers;
     std::vector<std::string> m_requests;
     std::thread m_thread;

@@ -35,6 +35,14 @@ TEST_F(Verifying, AsksForTheDestinationOfOneSatoshi)
     EXPECT_THAT(request, testing::EndsWith("\r\n\r\n" + compact_json(body)));
 }
 
+TEST_F(Verifying, PutsItsQuestionsOnOneConnection)
+{
+    server.keep({100, true});
+    expect_kept();
+    EXPECT_EQ(server.requests().size(), 3U);
+    EXPECT_EQ(server.connections(), 1);
+}
+
 TEST_F(Verifying, ANameInCapitalsIsKeptInLowerCase)
 {
     expect_kept("ALICE@Brasslet.TEST");
