@@ -1,0 +1,4 @@
+// The system that the checks run on.
+#pragma once
+
+bool is_wine();
