@@ -91,7 +91,7 @@ protected:
         std::filesystem::create_directories(beside);
         std::filesystem::copy_file(program_folder() + L"\\Brasslet.exe", beside / "Brasslet.exe");
         for (const std::wstring& name : names)
-            std::filesystem::copy_file(wide_path(test_program_folder() + "/decoy.dll"), beside / name);
+            std::filesystem::copy_file(test_files_folder() + L"\\decoy.dll", beside / name);
         return beside;
     }
     static Names marks_in(const std::filesystem::path& beside)
