@@ -13,7 +13,7 @@ HEADERS = ("Content-Type",)
 
 # The wallet and the login of the kit: the first English vector of BIP39, and a password that opens nothing.
 PUBKEY = "02ded4e1e697bc768d79dd3f5c95cd56f332fdcf483c2a36933ba6c81d29bcf8b4"
-ADDRESS = "1CPzotU6B8bjPrx3idw7MRkTXJMZvnruUo"
+ADDRESS = "18pBoqRpHUYf9udsab5G9LT3vQUPxEyMFf"
 LOGIN, PASSWORD = "owner", "abcdEFGHijklMNOPqrstUVWX"
 
 STATUS = ("GET", "/wp-json/brasslet/v1/status", "")

@@ -10,6 +10,14 @@ namespace {
 // Windows' file manager, and Wine's.
 constexpr std::array kFolderClasses = {L"CabinetWClass", L"ExplorerWClass"};
 
+// Asked of Windows, because the window may be gone before it could answer by itself.
+bool is_titled(HWND window)
+{
+    wchar_t title[256] = {};
+    GetWindowTextW(window, title, 256);
+    return std::wstring(title).starts_with(L"payname");
+}
+
 }  // namespace
 
 void Journey::SetUp()
@@ -51,7 +59,7 @@ void Journey::close_opened_folder() const
         for (const wchar_t* name : kFolderClasses)
             for (HWND window = FindWindowExW(nullptr, nullptr, name, nullptr); window != nullptr;
                  window = FindWindowExW(nullptr, window, name, nullptr))
-                if (text_of(window).starts_with(L"payname")) return window;
+                if (is_titled(window)) return window;
         return HWND{};
     };
     EXPECT_TRUE(becomes_true([&] { return opened() != nullptr; }));

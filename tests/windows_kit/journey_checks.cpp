@@ -42,10 +42,10 @@ TEST_F(Journey, ConnectAsksVaultryAndShowsTheWalletsAddress)
     set_vaultry_orders(L"\"" + beside + L"\\notices\" --show visible --connect approve:1");
     {
         const RunningProgram program(beside);
-        EXPECT_NE(program.text(kPaymentAddress), L"1CPzotU6B8bjPrx3idw7MRkTXJMZvnruUo");
+        EXPECT_NE(program.text(kPaymentAddress), L"18pBoqRpHUYf9udsab5G9LT3vQUPxEyMFf");
         program.press(kConnectButton);
         EXPECT_TRUE(program.shows(kStatusLine, L"Connected.")) << narrow(program.text(kStatusLine));
-        EXPECT_TRUE(program.shows(kPaymentAddress, L"1CPzotU6B8bjPrx3idw7MRkTXJMZvnruUo"));
+        EXPECT_TRUE(program.shows(kPaymentAddress, L"18pBoqRpHUYf9udsab5G9LT3vQUPxEyMFf")) << narrow(program.text(kPaymentAddress));
         show_picture("Connected to Vaultry", program.window());
     }
     close_vaultry();
