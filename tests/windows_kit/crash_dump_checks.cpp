@@ -6,6 +6,7 @@
 #include "kit/windows/users_files.h"
 #include "platform/text_conversion.h"
 #include "platform/windows/windows_version.h"
+#include "windows_kit/crash_dump.h"
 #include "windows_kit/expected_controls.h"
 #include "windows_kit/machine.h"
 #include "windows_kit/memory_search.h"
@@ -42,11 +43,7 @@ protected:
     Names found_in_dump(const RunningProgram& program, int options) const
     {
         const std::wstring path = widen(folder.path() + "\\Brasslet.dmp");
-        HANDLE file = CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
-        EXPECT_TRUE(MiniDumpWriteDump(program.process(), GetProcessId(program.process()), file,
-                                      static_cast<MINIDUMP_TYPE>(options), nullptr, nullptr, nullptr))
-            << GetLastError();
-        CloseHandle(file);
+        write_dump(program.process(), path, options);
         return found_in_file(path, secrets);
     }
     Names found_in_data_of_modules(const RunningProgram& program) const

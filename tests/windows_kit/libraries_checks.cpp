@@ -7,12 +7,14 @@
 #include "platform/windows/windows_path.h"
 #include "windows_kit/expected_controls.h"
 #include "windows_kit/machine.h"
+#include "windows_kit/report.h"
 
 #include <gtest/gtest.h>
 
 #include <psapi.h>
 
 #include <algorithm>
+#include <array>
 #include <filesystem>
 #include <set>
 #include <sstream>
@@ -126,8 +128,10 @@ protected:
 TEST_F(Libraries, ComeFromFoldersThatOnlyAdministratorsWriteTo)
 {
     const RunningProgram program;
-    for (const auto& path : loaded_when_used(program))
+    for (const auto& path : loaded_when_used(program)) {
         EXPECT_TRUE(is_in_folder_of_administrators(path)) << narrow(path.wstring());
+        note(narrow(path.wstring()));
+    }
 }
 
 TEST_F(Libraries, AreMarkedByADecoyThatIsLoaded)

@@ -4,6 +4,7 @@
 #include "kit/windows/running_program.h"
 #include "kit/windows/spoken.h"
 #include "windows_kit/expected_controls.h"
+#include "windows_kit/report.h"
 
 #include <gtest/gtest.h>
 
@@ -84,6 +85,7 @@ TEST(ScreenReader, HearsNameRoleAndStateOfEveryControlOfTheMainWindow)
     EXPECT_EQ(spoken(program.window()).name, L"Brasslet");
     expect_heard(program, kMainWindowControls);
     EXPECT_EQ(walked(program.window()), ids_of(kMainWindowControls));
+    show_picture("The window that was read", program.window());
 }
 
 TEST(ScreenReader, HearsNameRoleAndStateOfEveryControlOfTheSettings)
@@ -94,6 +96,7 @@ TEST(ScreenReader, HearsNameRoleAndStateOfEveryControlOfTheSettings)
     EXPECT_EQ(spoken(settings.window()).name, L"Settings");
     expect_heard(settings, kSettingsControls);
     EXPECT_EQ(walked(settings.window()), ids_of(kSettingsControls));
+    show_picture("The settings that were read", settings.window());
 }
 
 TEST(ScreenReader, HearsThatAButtonCannotBePressed)

@@ -3,18 +3,10 @@
 
 #include <windows.h>
 
-#include <ostream>
-
 struct UsedObjects {
     int handles = 0;  // of the kernel's objects
     int drawing = 0;  // fonts, brushes, pens, bitmaps, regions, device contexts
     int windows = 0;  // windows, menus, cursors, icons, hooks
-
-    friend std::ostream& operator<<(std::ostream& out, const UsedObjects& used)
-    {
-        return out << used.handles << " handles, " << used.drawing << " drawing objects, " << used.windows
-                   << " window objects";
-    }
 };
 
 // Counted by Windows itself, or, by a system that counts none for another process, in its tables. There the window
