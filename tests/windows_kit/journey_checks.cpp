@@ -45,7 +45,8 @@ TEST_F(Journey, ConnectAsksVaultryAndShowsTheWalletsAddress)
         EXPECT_NE(program.text(kPaymentAddress), L"18pBoqRpHUYf9udsab5G9LT3vQUPxEyMFf");
         program.press(kConnectButton);
         EXPECT_TRUE(program.shows(kStatusLine, L"Connected.")) << narrow(program.text(kStatusLine));
-        EXPECT_TRUE(program.shows(kPaymentAddress, L"18pBoqRpHUYf9udsab5G9LT3vQUPxEyMFf")) << narrow(program.text(kPaymentAddress));
+        EXPECT_TRUE(program.shows(kPaymentAddress, L"18pBoqRpHUYf9udsab5G9LT3vQUPxEyMFf"))
+            << narrow(program.text(kPaymentAddress));
         show_picture("Connected to Vaultry", program.window());
     }
     close_vaultry();
