@@ -2,7 +2,11 @@
 
 #include <windows.h>
 
+#include <winternl.h>
+
+#include <algorithm>
 #include <cstdint>
+#include <vector>
 
 namespace {
 
@@ -18,19 +22,11 @@ struct DrawingEntry {
 };
 
 constexpr std::size_t kTableInEnvironment = 0xF8;
-constexpr int kEntries = 0x4000;
+constexpr std::size_t kEntries = 0x4000;
 
-int drawing_objects()
+bool read(HANDLE process, const void* address, void* into, std::size_t size)
 {
-    using GetEnvironment = const std::uint8_t*(WINAPI*)();
-    const auto environment_block = reinterpret_cast<GetEnvironment>(
-        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "RtlGetCurrentPeb")));
-    const std::uint8_t* environment = environment_block();
-    const auto* table = *reinterpret_cast<const DrawingEntry* const*>(environment + kTableInEnvironment);
-    int count = 0;
-    for (int i = 0; i < kEntries; ++i)
-        if (table[i].type != 0) ++count;
-    return count;
+    return ReadProcessMemory(process, address, into, size, nullptr) != FALSE;
 }
 
 BOOL CALLBACK count_window(HWND, LPARAM count)
@@ -57,7 +53,20 @@ int windows()
 
 ObjectCounts held_objects()
 {
-    return {drawing_objects(), windows()};
+    return {drawing_objects_in_table(GetCurrentProcess()), windows()};
+}
+
+int drawing_objects_in_table(HANDLE process)
+{
+    PROCESS_BASIC_INFORMATION basics{};
+    NtQueryInformationProcess(process, ProcessBasicInformation, &basics, sizeof basics, nullptr);
+    const void* table = nullptr;
+    std::vector<DrawingEntry> entries(kEntries);
+    if (!read(process, reinterpret_cast<const char*>(basics.PebBaseAddress) + kTableInEnvironment, &table,
+              sizeof table) ||
+        !read(process, table, entries.data(), entries.size() * sizeof entries[0]))
+        return 0;
+    return static_cast<int>(std::ranges::count_if(entries, [](const DrawingEntry& entry) { return entry.type != 0; }));
 }
 
 int next_window_object()

@@ -1,6 +1,8 @@
 // What this process holds of the system's drawing and window objects.
 #pragma once
 
+#include <windows.h>
+
 struct ObjectCounts {
     int drawing = 0;  // fonts, brushes, pens, bitmaps, regions, device contexts
     int windows = 0;
@@ -9,6 +11,9 @@ struct ObjectCounts {
 };
 
 ObjectCounts held_objects();
+
+// Wine's table of the drawing objects of a process; 0 when it cannot be read.
+int drawing_objects_in_table(HANDLE process);
 
 // The place in the desktop's table of window objects (windows, menus, cursors, hooks, ...) that the next one gets.
 // Freed places are given out again first, so that it moves up only by as much as all programs hold more than ever
