@@ -82,6 +82,7 @@ std::string in_words(const std::string& name)
         if (std::isupper(static_cast<unsigned char>(c)) != 0 && !words.empty()) words += ' ';
         words += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
     }
+    if (!words.empty()) words[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(words[0])));
     return words;
 }
 
@@ -98,7 +99,16 @@ std::unique_ptr<testing::TestEventListener> make_reporter()
 
 void show_picture(const std::string& title, HWND window)
 {
-    const Picture picture(window);
+    // A window of another process paints when it comes to it: until two looks in turn are alike.
+    constexpr int kMostLooks = 20;
+    constexpr DWORD kBetweenLooks = 50;  // milliseconds
+    Picture picture = repainted(window);
+    for (int looks = 0; looks < kMostLooks; ++looks) {
+        Sleep(kBetweenLooks);
+        Picture later(window);
+        if (later == picture) break;
+        picture = std::move(later);
+    }
     the_report().checks.back().pictures.push_back({title, png_of(picture), picture.width(), picture.height()});
 }
 

@@ -40,7 +40,7 @@ struct Report {
     int count(CheckResult result) const;
 };
 
-// "ShowsItsWindow" as "shows its window".
+// "ShowsItsWindow" as "Shows its window".
 std::string in_words(const std::string& name);
 
 // The report of this process.
