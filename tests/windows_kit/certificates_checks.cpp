@@ -27,8 +27,9 @@ protected:
         save({host, kSettings.user, kPassword}, "alice");
         const RunningProgram program;
         program.press(kPublishButton);
-        EXPECT_TRUE(program.shows(kStatusLine, L"Press Install plugin and upload the zip over the one on the site."))
-            << narrow(program.text(kStatusLine));
+        EXPECT_TRUE(program.shows(kPublishButton, L"Publish"));
+        EXPECT_EQ(narrow(program.text(kStatusLine)),
+                  "Press Install plugin and upload the zip over the one on the site.");
         EXPECT_THAT(site().heard_at(host), testing::ElementsAre("called"));
     }
 };

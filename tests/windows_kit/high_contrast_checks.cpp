@@ -53,7 +53,7 @@ TEST(HighContrast, InMessagesAloneChangesNothing)
     if (is_in_high_contrast()) GTEST_SKIP() << "High contrast is switched on here already.";
     for (const HWND window : {program.window(), settings.window()}) {
         ASSERT_TRUE(becomes_true([&] { return has_own_colours(window); }));
-        const Picture before(window);
+        const Picture before = steady_picture(window);
         for (const UINT message : kTellOfColours) {
             send_to(window, message);
             EXPECT_TRUE(becomes_true([&] { return Picture(window) == before; })) << message;

@@ -97,9 +97,8 @@ std::unique_ptr<testing::TestEventListener> make_reporter()
     return std::make_unique<Reporter>();
 }
 
-void show_picture(const std::string& title, HWND window)
+Picture steady_picture(HWND window)
 {
-    // A window of another process paints when it comes to it: until two looks in turn are alike.
     constexpr int kMostLooks = 20;
     constexpr DWORD kBetweenLooks = 50;  // milliseconds
     Picture picture = repainted(window);
@@ -109,6 +108,12 @@ void show_picture(const std::string& title, HWND window)
         if (later == picture) break;
         picture = std::move(later);
     }
+    return picture;
+}
+
+void show_picture(const std::string& title, HWND window)
+{
+    const Picture picture = steady_picture(window);
     the_report().checks.back().pictures.push_back({title, png_of(picture), picture.width(), picture.height()});
 }
 

@@ -1,11 +1,16 @@
 // What the checks have found: a line for each on the console, and report.html and report.json beside check.exe.
 #pragma once
 
+#include "kit/windows/picture.h"
+
 #include <windows.h>
 
 #include <memory>
 #include <string>
 #include <vector>
+
+// A window of another process paints when it comes to it: taken when two looks in turn were alike.
+Picture steady_picture(HWND window);
 
 // Puts a picture of the window into the running check's entry of report.html.
 void show_picture(const std::string& title, HWND window);

@@ -4,11 +4,17 @@
 
 #include <wincrypt.h>
 
+#include <algorithm>
+#include <vector>
+
 namespace {
 
 class TrustedRoots {
 public:
-    TrustedRoots() : m_store(CertOpenStore(CERT_STORE_PROV_SYSTEM_A, 0, 0, CERT_SYSTEM_STORE_CURRENT_USER, "Root")) {}
+    explicit TrustedRoots(LPCSTR provider = CERT_STORE_PROV_SYSTEM_A)
+        : m_store(CertOpenStore(provider, 0, 0, CERT_SYSTEM_STORE_CURRENT_USER, "Root"))
+    {
+    }
     TrustedRoots(const TrustedRoots&) = delete;
     TrustedRoots& operator=(const TrustedRoots&) = delete;
     ~TrustedRoots() { CertCloseStore(m_store, 0); }
@@ -26,6 +32,20 @@ bool is_the_kits(PCCERT_CONTEXT certificate)
     return std::string(name) == kAuthorityName;
 }
 
+// How many the user has let go.
+int take_away_from(LPCSTR provider)
+{
+    const TrustedRoots roots(provider);
+    std::vector<PCCERT_CONTEXT> found;
+    for (PCCERT_CONTEXT certificate = CertEnumCertificatesInStore(roots.get(), nullptr); certificate != nullptr;
+         certificate = CertEnumCertificatesInStore(roots.get(), certificate))
+        if (is_the_kits(certificate)) found.push_back(CertDuplicateCertificateContext(certificate));
+    int count = 0;
+    for (const PCCERT_CONTEXT certificate : found)
+        if (CertDeleteCertificateFromStore(certificate)) ++count;  // frees it as well
+    return count;
+}
+
 }  // namespace
 
 bool trust(const std::string& certificate)
@@ -38,18 +58,7 @@ bool trust(const std::string& certificate)
 
 int take_authorities_away()
 {
-    const TrustedRoots roots;
-    int count = 0;
-    PCCERT_CONTEXT certificate = CertEnumCertificatesInStore(roots.get(), nullptr);
-    while (certificate != nullptr) {
-        if (!is_the_kits(certificate)) {
-            certificate = CertEnumCertificatesInStore(roots.get(), certificate);
-            continue;
-        }
-        // Deleting frees it: the search begins anew. A user who says no keeps it, and is not asked twice.
-        if (!CertDeleteCertificateFromStore(certificate)) break;
-        ++count;
-        certificate = CertEnumCertificatesInStore(roots.get(), nullptr);
-    }
-    return count;
+    const int count = take_away_from(CERT_STORE_PROV_SYSTEM_A);
+    // Wine finds again in the registry what was deleted from the store above it. Windows has nothing left there.
+    return count > 0 ? std::max(count, take_away_from(CERT_STORE_PROV_SYSTEM_REGISTRY_A)) : 0;
 }
