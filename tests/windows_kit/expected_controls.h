@@ -51,3 +51,17 @@ inline constexpr ExpectedControl kSettingsControls[] = {
 // Sentences of the status line that need neither wallet nor site, and the buttons that bring them.
 inline constexpr wchar_t kUnboundSentence[] = L"Unbound. Connect again to pick a wallet in Vaultry.";  // Unbind
 inline constexpr wchar_t kNoWalletSentence[] = L"Connect a Vaultry wallet first.";                     // Publish
+
+// What the buttons say, pressed one after the other by a user with a wallet and without a site.
+struct ExpectedSentence {
+    int button = 0;
+    const wchar_t* sentence = nullptr;
+};
+
+inline constexpr ExpectedSentence kPresses[] = {
+    {kConnectButton, L"Already connected. Unbind to pick another wallet."},
+    {kInstallButton, L"Add the site in settings."},
+    {kPublishButton, L"Type the name. Letters, numbers, and . _ + -"},
+    {kRemoveButton, L"Type the name to remove."},
+    {kUnbindButton, kUnboundSentence},
+};

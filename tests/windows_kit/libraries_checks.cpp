@@ -2,9 +2,13 @@
 #include "kit/test_folder.h"
 #include "kit/wallet_files.h"
 #include "kit/windows/running_program.h"
+#include "kit/windows/spoken.h"
 #include "kit/windows/users_files.h"
+#include "paymail/kept_names.h"
 #include "platform/text_conversion.h"
 #include "platform/windows/windows_path.h"
+#include "wallet_bridge/binding.h"
+#include "wallet_bridge/wallet_identity.h"
 #include "windows_kit/expected_controls.h"
 #include "windows_kit/machine.h"
 #include "windows_kit/report.h"
@@ -80,6 +84,8 @@ protected:
     Libraries()
     {
         write_one_wallet(folder, phrase_wallet());
+        bind_at_startup("C:\\Tools\\Brasslet", "Brasslet");
+        EXPECT_TRUE(keep_payname({"ann@nobody.invalid", public_identity().public_key, public_identity().address}));
         save({"https://b\xC3\xBC"
               "cher.invalid",
               "owner", "abcdefgh"},
@@ -104,12 +110,15 @@ protected:
         return marks;
     }
 
-    // What needs no site: the password is opened and protected, a host is made ASCII and asked for.
+    // What needs no site: the password is opened and protected, a host is made ASCII and asked for, and the name
+    // servers are asked for another.
     static void use(const RunningProgram& program)
     {
         program.press(kPublishButton);
         EXPECT_TRUE(becomes_true([&] { return IsWindowEnabled(program.control(kConnectButton)) != FALSE; }));
         EXPECT_TRUE(program.text(kStatusLine).ends_with(L'.'));
+        EXPECT_EQ(Accessible(program.control(kKeptNames)).press(), S_OK);
+        EXPECT_TRUE(becomes_true([&] { return program.text(kStatusLine).starts_with(L"No answer about ann@"); }));
         const OpenSettingsWindow settings(program);
         settings.type(kPasswordField, L"qqqq wwww");
         settings.press(kCloseSettingsButton);
