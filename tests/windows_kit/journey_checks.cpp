@@ -7,6 +7,7 @@
 #include "platform/text_conversion.h"
 #include "platform/windows/windows_path.h"
 #include "settings/windows/settings_window_controls.h"
+#include "text/ascii.h"
 #include "windows_kit/journey.h"
 #include "windows_kit/report.h"
 
@@ -31,7 +32,8 @@ TEST_F(Journey, SettingsAreKeptAsTypedAndThePasswordProtected)
     EXPECT_EQ(saved().site, "brasslet.test");
     EXPECT_EQ(saved().user, "owner");
     EXPECT_EQ(saved().password, kPassword);
-    EXPECT_THAT(folder.read("payname/ui.json"), testing::Not(testing::HasSubstr(kPassword)));
+    for (const std::string& clear : {std::string(kPassword), base64_encode(kPassword)})
+        EXPECT_THAT(folder.read("payname/ui.json"), testing::Not(testing::HasSubstr(clear)));
 }
 
 TEST_F(Journey, ConnectAsksVaultryAndShowsTheWalletsAddress)
@@ -111,7 +113,7 @@ TEST_F(Journey, ARemovedNameIsForgotten)
     EXPECT_FALSE(folder.has("payname/payname.json"));
 }
 
-TEST_F(Journey, ANewerBuildIsToldAndItsPageNotOpenedUnasked)
+TEST_F(Journey, ANewerBuildIsToldInAQuestionAndOnTheLabel)
 {
     site().set_makers_page("<p>Current build: 0.002</p>");
     const RunningProgram program;
