@@ -50,9 +50,7 @@ UsedObjects used_objects(HANDLE process)
 {
     DWORD handles = 0;
     GetProcessHandleCount(process, &handles);
-    const DWORD drawing = GetGuiResources(process, GR_GDIOBJECTS);
     const DWORD windows = GetGuiResources(process, GR_USEROBJECTS);
     return {handles != 0 ? static_cast<int>(handles) : handles_in_table(GetProcessId(process)),
-            drawing != 0 ? static_cast<int>(drawing) : drawing_objects_in_table(process),
-            windows != 0 ? static_cast<int>(windows) : next_window_object()};
+            drawing_objects(process), windows != 0 ? static_cast<int>(windows) : next_window_object()};
 }

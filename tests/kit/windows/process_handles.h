@@ -12,8 +12,8 @@ struct ObjectCounts {
 
 ObjectCounts held_objects();
 
-// Wine's table of the drawing objects of a process; 0 when it cannot be read.
-int drawing_objects_in_table(HANDLE process);
+// Those of any process: as Windows counts them, or by the table of a system that counts none.
+int drawing_objects(HANDLE process);
 
 // The place in the desktop's table of window objects (windows, menus, cursors, hooks, ...) that the next one gets.
 // Freed places are given out again first, so that it moves up only by as much as all programs hold more than ever
