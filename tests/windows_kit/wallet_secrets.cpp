@@ -104,6 +104,16 @@ Secret phrase_as_key_of_hmac()
     return {"the phrase as HMAC's key", forms};
 }
 
+std::vector<Secret> every_eight_letters(const std::string& of, const std::string& text)
+{
+    std::vector<Secret> secrets;
+    for (std::size_t first = 0; first + 8 <= text.size(); first += 8) {
+        const std::string letters = text.substr(first, 8);
+        secrets.push_back({of + "'s letters from " + std::to_string(first), {letters, wide(letters)}});
+    }
+    return secrets;
+}
+
 // Every private key and chain code that stands on the way to the wallet's keys, by its path.
 std::map<std::string, ExtendedKey> keys_on_the_way(const Seed& seed)
 {
@@ -151,10 +161,13 @@ std::set<std::string> secrets_of_a_connected_wallet()
 
 std::vector<Secret> secrets_of_password(const std::string& password)
 {
-    std::vector<Secret> secrets;
-    for (std::size_t first = 0; first + 8 <= password.size(); first += 8) {
-        const std::string letters = password.substr(first, 8);
-        secrets.push_back({"the password's letters from " + std::to_string(first), {letters, wide(letters)}});
-    }
+    return every_eight_letters("the password", password);
+}
+
+std::vector<Secret> secrets_of_login(const std::string& user, const std::string& password)
+{
+    const std::string login = base64_encode(user + ':' + password);
+    std::vector<Secret> secrets = secrets_of_password(password);
+    std::ranges::move(every_eight_letters("the login", login.substr(login.size() / 4)), std::back_inserter(secrets));
     return secrets;
 }

@@ -24,3 +24,6 @@ std::set<std::string> secrets_of_a_connected_wallet();
 
 // Every eight letters of a password.
 std::vector<Secret> secrets_of_password(const std::string& password);
+
+// Besides, of what is sent of a login: user and password in base64. The part before the password is left out.
+std::vector<Secret> secrets_of_login(const std::string& user, const std::string& password);
