@@ -64,9 +64,10 @@ int main(int count, char** arguments)
     std::string unknown;
     const auto options = read_options({arguments + 1, arguments + count}, unknown);
     if (!options) {
-        std::printf("check.exe does not know %s. It knows --yes, --no-questions, --as-windows, --programs=FILTER and "
-                    "GoogleTest's options.\n",
-                    unknown.c_str());
+        std::printf(
+            "check.exe does not know %s. It knows --yes, --no-questions, --ask, --as-windows, --programs=FILTER and "
+            "GoogleTest's options.\n",
+            unknown.c_str());
         return kBadWord;
     }
     the_options() = *options;

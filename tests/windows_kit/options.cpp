@@ -28,7 +28,8 @@ bool take(const std::string& word, Options& options)
         return true;
     }
     return take_flag(word, "--yes", options.yes) || take_flag(word, "--no-questions", options.no_questions) ||
-           take_flag(word, "--as-windows", options.as_windows) || take_value(word, kPrograms, options.programs) ||
+           take_flag(word, "--as-windows", options.as_windows) || take_flag(word, "--ask", options.ask) ||
+           take_value(word, kPrograms, options.programs) ||
            take_flag(word, kAgreesToHighContrast, options.agrees_to_high_contrast) ||
            take_flag(word, kAgreesToAuthority, options.agrees_to_authority) ||
            take_value(word, kInside, options.inside);

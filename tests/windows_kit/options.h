@@ -8,6 +8,7 @@
 struct Options {
     bool yes = false;           // --yes: the tester agrees to everything
     bool no_questions = false;  // --no-questions: to nothing
+    bool ask = false;           // --ask: the answers come from the input, whatever that is
     bool as_windows = false;    // --as-windows: checks that this system is known to fail run all the same
     std::string programs;       // --programs=FILTER: of the test programs only these tests
     std::vector<std::string> for_googletest;

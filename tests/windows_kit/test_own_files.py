@@ -3,7 +3,7 @@ import contextlib
 import subprocess
 
 import unpacked
-from unpacked import local_app_data
+from unpacked import user_profile
 
 STARTS = "--gtest_filter=Start.*:Journey.SettingsAreKept*"
 
@@ -22,17 +22,18 @@ def running(program, title):
         process.wait()
 
 
-def files_below(folder):
-    return {path.relative_to(folder): path.read_bytes() for path in folder.rglob("*") if path.is_file()}
+def found_below(folder):
+    """Files with their bytes, and folders."""
+    return {path.relative_to(folder): path.read_bytes() if path.is_file() else None for path in folder.rglob("*")}
 
 
 def test_no_file_of_the_tester_is_touched_and_none_is_left(kit):
-    own = local_app_data() / "Corvane/payname/ui.json"
+    own = user_profile() / "AppData/Local/Corvane/payname/ui.json"
     own.parent.mkdir(parents=True, exist_ok=True)
     own.write_text('{"site":"the-testers-own.example"}')
-    before = files_below(local_app_data())
+    before = found_below(user_profile())
     assert unpacked.run(kit, "--yes", STARTS).status == 0
-    assert files_below(local_app_data()) == before
+    assert found_below(user_profile()) == before
 
 
 def test_a_brasslet_of_the_tester_is_a_reason_not_to_start(kit):

@@ -42,3 +42,10 @@ def test_it_tells_nothing_of_the_machine_that_built_it():
     with zipfile.ZipFile(ZIP) as archive:
         for name in archive.namelist():
             assert str(pathlib.Path(ROOT)).encode() not in archive.read(name), name
+
+
+def test_the_works_of_others_in_it_are_named_with_their_licences():
+    with zipfile.ZipFile(ZIP) as archive:
+        text = archive.read("files/NOTICES.txt").decode()
+    for words in ("libcurl", "GoogleTest", "Copyright 2008, Google Inc.", "(openssl 3.", "TERMS AND CONDITIONS FOR USE, REPRODUCTION"):
+        assert words in text, words

@@ -33,7 +33,7 @@ bool says_yes_to(const char* question)
 void ask_tester(Options& options)
 {
     options.agrees_to_authority = options.agrees_to_high_contrast = options.yes;
-    if (options.yes || options.no_questions || !can_be_asked()) return;
+    if (options.yes || options.no_questions || !(options.ask || can_be_asked())) return;
     options.agrees_to_authority = says_yes_to(
         "May Windows trust a certificate authority of the kit's own, for you alone and only while the checks run?\n"
         "Without it Brasslet cannot be shown with a site. Its key is made now, is kept in memory only, and is gone\n"

@@ -73,6 +73,6 @@ def clean(kit: pathlib.Path) -> int:
     return int(done.stdout)
 
 
-def local_app_data() -> pathlib.Path:
-    """Of the world's Windows user, whom the checks must not touch."""
-    return pathlib.Path(os.environ["WINEPREFIX"]) / "drive_c/users" / os.environ["USER"] / "AppData/Local"
+def user_profile() -> pathlib.Path:
+    """Of the world's Windows user, whom the checks must not touch. The folder for temporary files is in it."""
+    return pathlib.Path(os.environ["WINEPREFIX"]) / "drive_c/users" / os.environ["USER"]
