@@ -12,7 +12,7 @@ PYTHON_TEST = re.compile(r"^def (test_\w+)", re.M)
 # The program that the tests of a folder named so are in; all others are in unit_tests.
 PROGRAMS = {"host": {"wire": "wire_tests", "windows": None},
             "windows": {"wire": None, "host": None, "windows": "windows_tests"}}
-FOLDERS = {"host": ["structure"], "windows": ["world", "release"], "site": ["plugin"], "versions": ["plugin"], "e2e": ["e2e"]}
+FOLDERS = {"host": ["structure"], "windows": ["world", "release"], "kit": ["windows_kit"], "site": ["plugin"], "versions": ["plugin"], "e2e": ["e2e"]}
 
 
 def tests(layer: str):
@@ -23,6 +23,9 @@ def tests(layer: str):
             yield f"{suite}.{test}", program
     if layer in PROGRAMS:
         yield "Bench.TheQueriesGiveTheRightAnswers", "bench_queries"
+    for source in ROOT.glob("tests/windows_kit/*_checks.cpp") if layer == "kit" else []:
+        for suite, test in CPP_TEST.findall(source.read_text(encoding="utf-8")):
+            yield f"{suite}.{test}", "check"
     for target in ROOT.glob("tests/fuzz/targets/*.cpp") if layer == "host" else []:
         yield f"Replay.{target.stem}", "fuzz_replay"
     for folder in FOLDERS[layer]:

@@ -2,11 +2,16 @@
 
 #include <windows.h>
 
+#include <winternl.h>
+
+#include <algorithm>
 #include <cstdint>
+#include <vector>
 
 namespace {
 
-// An entry of the table of all drawing objects that the process environment block leads to.
+// An entry of the table of drawing objects that the process environment block leads to: under Wine those of that
+// process alone.
 struct DrawingEntry {
     std::uint64_t object;
     std::uint16_t process;
@@ -18,19 +23,24 @@ struct DrawingEntry {
 };
 
 constexpr std::size_t kTableInEnvironment = 0xF8;
-constexpr int kEntries = 0x4000;
+constexpr std::size_t kEntries = 0x4000;
 
-int drawing_objects()
+bool read(HANDLE process, const void* address, void* into, std::size_t size)
 {
-    using GetEnvironment = const std::uint8_t*(WINAPI*)();
-    const auto environment_block = reinterpret_cast<GetEnvironment>(
-        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "RtlGetCurrentPeb")));
-    const std::uint8_t* environment = environment_block();
-    const auto* table = *reinterpret_cast<const DrawingEntry* const*>(environment + kTableInEnvironment);
-    int count = 0;
-    for (int i = 0; i < kEntries; ++i)
-        if (table[i].type != 0) ++count;
-    return count;
+    return ReadProcessMemory(process, address, into, size, nullptr) != FALSE;
+}
+
+int drawing_objects_in_table(HANDLE process)
+{
+    PROCESS_BASIC_INFORMATION basics{};
+    NtQueryInformationProcess(process, ProcessBasicInformation, &basics, sizeof basics, nullptr);
+    const void* table = nullptr;
+    std::vector<DrawingEntry> entries(kEntries);
+    if (!read(process, reinterpret_cast<const char*>(basics.PebBaseAddress) + kTableInEnvironment, &table,
+              sizeof table) ||
+        !read(process, table, entries.data(), entries.size() * sizeof entries[0]))
+        return 0;
+    return static_cast<int>(std::ranges::count_if(entries, [](const DrawingEntry& entry) { return entry.type != 0; }));
 }
 
 BOOL CALLBACK count_window(HWND, LPARAM count)
@@ -57,7 +67,13 @@ int windows()
 
 ObjectCounts held_objects()
 {
-    return {drawing_objects(), windows()};
+    return {drawing_objects(GetCurrentProcess()), windows()};
+}
+
+int drawing_objects(HANDLE process)
+{
+    const DWORD counted = GetGuiResources(process, GR_GDIOBJECTS);
+    return counted != 0 ? static_cast<int>(counted) : drawing_objects_in_table(process);
 }
 
 int next_window_object()

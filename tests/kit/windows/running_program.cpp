@@ -55,7 +55,14 @@ Value read_from(HANDLE process, const void* address)
 std::wstring program_folder()
 {
     // The test program stands in build/tests, the program in build/src.
-    return widen(executable_folder()) + L"\\..\\src";
+    return test_files_folder() + L"\\..\\src";
+}
+
+std::wstring test_files_folder()
+{
+    const std::wstring beside = widen(executable_folder());
+    const std::wstring apart = beside + L"\\files\\tests";
+    return GetFileAttributesW(apart.c_str()) == INVALID_FILE_ATTRIBUTES ? beside : apart;
 }
 
 DWORD run_to_its_end()

@@ -11,6 +11,10 @@ DWORD run_to_its_end();
 // The folder that the build left the program in.
 std::wstring program_folder();
 
+// The folder of the test programs and of what they start: that of this program, or, where check.exe stands alone for a
+// person to find, files\tests beside it.
+std::wstring test_files_folder();
+
 class RunningProgram : public DrivenWindow {
 public:
     // Started from the build's folder, or from another that holds a copy of it, and asked to be shown as `show` says.

@@ -1,8 +1,6 @@
 #include "kit/windows/vaultry.h"
 
 #include "kit/windows/running_program.h"
-#include "platform/environment.h"
-#include "platform/text_conversion.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +8,7 @@ namespace {
 
 std::wstring stand_in_file()
 {
-    return widen(executable_folder()) + L"\\world\\vaultry\\vaultry_stand_in.exe";
+    return test_files_folder() + L"\\world\\vaultry\\vaultry_stand_in.exe";
 }
 
 }  // namespace
