@@ -115,7 +115,7 @@ def main() -> None:
             title = f"plugin lookup `/{route}/`, {names} name{'s' if names > 1 else ''}"
             print_row(title, "an empty REST route", found, target)
     print()
-    print(f"Executable: {desk.EXE.stat().st_size} bytes ({desk.EXE.stat().st_size / MIB:.2f} MiB; under 3.25).")
+    print(f"Executable: {desk.EXE.stat().st_size} bytes ({desk.EXE.stat().st_size / MIB:.2f} MiB; under 3.1).")
     print_memory("Brasslet after a publish (under 25)", memory)
     print_memory("a bare window", memory_of_window(BARE_WINDOW, "Bare"))
     print_memory("the plain window with libcurl set up", memory_of_window(PLAIN_WINDOW, "Plain"))
