@@ -98,9 +98,3 @@ TEST_F(CrashDump, IsToBeTakenWithoutTheHeap)
     ASSERT_EQ(answer, S_OK);
     EXPECT_EQ(flags & kNoHeap, kNoHeap);
 }
-
-TEST_F(CrashDump, ThatWindowsItselfHasTakenHoldsNoSecret)
-{
-    GTEST_SKIP() << "Where Windows keeps the dump of a program that has crashed, and whether it does, is set for the "
-                    "whole machine, which takes an administrator.";
-}
