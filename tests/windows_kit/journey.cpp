@@ -24,7 +24,8 @@ void Journey::SetUp()
 {
     if (!tester_agrees_to_trust_the_authority())
         GTEST_SKIP() << "The tester was not asked, or did not agree, to trust the authority of the kit's site.";
-    if (!site().is_trusted()) GTEST_SKIP() << "Windows was told not to trust the authority of the kit's site.";
+    if (!site().is_trusted())
+        GTEST_SKIP() << "The authority of the kit's site is not trusted: Windows was told not to, or could not.";
     site().be_the_internet();
     site().set_state("bare");
     site().set_makers_page("<p>Current build: 0.001</p>");
