@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-// libcurl's global state. Made once by the main thread before any other thread runs, and destroyed by it at the end.
+// libcurl's global state. Made once, by the user-interface thread before a worker runs, and destroyed by it at the end.
 // Every copy that libcurl makes of a credential lies in memory that is wiped when it is freed (platform/wiping_heap.h).
 class CurlLifetime {
 public:

@@ -49,6 +49,15 @@ HWND control(int id)
     return GetDlgItem(app_state().main_window, id);
 }
 
+// In its window.
+Rect place_of(HWND control)
+{
+    RECT place{};
+    GetWindowRect(control, &place);
+    MapWindowPoints(HWND_DESKTOP, app_state().main_window, reinterpret_cast<POINT*>(&place), 2);
+    return from_windows(place);
+}
+
 // `spared` is left alone: a button that is disabled for even a moment loses the focus.
 void enable_work(bool enabled, int spared)
 {
@@ -60,7 +69,7 @@ void enable_work(bool enabled, int spared)
 
 void create_controls(HWND window)
 {
-    create_all(window, kControls, app_state().fonts);
+    create_all(window, kControls, app_state().fonts, [](const MainRow& row) { return app_state().layout.*row.place; });
 
     set_accessible_name(control(kSettingsButton), L"Settings");
     set_cue(control(kNameField), L"name");
@@ -69,8 +78,11 @@ void create_controls(HWND window)
     SetWindowLongPtrW(version, GWL_STYLE, GetWindowLongPtrW(version, GWL_STYLE) | SS_NOTIFY);
     make_self_painting(version, TextFlow::one_line);
     make_self_painting(control(kKeptNames), TextFlow::one_line);
+}
 
-    app_state().tips = create_tips(window);
+void create_tips_of_controls()
+{
+    app_state().tips = create_tips(app_state().main_window);
     for (const MainRow& row : kControls)
         if (has_tip(row)) add_tip(app_state().tips, control(row.id));
 }
@@ -78,10 +90,12 @@ void create_controls(HWND window)
 void place_controls()
 {
     for (const MainRow& row : kControls) {
+        const HWND placed = control(row.id);
         const Rect& place = app_state().layout.*row.place;
+        if (place_of(placed) == place) continue;
         // Not repainted one by one: who lays out has the whole window painted afterwards.
-        MoveWindow(control(row.id), place.x, place.y, place.width, place.height, FALSE);
-        if (has_tip(row)) move_tip(app_state().tips, control(row.id));
+        MoveWindow(placed, place.x, place.y, place.width, place.height, FALSE);
+        if (app_state().tips != nullptr && has_tip(row)) move_tip(app_state().tips, placed);
     }
 }
 

@@ -1,6 +1,8 @@
 // The controls of the main window. What they are is a table; this makes them, places them and speaks to them.
 #pragma once
 
+#include "app/layout.h"
+
 #include <windows.h>
 
 #include <commctrl.h>
@@ -28,9 +30,10 @@ enum ControlId : int {
     kCloseButton = 1018,
 };
 
-void create_controls(HWND window);
-void place_controls();          // where app_state().layout says
-void reassign_control_fonts();  // after a change of DPI
+void create_controls(HWND window);  // where app_state().layout says
+void create_tips_of_controls();  // once, after create_controls: it takes as long, and nobody rests the mouse there yet
+void place_controls();           // there too
+void reassign_control_fonts();   // after a change of DPI
 
 // The whole text of a label that shows only a part of it.
 void answer_tip(NMTTDISPINFOW& question);

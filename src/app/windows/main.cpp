@@ -5,7 +5,6 @@
 #include "app/windows/single_instance.h"
 #include "app/windows/start_work.h"
 #include "app/windows/workers.h"
-#include "net/http_exchange.h"
 #include "platform/environment.h"
 #include "platform/windows/process_hardening.h"
 #include "platform/windows/shell.h"
@@ -59,8 +58,9 @@ void open_main_window(HINSTANCE instance, int show, StartWork& work)
     UpdateWindow(window);
 }
 
-void start_workers()
+void CALLBACK start_workers(HWND, UINT, UINT_PTR timer, DWORD)
 {
+    KillTimer(nullptr, timer);
     start_update_check(app_state().main_window);
     start_name_guard();
 }
@@ -97,8 +97,9 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, PSTR, int show)
     StartWork work;
     open_main_window(instance, show, work);
     turn.reset();
-    const CurlLifetime curl;  // after the window, because it takes as long as making that, and only workers need it
-    start_workers();
+    // A timer's message comes when the new window is painted and nothing else waits: the first worker needs libcurl,
+    // and to set that up takes as long as to make the window.
+    SetTimer(nullptr, 0, USER_TIMER_MINIMUM, start_workers);
     const int exit_code = answer_messages();
 
     // A worker may be in the middle of a request or of a wallet query: nothing that it uses is taken down under it. Nor

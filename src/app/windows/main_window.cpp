@@ -20,6 +20,8 @@ namespace {
 constexpr DWORD kStyle = (WS_OVERLAPPEDWINDOW & ~static_cast<DWORD>(WS_MAXIMIZEBOX)) | WS_CLIPCHILDREN;
 static_assert(kStyle == 0x02CE0000);
 
+constexpr UINT_PTR kIdleTimer = 1;
+
 // With its frame.
 Size start_size(unsigned dpi)
 {
@@ -27,6 +29,13 @@ Size start_size(unsigned dpi)
     RECT window{0, 0, client.width, client.height};
     AdjustWindowRectExForDpi(&window, kStyle, FALSE, 0, dpi);
     return {window.right - window.left, window.bottom - window.top};
+}
+
+MainLayout layout_of(HWND window)
+{
+    RECT client{};
+    GetClientRect(window, &client);
+    return main_layout(client.right, app_state().dpi);
 }
 
 void on_create(HWND window, const std::function<CardTexts()>& first_texts)
@@ -37,19 +46,25 @@ void on_create(HWND window, const std::function<CardTexts()>& first_texts)
     show_icons(window, state.dpi, state.icons);
     state.fonts = make_fonts(state.dpi);
     refresh_colours(window);
+    state.layout = layout_of(window);
     create_controls(window);
     refresh_version_label();
     show_cards(first_texts());
     tell_of_read_settings();
-    keep_focus(window);
+    SetTimer(window, kIdleTimer, USER_TIMER_MINIMUM, nullptr);
+}
+
+// The first timer message comes when all else is done, the painting of the new window too. Any program can send
+// another.
+void on_idle(HWND window)
+{
+    KillTimer(window, kIdleTimer);
+    if (app_state().tips == nullptr) create_tips_of_controls();
 }
 
 void lay_out(HWND window)
 {
-    AppState& state = app_state();
-    RECT client{};
-    GetClientRect(window, &client);
-    state.layout = main_layout(client.right, state.dpi);
+    app_state().layout = layout_of(window);
     place_controls();
     // The controls too, wherever they stand: what shows behind them goes with the height of the window. Nothing is
     // erased, since all of them paint everything that they cover. Only the field has a frame to be painted, and a
@@ -162,6 +177,7 @@ void on_destroy(HWND window)
 LRESULT CALLBACK main_window_procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam)
 {
     if (tells_of_new_colours(message)) repaint_in_new_colours(window);
+    keep_focus(window, message, wparam);
     switch (message) {
     case WM_CREATE:
         on_create(window, *static_cast<const std::function<CardTexts()>*>(
@@ -190,6 +206,9 @@ LRESULT CALLBACK main_window_procedure(HWND window, UINT message, WPARAM wparam,
         return reinterpret_cast<LRESULT>(colour_field(reinterpret_cast<HDC>(wparam)));
     case WM_COMMAND:
         on_command(window, LOWORD(wparam), HIWORD(wparam));
+        return 0;
+    case WM_TIMER:
+        on_idle(window);
         return 0;
     case WM_NOTIFY:
         on_notify(*reinterpret_cast<NMHDR*>(lparam));

@@ -1,6 +1,7 @@
 #include "app/windows/workers.h"
 
 #include "build_values.h"
+#include "net/http_exchange.h"
 #include "platform/text_conversion.h"
 #include "update/update_check.h"
 #include "wallet_bridge/connect.h"
@@ -15,6 +16,7 @@ std::atomic<int> running_workers = 0;
 template <typename Work>
 void start_worker(Work work)
 {
+    static const CurlLifetime curl;  // for all of them, until the process ends
     ++running_workers;
     std::thread([work = std::move(work)] {
         work();

@@ -142,6 +142,7 @@ LRESULT CALLBACK settings_window_procedure(HWND window, UINT message, WPARAM wpa
     OpenWindow* open = open_window(window);
     if (open == nullptr) return DefWindowProcW(window, message, wparam, lparam);
     if (tells_of_new_colours(message)) on_new_colours(window, *open);
+    keep_focus(window, message, wparam);
     const Palette& palette = users_palette();
     switch (message) {
     case WM_PAINT:
@@ -220,7 +221,6 @@ void open_settings_window(const SettingsWindowHost& host)
     create_settings_controls(window, *host.settings, open_window(window)->fonts, host.dpi);
     adopt_dpi_of_monitor(window, *open_window(window));
     apply_frame_colours(window);
-    keep_focus(window);
     ShowWindow(window, SW_SHOW);
     SetFocus(GetDlgItem(window, kSiteField));
 }

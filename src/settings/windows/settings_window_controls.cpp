@@ -26,11 +26,10 @@ constexpr ControlRow<Rect> kControls[] = {
     {kCloseSettingsButton, ControlKind::button, L"Close", kBodyText, {kLeft, 248, 120, 34}},
 };
 
-void place_all(HWND window, unsigned dpi)
+Rect place_at(const ControlRow<Rect>& row, unsigned dpi)
 {
-    for (const ControlRow<Rect>& row : kControls)
-        MoveWindow(GetDlgItem(window, row.id), scaled(row.place.x, dpi), scaled(row.place.y, dpi),
-                   scaled(row.place.width, dpi), scaled(row.place.height, dpi), FALSE);
+    return {scaled(row.place.x, dpi), scaled(row.place.y, dpi), scaled(row.place.width, dpi),
+            scaled(row.place.height, dpi)};
 }
 
 }  // namespace
@@ -43,13 +42,15 @@ Size settings_client_size(unsigned dpi)
 void fit_settings_controls(HWND window, const Fonts& fonts, unsigned dpi)
 {
     change_fonts(window, kControls, fonts);
-    place_all(window, dpi);
+    for (const ControlRow<Rect>& row : kControls) {
+        const Rect place = place_at(row, dpi);
+        MoveWindow(GetDlgItem(window, row.id), place.x, place.y, place.width, place.height, FALSE);
+    }
 }
 
 void create_settings_controls(HWND window, const SiteSettings& settings, const Fonts& fonts, unsigned dpi)
 {
-    create_all(window, kControls, fonts);
-    place_all(window, dpi);
+    create_all(window, kControls, fonts, [dpi](const ControlRow<Rect>& row) { return place_at(row, dpi); });
     show_in_fields(window, settings);
     prepare_password_field(GetDlgItem(window, kPasswordField), settings.pass.opens());
     name_eye(window, false);

@@ -8,7 +8,6 @@
 
 namespace {
 
-constexpr int kProvisionalSize = 10;
 constexpr DWORD kWrapped = WS_CLIPSIBLINGS | SS_NOPREFIX;
 
 Font make_font(const wchar_t* face, BYTE family, int height, unsigned dpi)
@@ -19,22 +18,28 @@ Font make_font(const wchar_t* face, BYTE family, int height, unsigned dpi)
                             static_cast<DWORD>(DEFAULT_PITCH | family), face));
 }
 
-HWND create_child(HWND parent, int id, const wchar_t* window_class, const wchar_t* text, DWORD style,
-                  DWORD extended_style)
+// What Windows' own classes are asked for; only the text and the place differ within a kind.
+struct Form {
+    const wchar_t* window_class;
+    DWORD style;
+    DWORD extended_style;
+};
+
+constexpr Form static_form(DWORD style)
 {
-    return CreateWindowExW(extended_style, window_class, text, WS_CHILD | WS_VISIBLE | style, 0, 0, kProvisionalSize,
-                           kProvisionalSize, parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
-                           GetModuleHandleW(nullptr), nullptr);
+    return {L"STATIC", style, 0};
 }
 
-HWND create_static(HWND parent, int id, const wchar_t* text, DWORD style)
+constexpr Form field_form(DWORD more_style)
 {
-    return create_child(parent, id, L"STATIC", text, style, 0);
+    return {L"EDIT", WS_TABSTOP | ES_AUTOHSCROLL | more_style, WS_EX_CLIENTEDGE};
 }
 
-HWND create_field(HWND parent, int id, const wchar_t* text, DWORD more_style)
+HWND create_child(HWND parent, int id, const Form& form, const wchar_t* text, const Rect& place)
 {
-    return create_child(parent, id, L"EDIT", text, WS_TABSTOP | ES_AUTOHSCROLL | more_style, WS_EX_CLIENTEDGE);
+    return CreateWindowExW(form.extended_style, form.window_class, text, WS_CHILD | WS_VISIBLE | form.style, place.x,
+                           place.y, place.width, place.height, parent,
+                           reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleW(nullptr), nullptr);
 }
 
 }  // namespace
@@ -45,22 +50,22 @@ Fonts make_fonts(unsigned dpi)
             make_font(L"Georgia", FF_ROMAN, 26, dpi)};
 }
 
-HWND create_control(HWND window, int id, ControlKind kind, const wchar_t* text)
+HWND create_control(HWND window, int id, ControlKind kind, const wchar_t* text, const Rect& place)
 {
     switch (kind) {
     case ControlKind::label:
     case ControlKind::clickable_label:
-        return create_static(window, id, text, kWrapped | SS_ENDELLIPSIS);
+        return create_child(window, id, static_form(kWrapped | SS_ENDELLIPSIS), text, place);
     case ControlKind::wrapped_label:
-        return create_static(window, id, text, kWrapped);
+        return create_child(window, id, static_form(kWrapped), text, place);
     case ControlKind::hint:
-        return create_static(window, id, text, SS_NOPREFIX);
+        return create_child(window, id, static_form(SS_NOPREFIX), text, place);
     case ControlKind::button:
-        return create_drawn_button(window, id, text);
+        return create_drawn_button(window, id, text, place);
     case ControlKind::field:
-        return create_field(window, id, text, 0);
+        return create_child(window, id, field_form(0), text, place);
     case ControlKind::password_field:
-        return create_field(window, id, text, ES_PASSWORD);
+        return create_child(window, id, field_form(ES_PASSWORD), text, place);
     }
     return nullptr;
 }

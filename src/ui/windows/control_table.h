@@ -2,6 +2,7 @@
 // creation, which is also the order of the Tab key.
 #pragma once
 
+#include "ui/geometry.h"
 #include "ui/windows/gdi.h"
 
 #include <string>
@@ -46,16 +47,17 @@ struct ControlRow {
     bool starts_work = false;  // disabled while the program works for the user
 };
 
-// A visible child of a provisional size. Null when Windows refuses.
-HWND create_control(HWND window, int id, ControlKind kind, const wchar_t* text);
+// A visible child. Null when Windows refuses.
+HWND create_control(HWND window, int id, ControlKind kind, const wchar_t* text, const Rect& place);
 
 void set_font(HWND control, const Font& font);
 
-template <typename Rows>
-void create_all(HWND window, const Rows& rows, const Fonts& fonts)
+// `place_of` says of a row where its control stands, in pixels.
+template <typename Rows, typename PlaceOf>
+void create_all(HWND window, const Rows& rows, const Fonts& fonts, PlaceOf place_of)
 {
     for (const auto& row : rows)
-        set_font(create_control(window, row.id, row.kind, row.text), fonts.*row.fonts.at_creation);
+        set_font(create_control(window, row.id, row.kind, row.text, place_of(row)), fonts.*row.fonts.at_creation);
 }
 
 // Hands out the fonts of another DPI.

@@ -7,8 +7,6 @@
 
 namespace {
 
-constexpr int kProvisionalSize = 10;
-
 void show_hand()
 {
     SetCursor(LoadCursorW(nullptr, IDC_HAND));
@@ -79,11 +77,11 @@ LRESULT CALLBACK behave(HWND button, UINT message, WPARAM wparam, LPARAM lparam,
 
 }  // namespace
 
-HWND create_drawn_button(HWND parent, int id, const wchar_t* label)
+HWND create_drawn_button(HWND parent, int id, const wchar_t* label, const Rect& place)
 {
     constexpr DWORD kStyle = WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_TABSTOP | BS_OWNERDRAW;
     const HWND button =
-        CreateWindowExW(0, L"BUTTON", label, kStyle, 0, 0, kProvisionalSize, kProvisionalSize, parent,
+        CreateWindowExW(0, L"BUTTON", label, kStyle, place.x, place.y, place.width, place.height, parent,
                         reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleW(nullptr), nullptr);
     if (button != nullptr) SetWindowSubclass(button, behave, 0, 0);
     return button;

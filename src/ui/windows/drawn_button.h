@@ -1,13 +1,14 @@
 // The program's buttons: owner-drawn, softly shaded, with a hand cursor and a lighter face under the mouse.
 #pragma once
 
+#include "ui/geometry.h"
 #include "ui/windows/gdi.h"
 
 // Window property of a button that the mouse is over.
 inline constexpr wchar_t kHotProperty[] = L"payname.hot";
 
-// A visible child button of a provisional size; the layout places it. Null when Windows refuses.
-HWND create_drawn_button(HWND parent, int id, const wchar_t* label);
+// A visible child button. Null when Windows refuses.
+HWND create_drawn_button(HWND parent, int id, const wchar_t* label, const Rect& place);
 
 // What stands on a button in place of its label.
 enum class Picture { none, gear, open_eye, struck_eye };

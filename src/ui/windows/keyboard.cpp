@@ -1,7 +1,5 @@
 #include "ui/windows/keyboard.h"
 
-#include <commctrl.h>
-
 namespace {
 
 // Window property of a top-level window: the control that had the focus when the user left.
@@ -29,9 +27,15 @@ bool is_minimising(WPARAM command)
     return (command & ~kSystemsOwnBits) == SC_MINIMIZE;
 }
 
-// Subclass procedure of a top-level window.
-LRESULT CALLBACK give_focus_back_on_return(HWND window, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR id,
-                                           DWORD_PTR)
+WPARAM pressed(HWND control)
+{
+    static_assert(BN_CLICKED == STN_CLICKED);
+    return MAKEWPARAM(GetDlgCtrlID(control), BN_CLICKED);
+}
+
+}  // namespace
+
+void keep_focus(HWND window, UINT message, WPARAM wparam)
 {
     switch (message) {
     case WM_ACTIVATE:
@@ -47,25 +51,10 @@ LRESULT CALLBACK give_focus_back_on_return(HWND window, UINT message, WPARAM wpa
     case WM_NCDESTROY:
         RemovePropW(window, kFocusProperty);
         RemovePropW(window, kKeyboardProperty);
-        RemoveWindowSubclass(window, give_focus_back_on_return, id);
         break;
     default:
         break;
     }
-    return DefSubclassProc(window, message, wparam, lparam);
-}
-
-WPARAM pressed(HWND control)
-{
-    static_assert(BN_CLICKED == STN_CLICKED);
-    return MAKEWPARAM(GetDlgCtrlID(control), BN_CLICKED);
-}
-
-}  // namespace
-
-void keep_focus(HWND window)
-{
-    SetWindowSubclass(window, give_focus_back_on_return, 0, 0);
 }
 
 bool handle_dialog_message(HWND window, MSG& message)

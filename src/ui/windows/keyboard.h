@@ -4,9 +4,9 @@
 
 #include <windows.h>
 
-// Lets the top-level window `window` give the focus back to the control that had it when the user returns to the
-// window. To be called once, when the window is made.
-void keep_focus(HWND window);
+// For the procedure of a top-level window, which calls it with every message: gives the focus back to the control that
+// had it when the user returns to the window.
+void keep_focus(HWND window, UINT message, WPARAM wparam);
 
 // Takes a message that moves the focus in `window` as the keys of a dialog do, and notes on the way whether the user
 // works with the keyboard or with the mouse. False: the message is still to be dispatched.

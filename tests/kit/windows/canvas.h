@@ -39,7 +39,7 @@ struct Button {
     Button()
     {
         parent = CreateWindowExW(0, L"STATIC", nullptr, WS_POPUP, 0, 0, 300, 200, nullptr, nullptr, nullptr, nullptr);
-        window = create_drawn_button(parent, 1006, L"");
+        window = create_drawn_button(parent, 1006, L"", {0, 0, 10, 10});
         MoveWindow(window, 20, 60, kWidth, kHeight, FALSE);
     }
     Button(const Button&) = delete;

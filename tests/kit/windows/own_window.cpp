@@ -46,7 +46,7 @@ OwnWindow::OwnWindow(unsigned expected_dpi, const std::function<CardTexts()>& fi
     m_window = create_main_window(GetModuleHandleW(nullptr), first_texts);
     EXPECT_NE(m_window, nullptr);
     ShowWindow(m_window, SW_SHOWNORMAL);
-    answer_messages();
+    EXPECT_TRUE(comes_true([] { return app_state().tips != nullptr; })) << "the window is not done";
 }
 
 OwnWindow::~OwnWindow()
