@@ -33,6 +33,8 @@ struct MainLayout {
     Rect close;
     Rect version;
     int card_corner = 0;  // diameter of a card's round corners
+
+    bool operator==(const MainLayout&) const = default;
 };
 
 // For a client area of `client_width` pixels at `dpi`. The layout grows from the top, so the height does not matter.

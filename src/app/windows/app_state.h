@@ -27,6 +27,7 @@ struct AppState {
     Brush edit_brush;
     WindowIcons icons;
     MainLayout layout;
+    bool is_new = true;  // until the window hears of its size for the first time: the controls were made for it
 
     bool is_busy = false;
     int waiting_button = 0;  // id of the button that reads "Wait..."; 0: none

@@ -49,15 +49,6 @@ HWND control(int id)
     return GetDlgItem(app_state().main_window, id);
 }
 
-// In its window.
-Rect place_of(HWND control)
-{
-    RECT place{};
-    GetWindowRect(control, &place);
-    MapWindowPoints(HWND_DESKTOP, app_state().main_window, reinterpret_cast<POINT*>(&place), 2);
-    return from_windows(place);
-}
-
 // `spared` is left alone: a button that is disabled for even a moment loses the focus.
 void enable_work(bool enabled, int spared)
 {
@@ -92,7 +83,6 @@ void place_controls()
     for (const MainRow& row : kControls) {
         const HWND placed = control(row.id);
         const Rect& place = app_state().layout.*row.place;
-        if (place_of(placed) == place) continue;
         // Not repainted one by one: who lays out has the whole window painted afterwards.
         MoveWindow(placed, place.x, place.y, place.width, place.height, FALSE);
         if (app_state().tips != nullptr && has_tip(row)) move_tip(app_state().tips, placed);

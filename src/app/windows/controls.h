@@ -32,7 +32,7 @@ enum ControlId : int {
 
 void create_controls(HWND window);  // where app_state().layout says
 void create_tips_of_controls();  // once, after create_controls: it takes as long, and nobody rests the mouse there yet
-void place_controls();           // there too
+void place_controls();           // there again, after it has changed
 void reassign_control_fonts();   // after a change of DPI
 
 // The whole text of a label that shows only a part of it.

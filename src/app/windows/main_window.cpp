@@ -64,7 +64,9 @@ void on_idle(HWND window)
 
 void lay_out(HWND window)
 {
-    app_state().layout = layout_of(window);
+    AppState& state = app_state();
+    const MainLayout before = std::exchange(state.layout, layout_of(window));
+    if (std::exchange(state.is_new, false) && state.layout == before) return;
     place_controls();
     // The controls too, wherever they stand: what shows behind them goes with the height of the window. Nothing is
     // erased, since all of them paint everything that they cover. Only the field has a frame to be painted, and a
