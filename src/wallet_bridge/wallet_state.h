@@ -7,15 +7,13 @@
 #include "wallet_bridge/wallet_events.h"
 
 #include <optional>
-#include <set>
 #include <string>
 
 // The connected wallet as it was last read from its file.
 struct LoadedWallet {
-    std::optional<Wallet> wallet;           // empty: none is loaded
-    std::string id;                         // in the wallet list; empty for the older single wallet file
-    std::string path;                       // the file that was read
-    std::set<std::string> spent_outpoints;  // ordinal items known to be spent; outpoints as plain text
+    std::optional<Wallet> wallet;  // empty: none is loaded
+    std::string id;                // in the wallet list; empty for the older single wallet file
+    std::string path;              // the file that was read
 };
 
 // The proof that the wallet state is locked, and the way to the loaded wallet. Whoever has one hands it on to what
