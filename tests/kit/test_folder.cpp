@@ -100,3 +100,9 @@ bool TestFolder::has(const std::string& name) const
 {
     return file_status(data() + "/" + name) == FileStatus::exists;
 }
+
+void TestFolder::age(const std::string& name) const
+{
+    const std::filesystem::path path = system_path(m_path + "/Corvane/" + name);
+    std::filesystem::last_write_time(path, std::filesystem::last_write_time(path) - std::chrono::hours(1));
+}
