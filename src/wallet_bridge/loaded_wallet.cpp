@@ -39,13 +39,13 @@ bool load_wallet(HeldWallet& held)
 
 bool load_wallet(HeldWallet& held, const std::string& wallet_id)
 {
-    const std::optional<Wallet> before = std::exchange(held->wallet, std::nullopt);
+    std::optional<Wallet> before = std::exchange(held->wallet, std::nullopt);
     forget_wallet(held);
     const std::string path = path_of(wallet_id);
     if (has_seal(path)) return false;
     auto text = read_file(path);
     if (!text) return false;
-    held->wallet = read_wallet(SecretText(std::move(*text)), before ? &*before : nullptr);
+    held->wallet = read_wallet(SecretText(std::move(*text)), std::move(before));
     held->id = wallet_id;
     held->path = path;
     if (!held->wallet) return false;
@@ -67,7 +67,7 @@ bool save_wallet(HeldWallet& held)
     const bool is_written = rewrite_existing(held->path, text.text(), [&held](std::string_view current) {
         return current == held->wallet->source.text() && file_status(seal_path(held->path)) == FileStatus::missing;
     });
-    if (is_written) held->wallet->source = std::move(text);
+    if (is_written) set_source(*held->wallet, std::move(text));
     return is_written;
 }
 

@@ -12,9 +12,9 @@ std::string wallet_path();
 // Whether that file is locked: a seal file lies beside it, or it holds a lock record.
 bool is_wallet_locked();
 
-// Forgets the wallet that was loaded before, then reads the file and derives the keys; those of the wallet of before
-// serve again when the file still gives the same phrase and counters. Records the ordinals address with the house
-// labels. False, with no wallet loaded, for a locked, missing or malformed file.
+// Forgets the wallet that was loaded before, then reads the file and derives the keys. What it says as it did then is
+// taken over from the wallet of before: the keys of the same phrase and counters, everything of the same bytes. Records
+// the ordinals address with the house labels. False, with no wallet loaded, for a locked, missing or malformed file.
 [[nodiscard]] bool load_wallet(HeldWallet& held);
 
 // The same for a caller who has asked for bound_wallet_id() already.
