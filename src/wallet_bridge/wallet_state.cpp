@@ -16,6 +16,8 @@ HeldWallet hold_wallet()
 void start_wallet_state_afresh()
 {
     wallet_state().wallet.set({});
+    wallet_state().house_labels.set({});
     wallet_state().binding.set({});
+    wallet_state().listed_name.set({});
     wallet_state().sinks.set({});
 }

@@ -1,10 +1,13 @@
-// All that this process remembers about its wallet from one question to the next: the one owner of it.
+// All that this process remembers about its wallet, and of the files about it, from one question to the next: the one
+// owner of it.
 #pragma once
 
 #include "wallet/wallet_document.h"
 #include "wallet_bridge/binding.h"
 #include "wallet_bridge/guarded.h"
+#include "wallet_bridge/house_labels_file.h"
 #include "wallet_bridge/wallet_events.h"
+#include "wallet_bridge/wallet_list.h"
 
 #include <optional>
 #include <string>
@@ -26,9 +29,11 @@ struct EventSinks {
 };
 
 struct WalletState {
-    Guarded<LoadedWallet> wallet;    // held for the whole of a query; the first lock of docs/architecture.md
-    Guarded<WalletBinding> binding;  // never held while a file is read or written
-    Guarded<EventSinks> sinks;       // never held while a sink runs
+    Guarded<LoadedWallet> wallet;            // held for the whole of a query; the first lock of docs/architecture.md
+    Guarded<KnownHouseLabels> house_labels;  // held from the file's reading to its writing
+    Guarded<WalletBinding> binding;          // never held while a file is read or written
+    Guarded<ListedName> listed_name;         // never held while a file is read or written
+    Guarded<EventSinks> sinks;               // never held while a sink runs
 };
 
 // Never destroyed: a worker may be in it when the process ends.
