@@ -41,3 +41,6 @@ WalletState& wallet_state();
 
 // Locks the wallet state; waits without a time limit. Any thread.
 [[nodiscard]] HeldWallet hold_wallet();
+
+// Forgets what is known of the house labels and the wallet list.
+void forget_known_files();

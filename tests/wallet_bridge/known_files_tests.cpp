@@ -3,6 +3,7 @@
 #include "platform/files.h"
 #include "text/json.h"
 #include "wallet_bridge/afresh.h"
+#include "wallet_bridge/connect.h"
 #include "wallet_bridge/house_labels.h"
 #include "wallet_bridge/wallet_identity.h"
 #include "wallet_bridge/wallet_list.h"
@@ -124,6 +125,13 @@ TEST_F(KnownLabels, TheOlderLocationIsNoticedAsSoonAsItHoldsSomething)
     std::filesystem::current_path(std::filesystem::temp_directory_path());
 }
 
+TEST_F(KnownLabels, AnUnbindForgetsThem)
+{
+    know();
+    EXPECT_EQ(disconnect_wallet(), "success");
+    EXPECT_EQ(wallet_state().house_labels.copy().document, nlohmann::json::object());
+}
+
 TEST_F(KnownLabels, AfreshNothingIsKnown)
 {
     know();
@@ -161,6 +169,13 @@ TEST_F(KnownName, IsOfOneWalletAndOnePaymail)
     know();
     set_registry_name_from_paymail("1", "bob");
     EXPECT_EQ(name(), "bob");
+}
+
+TEST_F(KnownName, AnUnbindForgetsIt)
+{
+    know();
+    EXPECT_EQ(disconnect_wallet(), "success");
+    EXPECT_EQ(wallet_state().listed_name.copy().name, "");
 }
 
 TEST_F(KnownName, AfreshItIsNotKnown)

@@ -182,6 +182,19 @@ TEST(LoadedWallet, SavingKeepsWhatTheFileHeldBesides)
     EXPECT_EQ(parse_json(folder.read(kWallet))["paymail"], "bob");
 }
 
+TEST(LoadedWallet, ALoadAfterASaveGivesWhatWasSaved)
+{
+    const TestFolder folder;
+    HeldWallet held = hold_wallet();
+    bind_to_wallet(folder, phrase_wallet());
+    ASSERT_TRUE(load_wallet(held));
+    held->wallet->paymail = "ann";
+    ASSERT_TRUE(save_wallet(held));
+    held->wallet->paymail = "bob";
+    ASSERT_TRUE(load_wallet(held));
+    EXPECT_EQ(held->wallet->paymail, "ann");
+}
+
 TEST(LoadedWallet, SavingDoesNotUndoWhatAnotherProgramWroteMeanwhile)
 {
     const TestFolder folder;
