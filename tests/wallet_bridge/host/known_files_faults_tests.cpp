@@ -158,8 +158,9 @@ TEST_F(KnownFileFaults, LabelsThatComeBetweenTheStampAndTheReadingAreNotSeenWhen
 TEST_F(KnownFileFaults, LabelsOfTheOlderLocationAreWrittenByTheNextQueryWhenTheyCouldNotBe)
 {
     std::filesystem::current_path(native_path(folder.path()));
-    ASSERT_TRUE(create_folders("userinfo"));
+    ASSERT_TRUE(create_folders("userinfo") && create_folders(folder.data()));
     ASSERT_TRUE(write_file(kOlder, kAnn));
+    folder.age("../userinfo/corvane_paymail.json");
     stand_in().files.writes_fail = true;
     EXPECT_EQ(house_label_of("02ab"), "ann");
     EXPECT_EQ(house_label_of("02ab"), "ann");
