@@ -1,5 +1,3 @@
-// EC_KEY is deprecated; its replacement, EVP_PKEY, cannot compute the public key of a private key.
-#define OPENSSL_SUPPRESS_DEPRECATED
 #include "wallet/extended_key.h"
 
 #include "text/freed_by.h"
@@ -17,17 +15,16 @@ namespace {
 
 using Number = std::unique_ptr<BIGNUM, FreedBy<BN_clear_free>>;
 using Scratch = std::unique_ptr<BN_CTX, FreedBy<BN_CTX_free>>;
-using Key = std::unique_ptr<EC_KEY, FreedBy<EC_KEY_free>>;
-using Point = std::unique_ptr<EC_POINT, FreedBy<EC_POINT_free>>;
+using Point = std::unique_ptr<EC_POINT, FreedBy<EC_POINT_clear_free>>;
 
-// Curve parameters and scratch space; not usable when an allocation failed.
-struct Curve {
-    Scratch scratch{BN_CTX_new()};
-    Key key{EC_KEY_new_by_curve_name(NID_secp256k1)};
-    const EC_GROUP* group = key ? EC_KEY_get0_group(key.get()) : nullptr;
-    Number order{BN_new()};
-    bool is_usable = scratch && group != nullptr && order && EC_GROUP_get_order(group, order.get(), scratch.get()) == 1;
-};
+// The curve's parameters, made once: to make them takes longer than a hardened step. They are public and from then on
+// only read, so all threads share them; scratch space, which holds what is computed from a key, is every call's own.
+// Null when libcrypto had no memory for them. Never freed: a worker may be deriving when the process ends.
+const EC_GROUP* secp256k1()
+{
+    static const EC_GROUP* const group = EC_GROUP_new_by_curve_name(NID_secp256k1);
+    return group;
+}
 
 Number number_from(std::span<const std::uint8_t, 32> bytes)
 {
@@ -40,20 +37,18 @@ Number number_from(std::span<const std::uint8_t, 32> bytes)
 
 std::optional<PublicKey> public_key_of(std::span<const std::uint8_t, 32> private_key)
 {
-    const Curve curve;
+    const EC_GROUP* const curve = secp256k1();
+    if (curve == nullptr) return std::nullopt;
     const Number secret = number_from(private_key);
-    if (!curve.is_usable || !secret) return std::nullopt;
-    if (BN_is_zero(secret.get()) || BN_cmp(secret.get(), curve.order.get()) >= 0) return std::nullopt;
+    const Scratch scratch(BN_CTX_new());
+    const Point point(EC_POINT_new(curve));
+    if (!secret || !scratch || !point) return std::nullopt;
+    if (BN_is_zero(secret.get()) || BN_cmp(secret.get(), EC_GROUP_get0_order(curve)) >= 0) return std::nullopt;
 
-    const Point point(EC_POINT_new(curve.group));
-    if (!point || EC_POINT_mul(curve.group, point.get(), secret.get(), nullptr, nullptr, curve.scratch.get()) != 1 ||
-        EC_KEY_set_private_key(curve.key.get(), secret.get()) != 1 ||
-        EC_KEY_set_public_key(curve.key.get(), point.get()) != 1) {
-        return std::nullopt;
-    }
     PublicKey compressed{};
-    if (EC_POINT_point2oct(curve.group, EC_KEY_get0_public_key(curve.key.get()), POINT_CONVERSION_COMPRESSED,
-                           compressed.data(), compressed.size(), curve.scratch.get()) != compressed.size()) {
+    if (EC_POINT_mul(curve, point.get(), secret.get(), nullptr, nullptr, scratch.get()) != 1 ||
+        EC_POINT_point2oct(curve, point.get(), POINT_CONVERSION_COMPRESSED, compressed.data(), compressed.size(),
+                           scratch.get()) != compressed.size()) {
         return std::nullopt;
     }
     return compressed;
@@ -62,16 +57,17 @@ std::optional<PublicKey> public_key_of(std::span<const std::uint8_t, 32> private
 std::optional<WipedBuffer<32>> tweaked_key(std::span<const std::uint8_t, 32> tweak,
                                            std::span<const std::uint8_t, 32> key)
 {
-    const Curve curve;
+    const EC_GROUP* const curve = secp256k1();
+    if (curve == nullptr) return std::nullopt;
+    const BIGNUM* const order = EC_GROUP_get0_order(curve);
     const Number addend = number_from(tweak);
     const Number parent = number_from(key);
     const Number sum(BN_new());
-    if (!curve.is_usable || !addend || !parent || !sum) return std::nullopt;
-    if (BN_cmp(addend.get(), curve.order.get()) >= 0) return std::nullopt;
-    if (BN_mod_add(sum.get(), addend.get(), parent.get(), curve.order.get(), curve.scratch.get()) != 1 ||
-        BN_is_zero(sum.get())) {
+    const Scratch scratch(BN_CTX_new());
+    if (!addend || !parent || !sum || !scratch) return std::nullopt;
+    if (BN_cmp(addend.get(), order) >= 0) return std::nullopt;
+    if (BN_mod_add(sum.get(), addend.get(), parent.get(), order, scratch.get()) != 1 || BN_is_zero(sum.get()))
         return std::nullopt;
-    }
     WipedBuffer<32> child;
     if (BN_bn2binpad(sum.get(), child.data(), static_cast<int>(child.size())) != static_cast<int>(child.size())) {
         return std::nullopt;

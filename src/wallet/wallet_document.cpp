@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <initializer_list>
+#include <utility>
 
 namespace {
 
@@ -30,7 +31,7 @@ bool has_keys_of(const Wallet& known, const Wallet& wallet)
            known.receive_counters[kOrdinalsCounter] == wallet.receive_counters[kOrdinalsCounter];
 }
 
-bool read_phrase_wallet(const json& document, const Wallet* known, Wallet& wallet)
+bool read_phrase_wallet(const json& document, std::optional<Wallet>& known, Wallet& wallet)
 {
     wallet.has_phrase = true;
     wallet.phrase = SecretText(document["mnemonic"].get_ref<const std::string&>());
@@ -44,8 +45,8 @@ bool read_phrase_wallet(const json& document, const Wallet* known, Wallet& walle
     wallet.receive_counters = counters_from(document);
     wallet.shown = shown_from(document, wallet.receive_counters[1]);
     wallet.paymail = text_member(document, "paymail");
-    if (known != nullptr && has_keys_of(*known, wallet)) {
-        wallet.keys = known->keys;
+    if (known && has_keys_of(*known, wallet)) {
+        wallet.keys = std::move(known->keys);
         return true;
     }
     auto keys = derive_wallet_keys(wallet.phrase, wallet.shown, wallet.receive_counters[kOrdinalsCounter]);
@@ -69,7 +70,7 @@ bool read_single_key_wallet(const json& document, Wallet& wallet)
     return !keys.address.empty();
 }
 
-bool read_document(const json& document, const Wallet* known, Wallet& wallet)
+bool read_document(const json& document, std::optional<Wallet>& known, Wallet& wallet)
 {
     if (!document.is_object()) return false;
     const auto mnemonic = document.find("mnemonic");
@@ -84,8 +85,12 @@ bool read_document(const json& document, const Wallet* known, Wallet& wallet)
 
 }  // namespace
 
-std::optional<Wallet> read_wallet(SecretText text, const Wallet* known)
+std::optional<Wallet> read_wallet(SecretText text, std::optional<Wallet> known)
 {
+    if (known && known->source.text() == text.text()) {
+        known->paymail = known->source_paymail;
+        return known;
+    }
     if (is_lock_record(text.text())) {
         auto plain = open_lock_record(lock_key(), text.text());
         if (!plain) return std::nullopt;
@@ -94,7 +99,7 @@ std::optional<Wallet> read_wallet(SecretText text, const Wallet* known)
     std::optional<Wallet> wallet(std::in_place);
     if (!read_document(parse_json(text.text()), known, *wallet)) wallet.reset();
     wipe_finished_stack();
-    if (wallet) wallet->source = std::move(text);
+    if (wallet) set_source(*wallet, std::move(text));
     return wallet;
 }
 
@@ -173,4 +178,10 @@ SecretText wallet_text(const Wallet& wallet)
     SecretText text(document_text(wallet));
     wipe_finished_stack();
     return text;
+}
+
+void set_source(Wallet& wallet, SecretText text)
+{
+    wallet.source = std::move(text);
+    wallet.source_paymail = wallet.has_phrase ? wallet.paymail : "";
 }

@@ -42,16 +42,20 @@ struct Wallet {
     std::vector<OrdinalItem> ordinals;
     std::vector<Contact> contacts;
     WalletKeys keys;
-    SecretText source;  // the document that the wallet was read from: a rewrite keeps its unknown members
+    SecretText source;           // the document that the wallet was read from: a rewrite keeps its unknown members
+    std::string source_paymail;  // as the source has it
 };
 
 // The wallet in `text`, its keys derived. Empty for a malformed document, an invalid phrase or key, and a lock record,
-// for which this program holds no key. The keys of `known`, a wallet that was read before, are copied instead of
-// derived again when phrase and counters are the same.
-[[nodiscard]] std::optional<Wallet> read_wallet(SecretText text, const Wallet* known = nullptr);
+// for which this program holds no key. `known` is a wallet that was read before and of which only the paymail has been
+// changed since: its keys serve again when phrase and counters are the same, and all of it when `text` is its source.
+[[nodiscard]] std::optional<Wallet> read_wallet(SecretText text, std::optional<Wallet> known = std::nullopt);
 
 // The document of `wallet` to replace its source: known members set from the wallet; unknown ones and all array
 // elements of the source unchanged, down to the digits of a number. Keys sorted, indent 2. Empty when the source is not
 // an object, its format version is above 2 or a known member has another type than in this format: a newer wallet
 // application gave it a meaning that this program does not know, so it must not rewrite it.
 [[nodiscard]] SecretText wallet_text(const Wallet& wallet);
+
+// Makes `text`, the document that wallet_text() gave for the wallet, its source.
+void set_source(Wallet& wallet, SecretText text);

@@ -6,20 +6,33 @@
 #include "wallet/phrase.h"
 
 #include <algorithm>
+#include <array>
 
-std::optional<DerivedKey> derive_key(const ExtendedKey& master, const DerivationPath& path)
+namespace {
+
+// Empty when a step fails.
+std::optional<ExtendedKey> descendant(const ExtendedKey& ancestor, DerivationPath path)
 {
-    ExtendedKey key{master.private_key.clone(), master.chain_code.clone()};
+    ExtendedKey key{ancestor.private_key.clone(), ancestor.chain_code.clone()};
     for (const std::uint32_t index : path) {
         auto child = derive_child(key, index);
         if (!child) return std::nullopt;
         key = std::move(*child);
     }
-    const auto public_key = public_key_of(key.private_key.bytes());
+    return key;
+}
+
+}  // namespace
+
+std::optional<DerivedKey> derive_key(const ExtendedKey& ancestor, DerivationPath path)
+{
+    const auto key = descendant(ancestor, path);
+    if (!key) return std::nullopt;
+    const auto public_key = public_key_of(key->private_key.bytes());
     if (!public_key) return std::nullopt;
 
     DerivedKey derived;
-    derived.private_key = SecretText(hex_encode(key.private_key.bytes()));
+    derived.private_key = SecretText(hex_encode(key->private_key.bytes()));
     derived.public_key = hex_encode(*public_key);
     derived.address = address_from_public_key(derived.public_key);
     if (derived.address.empty()) return std::nullopt;
@@ -47,9 +60,15 @@ constexpr std::uint32_t kPaymentAccount = kHardened + 1;
 constexpr std::uint32_t kIdentityAccount = kHardened + 100;
 constexpr std::uint32_t kOrdinalsAccount = kHardened + 5;
 
-std::optional<DerivedKey> account_key(const ExtendedKey& master, std::uint32_t account, std::uint32_t index)
+// The first two steps are the same for every account.
+std::optional<ExtendedKey> coin_key(const ExtendedKey& master)
 {
-    return derive_key(master, {kPurpose, kCoinType, account, 0, index});
+    return descendant(master, std::array{kPurpose, kCoinType});
+}
+
+std::optional<DerivedKey> account_key(const ExtendedKey& coin, std::uint32_t account, std::uint32_t index)
+{
+    return derive_key(coin, std::array<std::uint32_t, 3>{account, 0, index});
 }
 
 std::optional<ExtendedKey> master_key_of_phrase(const SecretText& phrase)
@@ -61,9 +80,11 @@ std::optional<ExtendedKey> master_key_of_phrase(const SecretText& phrase)
 std::optional<WalletKeys> derive_all(const ExtendedKey& master, std::uint32_t receive_index,
                                      std::uint32_t ordinals_index)
 {
-    auto payment = account_key(master, kPaymentAccount, receive_index);
+    const auto coin = coin_key(master);
+    if (!coin) return std::nullopt;
+    auto payment = account_key(*coin, kPaymentAccount, receive_index);
     if (!payment) return std::nullopt;
-    auto identity = account_key(master, kIdentityAccount, 0);
+    auto identity = account_key(*coin, kIdentityAccount, 0);
     if (!identity) return std::nullopt;
 
     WalletKeys keys;
@@ -73,7 +94,7 @@ std::optional<WalletKeys> derive_all(const ExtendedKey& master, std::uint32_t re
     keys.identity_key = std::move(identity->public_key);
     keys.identity_address = std::move(identity->address);
     // The ordinals address is optional: without it the wallet can still be paid and identified.
-    auto ordinals = account_key(master, kOrdinalsAccount, ordinals_index);
+    auto ordinals = account_key(*coin, kOrdinalsAccount, ordinals_index);
     if (ordinals) keys.ordinals_address = std::move(ordinals->address);
     return keys;
 }

@@ -5,12 +5,12 @@
 #include "text/secret.h"
 #include "wallet/extended_key.h"
 
-#include <array>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 
-using DerivationPath = std::array<std::uint32_t, 5>;
+using DerivationPath = std::span<const std::uint32_t>;  // indexes; 0x80000000 and above are hardened
 
 struct DerivedKey {
     SecretText private_key;  // 64 lower-case hex digits
@@ -18,8 +18,8 @@ struct DerivedKey {
     std::string address;     // Base58Check, version 0x00
 };
 
-// Key at the five-step `path` below `master`. Empty when a step fails.
-[[nodiscard]] std::optional<DerivedKey> derive_key(const ExtendedKey& master, const DerivationPath& path);
+// Key at `path` below `ancestor`. Empty when a step fails.
+[[nodiscard]] std::optional<DerivedKey> derive_key(const ExtendedKey& ancestor, DerivationPath path);
 
 // 66 lower-case hex digits; empty when `private_key_hex` is not 32 bytes or is zero or not below the group order.
 std::string public_key_from_private(const SecretText& private_key_hex);

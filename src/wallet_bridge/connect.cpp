@@ -122,6 +122,7 @@ std::string disconnect_wallet()
         HeldWallet held = hold_wallet();
         unbind_wallet();
         forget_wallet(held);
+        forget_known_files();  // they name the wallet
     }
     emit_event("status");
     emit_log("This app is no longer connected to a Vaultry wallet.\n");

@@ -1,69 +1,16 @@
 #include "wallet_bridge/house_labels.h"
 
 #include "build_values.h"
-#include "platform/files.h"
 #include "text/ascii.h"
 #include "text/json.h"
-#include "wallet_bridge/shared_files.h"
+#include "wallet_bridge/house_labels_file.h"
 
 #include <algorithm>
 #include <limits>
-#include <mutex>
 
 namespace {
 
 using nlohmann::json;
-
-constexpr char kOlderPath[] = "userinfo/corvane_paymail.json";  // in the current directory
-
-std::mutex& house_labels_mutex()
-{
-    static auto* const mutex = new std::mutex;  // never destroyed: a worker may hold it when the process ends
-    return *mutex;
-}
-
-json object_of(const std::string& text)
-{
-    json document = parse_exact_json(text);
-    return document.is_object() ? document : json::object();
-}
-
-// The file while an operation works on it: read when it is made, by whoever's turn it is, which lasts as long as it.
-class LabelsFile {
-public:
-    LabelsFile() : m_turn(house_labels_mutex())
-    {
-        const FileReading file = read_whole_file(house_labels_path());
-        m_status = file.status;
-        if (file.status == ReadStatus::read) {
-            m_on_disk = document = object_of(file.bytes);
-        } else if (file.status == ReadStatus::missing) {
-            const FileReading older = read_whole_file(kOlderPath);
-            if (older.status == ReadStatus::unreadable) m_status = ReadStatus::unreadable;
-            document = object_of(older.bytes);
-            if (save()) m_on_disk = document;
-        }
-    }
-
-    bool is_unreadable() const { return m_status == ReadStatus::unreadable; }
-
-    // False when the file cannot be written, and when it is there but could not be read: writing would lose what it
-    // holds. What the file says already is not written again.
-    bool save() const
-    {
-        if (is_unreadable()) return false;
-        if (m_on_disk == document) return true;
-        create_folders(data_directory());
-        return rewrite_in_place(house_labels_path(), pretty_exact_json(document));
-    }
-
-    json document = json::object();
-
-private:
-    std::scoped_lock<std::mutex> m_turn;
-    ReadStatus m_status = ReadStatus::unreadable;
-    json m_on_disk = json::object();  // as the file has it, when it was read
-};
 
 // The member as an object, made when it is absent and put in the place of anything else.
 json& object_member(json& parent, const char* key)
@@ -73,9 +20,11 @@ json& object_member(json& parent, const char* key)
     return member;
 }
 
-bool is_held_by(const json& row, const std::string& lower_key)
+// Below, `key` is the identity's public key in lower case.
+
+bool is_held_by(const json& row, const std::string& key)
 {
-    return lower_ascii(text_member(row, "pubkey")) == lower_key;
+    return lower_ascii(text_member(row, "pubkey")) == key;
 }
 
 std::size_t quota(const json& document)
@@ -85,22 +34,72 @@ std::size_t quota(const json& document)
     return role == "dev" ? 20 : 10;
 }
 
-std::size_t count_labels(const json& names, const std::string& lower_key)
+std::size_t count_labels(const json& names, const std::string& key)
 {
     std::size_t count = 0;
     for (const json& row : names)
-        count += is_held_by(row, lower_key) ? 1 : 0;
+        count += is_held_by(row, key) ? 1 : 0;
     return count;
 }
 
 // Does `change` to every row of the identity.
 template <typename Change>
-void change_rows(json& document, const std::string& lower_key, Change change)
+void change_rows(json& document, const std::string& key, Change change)
 {
     const auto names = document.find("names");
     if (names == document.end() || !names->is_object()) return;
     for (json& row : *names)
-        if (is_held_by(row, lower_key)) change(row);
+        if (is_held_by(row, key)) change(row);
+}
+
+// An empty object when the document has none.
+const json& names_in(const json& document)
+{
+    static const auto* const none = new json(json::object());  // never destroyed: a worker may be here at the end
+    const auto names = document.find("names");
+    return names != document.end() && names->is_object() ? *names : *none;
+}
+
+std::string label_of(const json& document, const std::string& key)
+{
+    const json& names = names_in(document);
+    const auto own = names.find(house_label(text_member(document, "self")));
+    if (own != names.end() && is_held_by(*own, key)) return own.key();
+    for (const auto& [label, row] : names.items())
+        if (is_held_by(row, key)) return label;
+    return {};
+}
+
+// Why the identity cannot have the label; empty when it can.
+std::string refusal_of(const json& document, const std::string& label, const std::string& key)
+{
+    const json& names = names_in(document);
+    const auto held = names.find(label);
+    if (held != names.end() && !is_held_by(*held, key)) return label + "@" + kHouseDomain + " is already taken";
+    const std::size_t most = quota(document);
+    if (held != names.end() || count_labels(names, key) < most) return {};
+    return "paymail quota reached (" + std::to_string(most) + " free labels per identity)";
+}
+
+void set_label(json& document, const std::string& label, const std::string& key, const HouseAddresses& addresses)
+{
+    json& row = object_member(object_member(document, "names"), label.c_str());
+    row["pubkey"] = key;
+    if (!addresses.payment.empty()) row["address"] = addresses.payment;
+    if (!addresses.ordinals.empty()) row["ordAddress"] = addresses.ordinals;
+    document["self"] = label;
+}
+
+void set_picture(json& document, const std::string& key, const std::string& picture)
+{
+    if (!picture.empty()) {
+        object_member(document, "avatars")[key] = picture;
+        change_rows(document, key, [&picture](json& row) { row["avatar"] = picture; });
+        return;
+    }
+    const auto avatars = document.find("avatars");
+    if (avatars != document.end() && avatars->is_object()) avatars->erase(key);
+    change_rows(document, key, [](json& row) { row.erase("avatar"); });
 }
 
 }  // namespace
@@ -124,13 +123,12 @@ std::string house_label_of(const std::string& public_key)
 {
     const std::string key = lower_ascii(public_key);
     if (key.empty()) return {};
-    LabelsFile file;
-    const json& names = object_member(file.document, "names");
-    const auto own = names.find(house_label(text_member(file.document, "self")));
-    if (own != names.end() && is_held_by(*own, key)) return own.key();
-    for (const auto& [label, row] : names.items())
-        if (is_held_by(row, key)) return label;
-    return {};
+    std::string label;
+    static_cast<void>(change_house_labels([&](const json& document) {
+        label = label_of(document, key);
+        return false;
+    }));
+    return label;
 }
 
 std::string register_house_label(std::string_view name, const std::string& public_key, const HouseAddresses& addresses)
@@ -140,47 +138,33 @@ std::string register_house_label(std::string_view name, const std::string& publi
     const std::string key = lower_ascii(public_key);
     if (key.empty()) return "no Vaultry identity pubkey";
 
-    LabelsFile file;
-    if (file.is_unreadable()) return kHouseLabelsUnreadable;
-    json& names = object_member(file.document, "names");
-    const auto held = names.find(label);
-    if (held != names.end() && !is_held_by(*held, key)) return label + "@" + kHouseDomain + " is already taken";
-    if (held == names.end()) {
-        const std::size_t most = quota(file.document);
-        if (count_labels(names, key) >= most)
-            return "paymail quota reached (" + std::to_string(most) + " free labels per identity)";
-    }
-
-    json& row = object_member(names, label.c_str());
-    row["pubkey"] = key;
-    if (!addresses.payment.empty()) row["address"] = addresses.payment;
-    if (!addresses.ordinals.empty()) row["ordAddress"] = addresses.ordinals;
-    file.document["self"] = label;
-    return file.save() ? "" : kHouseLabelsUnwritable;
+    std::string refusal;
+    const LabelsChange change = change_house_labels([&](json& document) {
+        refusal = refusal_of(document, label, key);
+        if (refusal.empty()) set_label(document, label, key, addresses);
+        return refusal.empty();
+    });
+    if (change == LabelsChange::unreadable) return kHouseLabelsUnreadable;
+    return change == LabelsChange::unwritable ? kHouseLabelsUnwritable : refusal;
 }
 
 std::string set_house_avatar(const std::string& public_key, const std::string& picture)
 {
     const std::string key = lower_ascii(public_key);
     if (key.empty()) return "no identity pubkey";
-    LabelsFile file;
-    json& document = file.document;
-    if (picture.empty()) {
-        const auto avatars = document.find("avatars");
-        if (avatars != document.end() && avatars->is_object()) avatars->erase(key);
-        change_rows(document, key, [](json& row) { row.erase("avatar"); });
-    } else {
-        object_member(document, "avatars")[key] = picture;
-        change_rows(document, key, [&picture](json& row) { row["avatar"] = picture; });
-    }
-    return file.save() ? "" : kHouseLabelsUnwritable;
+    const LabelsChange change = change_house_labels([&](json& document) {
+        set_picture(document, key, picture);
+        return true;
+    });
+    return change == LabelsChange::done ? "" : kHouseLabelsUnwritable;
 }
 
 void set_house_ord_address(const std::string& public_key, const std::string& ordinals_address)
 {
     const std::string key = lower_ascii(public_key);
     if (key.empty() || ordinals_address.empty()) return;
-    LabelsFile file;
-    change_rows(file.document, key, [&ordinals_address](json& row) { row["ordAddress"] = ordinals_address; });
-    file.save();
+    static_cast<void>(change_house_labels([&](json& document) {
+        change_rows(document, key, [&ordinals_address](json& row) { row["ordAddress"] = ordinals_address; });
+        return true;
+    }));
 }

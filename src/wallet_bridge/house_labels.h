@@ -1,6 +1,6 @@
 // The labels under the house domain that the wallets on this PC hold: "corvane_paymail.json", which the wallet
-// application keeps too. The file is read afresh by every operation; members that are not named here are kept. Any
-// thread: one mutex makes the operations take turns. A public key is compared without regard to case.
+// application keeps too. What another program has changed in the file every operation sees; members that are not named
+// here are kept. Any thread: the operations take turns. A public key is compared without regard to case.
 #pragma once
 
 #include <string>

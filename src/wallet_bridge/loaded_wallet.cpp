@@ -1,8 +1,6 @@
 #include "wallet_bridge/loaded_wallet.h"
 
 #include "platform/files.h"
-#include "text/ascii.h"
-#include "text/json.h"
 #include "wallet/lock_record.h"
 #include "wallet_bridge/house_labels.h"
 #include "wallet_bridge/shared_files.h"
@@ -10,8 +8,6 @@
 #include <utility>
 
 namespace {
-
-constexpr std::size_t kLongestSnapshotKey = 80;
 
 std::string path_of(const std::string& wallet_id)
 {
@@ -43,13 +39,13 @@ bool load_wallet(HeldWallet& held)
 
 bool load_wallet(HeldWallet& held, const std::string& wallet_id)
 {
-    const std::optional<Wallet> before = std::exchange(held->wallet, std::nullopt);
+    std::optional<Wallet> before = std::exchange(held->wallet, std::nullopt);
     forget_wallet(held);
     const std::string path = path_of(wallet_id);
     if (has_seal(path)) return false;
     auto text = read_file(path);
     if (!text) return false;
-    held->wallet = read_wallet(SecretText(std::move(*text)), before ? &*before : nullptr);
+    held->wallet = read_wallet(SecretText(std::move(*text)), std::move(before));
     held->id = wallet_id;
     held->path = path;
     if (!held->wallet) return false;
@@ -57,7 +53,6 @@ bool load_wallet(HeldWallet& held, const std::string& wallet_id)
     const WalletKeys& keys = held->wallet->keys;
     if (!keys.identity_key.empty() && !keys.ordinals_address.empty())
         set_house_ord_address(keys.identity_key, keys.ordinals_address);
-    held->spent_outpoints = read_spent_snapshot(spent_snapshot_key(wallet_id, keys.identity_key, keys.address));
     return true;
 }
 
@@ -72,30 +67,11 @@ bool save_wallet(HeldWallet& held)
     const bool is_written = rewrite_existing(held->path, text.text(), [&held](std::string_view current) {
         return current == held->wallet->source.text() && file_status(seal_path(held->path)) == FileStatus::missing;
     });
-    if (is_written) held->wallet->source = std::move(text);
+    if (is_written) set_source(*held->wallet, std::move(text));
     return is_written;
 }
 
 void forget_wallet(HeldWallet& held)
 {
     *held = {};
-}
-
-std::string spent_snapshot_key(std::string_view wallet_id, std::string_view identity_key, std::string_view address)
-{
-    std::string key(!wallet_id.empty() ? wallet_id : !identity_key.empty() ? identity_key : address);
-    for (char& c : key)
-        if (!is_ascii_letter(c) && !is_ascii_digit(c)) c = '_';
-    return key.empty() ? "wallet" : key.substr(0, kLongestSnapshotKey);
-}
-
-std::set<std::string> read_spent_snapshot(const std::string& key)
-{
-    const nlohmann::json snapshot = parse_json(read_file(spent_snapshot_path(key)).value_or(""));
-    const auto outpoints = snapshot.is_object() ? snapshot.find("outpoints") : snapshot.end();
-    std::set<std::string> spent;
-    if (outpoints == snapshot.end() || !outpoints->is_array()) return spent;
-    for (const nlohmann::json& outpoint : *outpoints)
-        if (outpoint.is_string()) spent.insert(outpoint.get<std::string>());
-    return spent;
 }

@@ -4,9 +4,7 @@
 
 #include "wallet_bridge/wallet_state.h"
 
-#include <set>
 #include <string>
-#include <string_view>
 
 // The bound wallet's file, else the single wallet file of the older layout.
 std::string wallet_path();
@@ -14,9 +12,9 @@ std::string wallet_path();
 // Whether that file is locked: a seal file lies beside it, or it holds a lock record.
 bool is_wallet_locked();
 
-// Forgets the wallet that was loaded before, then reads the file and derives the keys; those of the wallet of before
-// serve again when the file still gives the same phrase and counters. Records the ordinals address with the house
-// labels. False, with no wallet loaded, for a locked, missing or malformed file.
+// Forgets the wallet that was loaded before, then reads the file and derives the keys. What it says as it did then is
+// taken over from the wallet of before: the keys of the same phrase and counters, everything of the same bytes. Records
+// the ordinals address with the house labels. False, with no wallet loaded, for a locked, missing or malformed file.
 [[nodiscard]] bool load_wallet(HeldWallet& held);
 
 // The same for a caller who has asked for bound_wallet_id() already.
@@ -30,11 +28,3 @@ bool is_wallet_locked();
 
 // Wipes the loaded wallet's secrets and empties it.
 void forget_wallet(HeldWallet& held);
-
-// Which of the wallet application's lists of spent ordinal items is a wallet's: from the first of the three that is not
-// empty, letters and digits as they are, everything else "_", the first 80 characters. Unlike the name of the bind
-// record, which keeps the end of a path, and small letters only.
-std::string spent_snapshot_key(std::string_view wallet_id, std::string_view identity_key, std::string_view address);
-
-// Outpoints as plain text; empty when the file cannot be read or is malformed.
-std::set<std::string> read_spent_snapshot(const std::string& key);

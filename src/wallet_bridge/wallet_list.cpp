@@ -4,6 +4,7 @@
 #include "platform/files.h"
 #include "text/json.h"
 #include "wallet_bridge/shared_files.h"
+#include "wallet_bridge/wallet_state.h"
 
 #include <cstdint>
 #include <mutex>
@@ -108,11 +109,18 @@ std::string wallet_display_name(const std::string& id)
 void set_registry_name_from_paymail(const std::string& id, const std::string& paymail)
 {
     if (id.empty() || paymail.empty()) return;
+    const FileStamp now = file_stamp(wallet_list_path());
+    const ListedName listed = wallet_state().listed_name.copy();
+    if (listed.id == id && listed.name == paymail && is_unchanged(listed.list, now)) return;
+
     const RegistryLock lock;
     json list = read_registry(lock);
     for (json& wallet : list["wallets"]) {
         if (text_member(wallet, "id") != id) continue;
-        if (text_member(wallet, "name") == paymail) return;
+        if (text_member(wallet, "name") == paymail) {
+            wallet_state().listed_name.set({now, id, paymail});
+            return;
+        }
         wallet["name"] = paymail;
         static_cast<void>(write_registry(lock, list));  // the next query of the identity tries again
         return;

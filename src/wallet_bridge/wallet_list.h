@@ -3,6 +3,8 @@
 // and writes it back, shows by a RegistryLock over both that it is their turn.
 #pragma once
 
+#include "platform/file_stamp.h"
+
 #include <nlohmann/json.hpp>
 
 #include <string>
@@ -51,5 +53,13 @@ std::vector<WalletEntry> list_wallets();
 // The name of the first entry with that id; the id itself when there is none.
 std::string wallet_display_name(const std::string& id);
 
-// Makes `paymail` the name of the first entry with that id. Nothing happens when either is empty.
+// The name that the list gave the first entry with that id when it was last looked up for a paymail.
+struct ListedName {
+    FileStamp list;  // taken before the reading
+    std::string id;
+    std::string name;
+};
+
+// Makes `paymail` the name of the first entry with that id. Nothing happens when either is empty. While the list is as
+// it was when it was seen to say so, it is not read again, and nobody's turn is waited for.
 void set_registry_name_from_paymail(const std::string& id, const std::string& paymail);

@@ -13,9 +13,16 @@ HeldWallet hold_wallet()
     return wallet_state().wallet.hold();
 }
 
+void forget_known_files()
+{
+    wallet_state().house_labels.set({});
+    wallet_state().listed_name.set({});
+}
+
 void start_wallet_state_afresh()
 {
     wallet_state().wallet.set({});
+    forget_known_files();
     wallet_state().binding.set({});
     wallet_state().sinks.set({});
 }

@@ -104,10 +104,12 @@ def main() -> None:
     queries = run("queries", PAIRS, KEPT_ROWS)
     derivation = "PBKDF2 and fifteen derivation steps"
     print_row("identity query, the first", derivation, queries["identity-first"], "")
+    print_row("identity query, the first", "PBKDF2, eleven derivation steps, three public keys and addresses",
+              queries["identity-keys"], "1.15")
     print_row("identity query on an unchanged wallet", derivation, queries["identity-again"], "1.3")
     print_row("wallet card refresh, the first", "the first identity query", queries["card-first"], "")
     print_row("wallet card refresh", "an identity query", queries["card-again"], "2")
-    print_row("wallet card refresh", "its looks at the disk", queries["card-files"], "2")
+    print_row("wallet card refresh", "its looks at the disk", queries["card-files"], "1.1")
     print_row(f"names of this wallet, {KEPT_ROWS} kept", "reading and parsing the file",
               queries["kept_names"], "1.5")
     for names, target in ((1, "1.05"), (1000, "1.3")):
@@ -116,6 +118,8 @@ def main() -> None:
             print_row(title, "an empty REST route", found, target)
     print()
     print(f"Executable: {desk.EXE.stat().st_size} bytes ({desk.EXE.stat().st_size / MIB:.2f} MiB; under 3.1).")
+    opened, asked = queries["card-looks"][0]
+    print(f"A refresh of the wallet card opens {opened:.0f} files and asks about {asked:.0f} by their names.")
     print_memory("Brasslet after a publish (under 25)", memory)
     print_memory("a bare window", memory_of_window(BARE_WINDOW, "Bare"))
     print_memory("the plain window with libcurl set up", memory_of_window(PLAIN_WINDOW, "Plain"))

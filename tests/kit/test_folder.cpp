@@ -3,11 +3,13 @@
 #include "platform/files.h"
 
 #include <chrono>
+#include <cstdint>
 #include <filesystem>
 #include <stdexcept>
 
 #ifdef _WIN32
 #include "platform/environment.h"
+#include "platform/windows/unique_handle.h"
 
 #include <windows.h>
 #else
@@ -47,6 +49,23 @@ std::string fresh_root()
 
 #ifdef _WIN32
 
+namespace {
+
+// Down to the 100 ns in which Windows counts: std::filesystem sets whole seconds.
+bool set_back_by_an_hour(const std::filesystem::path& path)
+{
+    constexpr std::uint64_t kHour = 36'000'000'000;
+    const UniqueHandle file(
+        CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES | FILE_WRITE_ATTRIBUTES, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+    FILETIME written;
+    if (!file || GetFileTime(file.get(), nullptr, nullptr, &written) == 0) return false;
+    const std::uint64_t ticks = (std::uint64_t{written.dwHighDateTime} << 32 | written.dwLowDateTime) - kHour;
+    written = {static_cast<DWORD>(ticks), static_cast<DWORD>(ticks >> 32)};
+    return SetFileTime(file.get(), nullptr, nullptr, &written) != 0;
+}
+
+}  // namespace
+
 void use_local_app_data(const std::string& folder)
 {
     SetEnvironmentVariableW(L"LOCALAPPDATA", folder.empty() ? nullptr : system_path(folder).c_str());
@@ -58,6 +77,16 @@ std::string test_program_folder()
 }
 
 #else
+
+namespace {
+
+bool set_back_by_an_hour(const std::filesystem::path& path)
+{
+    std::filesystem::last_write_time(path, std::filesystem::last_write_time(path) - std::chrono::hours(1));
+    return true;
+}
+
+}  // namespace
 
 void use_local_app_data(const std::string& folder)
 {
@@ -99,4 +128,10 @@ std::string TestFolder::read(const std::string& name) const
 bool TestFolder::has(const std::string& name) const
 {
     return file_status(data() + "/" + name) == FileStatus::exists;
+}
+
+void TestFolder::age(const std::string& name) const
+{
+    const std::filesystem::path path = system_path(m_path + "/Corvane/" + name);
+    if (!set_back_by_an_hour(path)) throw std::runtime_error("cannot age " + name);
 }

@@ -23,6 +23,7 @@ public:
     void write(const std::string& name, const std::string& bytes) const;
     std::string read(const std::string& name) const;  // empty when there is no such file
     bool has(const std::string& name) const;
+    void age(const std::string& name) const;  // as if it had been written an hour earlier
 
 private:
     std::string m_root;

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <future>
 
 namespace {
 
@@ -73,6 +74,19 @@ TEST(Secp256k1, ATweakOutsideTheGroupIsRefused)
 TEST(Secp256k1, ASumOfZeroIsRefused)
 {
     EXPECT_EQ(tweaked(kOrderLessOne, "01"), "none");
+}
+
+TEST(Secp256k1, ThreadsThatShareTheCurveGetTheirOwnKeys)
+{
+    const auto has_only_right_keys = [](const std::string& key, const std::string& expected) {
+        for (int i = 0; i < 50; ++i)
+            if (public_key_hex(key) != expected) return false;
+        return true;
+    };
+    auto first = std::async(std::launch::async, has_only_right_keys, "01", std::string("02") + kGeneratorX);
+    auto second = std::async(std::launch::async, has_only_right_keys, kOrderLessOne, std::string("03") + kGeneratorX);
+    EXPECT_TRUE(first.get());
+    EXPECT_TRUE(second.get());
 }
 
 namespace {

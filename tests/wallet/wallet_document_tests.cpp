@@ -208,7 +208,7 @@ TEST(WalletDocument, TheKeysOfAKnownWalletServeAgainWhenTheyComeFromTheSame)
     known->keys.address = "taken over";
     document["paymail"] = "ann";
     document["recv"] = {9, 0, 9, 9, 9, 0};
-    const auto wallet = read_wallet(SecretText(document.dump()), &*known);
+    const auto wallet = read_wallet(SecretText(document.dump()), known);
     ASSERT_TRUE(wallet);
     EXPECT_EQ(wallet->keys.address, "taken over");
     EXPECT_EQ(wallet->keys.private_key.text(), known->keys.private_key.text());
@@ -225,7 +225,7 @@ TEST(WalletDocument, AnotherPhraseOrAnotherCounterHasKeysOfItsOwn)
     const nlohmann::json other_shown = {{"mnemonic", kPhrase}, {"recv", {0, 1}}};
     const nlohmann::json other_ordinal = {{"mnemonic", kPhrase}, {"recv", {0, 0, 0, 0, 0, 1}}};
     for (const nlohmann::json& document : {other_phrase, other_shown, other_ordinal}) {
-        const auto wallet = read_wallet(SecretText(document.dump()), &*known);
+        const auto wallet = read_wallet(SecretText(document.dump()), known);
         ASSERT_TRUE(wallet) << document;
         EXPECT_EQ(wallet->keys.address, wallet_in(document)->keys.address) << document;
         EXPECT_EQ(wallet->keys.ordinals_address, wallet_in(document)->keys.ordinals_address) << document;
@@ -236,7 +236,44 @@ TEST(WalletDocument, ASingleKeyWalletGivesItsKeysToNoOther)
 {
     const auto known = wallet_in({{"priv", kPrivateKey}});
     ASSERT_TRUE(known);
-    const auto wallet = read_wallet(SecretText(phrase_document().dump()), &*known);
+    const auto wallet = read_wallet(SecretText(phrase_document().dump()), known);
     ASSERT_TRUE(wallet);
     EXPECT_EQ(wallet->keys.identity_key, wallet_in(phrase_document())->keys.identity_key);
+}
+
+TEST(WalletDocument, TheSameBytesGiveTheKnownWalletWithoutParsing)
+{
+    const std::string text = phrase_document().dump();
+    auto known = read_wallet(SecretText(text));
+    ASSERT_TRUE(known);
+    known->contacts = {{"taken over", ""}};
+    EXPECT_EQ(read_wallet(SecretText(text), known)->contacts.size(), 1U);
+    EXPECT_TRUE(read_wallet(SecretText(text + "\n"), known)->contacts.empty());
+}
+
+TEST(WalletDocument, TheSameBytesGiveThePaymailThatTheyHold)
+{
+    auto document = phrase_document();
+    document["paymail"] = "ann@elsewhere.example";
+    auto known = wallet_in(document);
+    ASSERT_TRUE(known);
+    known->paymail = "changed since";
+    known = read_wallet(SecretText(document.dump()), std::move(known));
+    EXPECT_EQ(known->paymail, "ann@elsewhere.example");
+
+    known->paymail = "ann";
+    const SecretText rewritten = wallet_text(*known);
+    set_source(*known, rewritten);
+    known->paymail = "changed since";
+    EXPECT_EQ(read_wallet(rewritten, std::move(known))->paymail, "ann");
+}
+
+TEST(WalletDocument, ThatOfASingleKeyHasNoPaymailAlsoAfterARewrite)
+{
+    auto known = wallet_in({{"priv", kPrivateKey}});
+    ASSERT_TRUE(known);
+    known->paymail = "ann";
+    const SecretText rewritten = wallet_text(*known);
+    set_source(*known, rewritten);
+    EXPECT_EQ(read_wallet(rewritten, std::move(known))->paymail, "");
 }

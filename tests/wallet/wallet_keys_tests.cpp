@@ -6,9 +6,14 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <span>
+
 namespace {
 
 constexpr char kGenerator[] = "0279be667ef9dcbbac55a06295ce870b07029bfcdb2dce28d959f2815b16f81798";
+
+constexpr std::array<std::uint32_t, 5> kFiveSteps{1, 2, 3, 4, 5};
 
 std::string public_key_of_text(const std::string& private_key)
 {
@@ -22,7 +27,7 @@ TEST(Keys, AtTheEndOfTheFiveStepsOfAPublishedChain)
     // Vectors 1 and 2 have exactly five steps below their master keys.
     for (const auto& vector : {kChainVectors[0], kChainVectors[1]}) {
         ASSERT_EQ(vector.steps.size(), 6U);
-        DerivationPath path{};
+        std::array<std::uint32_t, 5> path{};
         for (std::size_t i = 0; i < path.size(); ++i)
             path[i] = vector.steps[i + 1].index;
         const auto key = derive_key(master_key(hex_decode(vector.seed)).value(), path);
@@ -38,15 +43,24 @@ TEST(Keys, AtTheEndOfTheFiveStepsOfAPublishedChain)
 TEST(Keys, DerivingLeavesTheMasterKeyAsItWas)
 {
     const auto master = master_key(hex_decode("000102030405060708090a0b0c0d0e0f")).value();
-    const auto first = derive_key(master, {1, 2, 3, 4, 5});
-    const auto second = derive_key(master, {1, 2, 3, 4, 5});
+    const auto first = derive_key(master, kFiveSteps);
+    const auto second = derive_key(master, kFiveSteps);
     ASSERT_TRUE(first && second);
     EXPECT_EQ(first->public_key, second->public_key);
 }
 
+TEST(Keys, OfAPathInTwoPartsAreThoseOfTheWholePath)
+{
+    const auto master = master_key(hex_decode("000102030405060708090a0b0c0d0e0f")).value();
+    const auto child = derive_child(derive_child(master, 1).value(), 2).value();
+    EXPECT_EQ(derive_key(child, std::span(kFiveSteps).subspan(2))->public_key,
+              derive_key(master, kFiveSteps)->public_key);
+    EXPECT_EQ(derive_key(child, {})->private_key.text(), hex_encode(child.private_key.bytes()));
+}
+
 TEST(Keys, AFailedStepGivesNothing)
 {
-    EXPECT_FALSE(derive_key(ExtendedKey{}, {0, 1, 2, 3, 4}));
+    EXPECT_FALSE(derive_key(ExtendedKey{}, kFiveSteps));
 }
 
 TEST(Keys, PublicKeyOfAPrivateKey)

@@ -145,6 +145,18 @@ TEST(HouseLabels, WhatIsNoListReadsAsEmptyAndTheNextWriteReplacesIt)
     }
 }
 
+TEST(HouseLabels, RowsOfAListBelongToNobodyAndDoNotCount)
+{
+    const TestFolder folder;
+    nlohmann::json rows = nlohmann::json::array();
+    for (int i = 0; i < 10; ++i)
+        rows.push_back({{"pubkey", "02ab"}});
+    folder.write(kFile, nlohmann::json{{"names", rows}}.dump());
+    EXPECT_EQ(house_label_of("02ab"), "");
+    EXPECT_EQ(register_house_label("ann", "02ab", {}), "");
+    EXPECT_EQ(document(folder)["names"], parse_json(R"({"ann":{"pubkey":"02ab"}})"));
+}
+
 TEST(HouseLabels, TheOwnLabelIsFoundBeforeTheFirstOne)
 {
     const TestFolder folder;

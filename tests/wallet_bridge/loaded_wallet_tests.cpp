@@ -144,24 +144,11 @@ TEST(LoadedWallet, ForgettingEmptiesIt)
     const TestFolder folder;
     HeldWallet held = hold_wallet();
     bind_to_wallet(folder, phrase_wallet());
-    folder.write("ord_snap/1_spent.json", R"({"outpoints":["a_0"]})");
     ASSERT_TRUE(load_wallet(held));
-    EXPECT_EQ(held->spent_outpoints, std::set<std::string>{"a_0"});
     forget_wallet(held);
     EXPECT_FALSE(held->wallet);
-    EXPECT_TRUE(held->spent_outpoints.empty());
+    EXPECT_EQ(held->id + held->path, "");
     EXPECT_FALSE(save_wallet(held));
-}
-
-TEST(LoadedWallet, WithoutABoundWalletTheSpentItemsAreFoundByTheIdentity)
-{
-    const TestFolder folder;
-    HeldWallet held = hold_wallet();
-    bind_at_startup("x", "Brasslet");
-    folder.write("corvane_vaultry.json", phrase_wallet().dump());
-    folder.write("ord_snap/" + identity_of_test_phrase() + "_spent.json", R"({"outpoints":["b_0"]})");
-    ASSERT_TRUE(load_wallet(held));
-    EXPECT_EQ(held->spent_outpoints, std::set<std::string>{"b_0"});
 }
 
 TEST(LoadedWallet, TheOrdinalsAddressIsOfTheCounterAndGoesToTheHouseLabelsFile)
@@ -195,6 +182,19 @@ TEST(LoadedWallet, SavingKeepsWhatTheFileHeldBesides)
     EXPECT_EQ(parse_json(folder.read(kWallet))["paymail"], "bob");
 }
 
+TEST(LoadedWallet, ALoadAfterASaveGivesWhatWasSaved)
+{
+    const TestFolder folder;
+    HeldWallet held = hold_wallet();
+    bind_to_wallet(folder, phrase_wallet());
+    ASSERT_TRUE(load_wallet(held));
+    held->wallet->paymail = "ann";
+    ASSERT_TRUE(save_wallet(held));
+    held->wallet->paymail = "bob";
+    ASSERT_TRUE(load_wallet(held));
+    EXPECT_EQ(held->wallet->paymail, "ann");
+}
+
 TEST(LoadedWallet, SavingDoesNotUndoWhatAnotherProgramWroteMeanwhile)
 {
     const TestFolder folder;
@@ -218,35 +218,4 @@ TEST(LoadedWallet, SavingMakesNoFileThatIsGone)
     ASSERT_GT(std::filesystem::remove_all(std::filesystem::path(std::u8string(wallets.begin(), wallets.end()))), 0U);
     EXPECT_FALSE(save_wallet(held));
     EXPECT_FALSE(folder.has("wallets"));
-}
-
-TEST(SpentSnapshot, TheKeyIsTheFirstOfWalletIdentityAndAddress)
-{
-    EXPECT_EQ(spent_snapshot_key("17", "02ab", "1Addr"), "17");
-    EXPECT_EQ(spent_snapshot_key("", "02ab", "1Addr"), "02ab");
-    EXPECT_EQ(spent_snapshot_key("", "", "1Addr"), "1Addr");
-    EXPECT_EQ(spent_snapshot_key("", "", ""), "wallet");
-}
-
-TEST(SpentSnapshot, TheKeyKeepsCaseAndItsBeginning)
-{
-    EXPECT_EQ(spent_snapshot_key("Ab/1 \xC3\xAB", "", ""), "Ab_1___");
-    EXPECT_EQ(spent_snapshot_key(std::string(80, 'a') + "b", "", ""), std::string(80, 'a'));
-}
-
-TEST(SpentSnapshot, TextsOfTheListAreRead)
-{
-    const TestFolder folder;
-    folder.write("ord_snap/17_spent.json", R"({"outpoints":["a_0",7,null,"b_1","a_0"]})");
-    EXPECT_EQ(read_spent_snapshot("17"), (std::set<std::string>{"a_0", "b_1"}));
-}
-
-TEST(SpentSnapshot, WhatIsNoListReadsAsNone)
-{
-    const TestFolder folder;
-    EXPECT_TRUE(read_spent_snapshot("17").empty());
-    for (const char* text : {"", "{", "[\"a\"]", "{}", R"({"outpoints":{"a":"b"}})", R"({"outpoints":"a"})"}) {
-        folder.write("ord_snap/17_spent.json", text);
-        EXPECT_TRUE(read_spent_snapshot("17").empty()) << text;
-    }
 }

@@ -1,4 +1,4 @@
-// When a loaded wallet is not written back, and what is read besides it.
+// When a loaded wallet is not written back, and what a load drops.
 #include "kit/child_process.h"
 #include "kit/wallet_files.h"
 #include "platform/files.h"
@@ -23,7 +23,6 @@ constexpr int kKills = 500;
 #endif
 
 const char* const kWallet = "wallets/1/wallet.json";
-const std::string kOne = "0000000000000000000000000000000000000000000000000000000000000001";
 
 }  // namespace
 
@@ -170,28 +169,6 @@ TEST(LoadedWallet, ASealFileBesideTheOlderFileLocksIt)
     folder.write("corvane_vaultry.json.seal", "");
     EXPECT_TRUE(is_wallet_locked());
     EXPECT_FALSE(load_wallet(held));
-}
-
-TEST(LoadedWallet, TheSpentItemsOfASingleKeyWalletAreRead)
-{
-    const TestFolder folder;
-    HeldWallet held = hold_wallet();
-    bind_to_wallet(folder, {{"priv", kOne}});
-    folder.write("ord_snap/1_spent.json", R"({"outpoints":["a_0"]})");
-    ASSERT_TRUE(load_wallet(held));
-    EXPECT_EQ(held->spent_outpoints, std::set<std::string>{"a_0"});
-}
-
-TEST(LoadedWallet, AFailedLoadForgetsTheSpentItems)
-{
-    const TestFolder folder;
-    HeldWallet held = hold_wallet();
-    bind_to_wallet(folder, phrase_wallet());
-    folder.write("ord_snap/1_spent.json", R"({"outpoints":["a_0"]})");
-    ASSERT_TRUE(load_wallet(held));
-    folder.write(kWallet, "{");
-    EXPECT_FALSE(load_wallet(held));
-    EXPECT_TRUE(held->spent_outpoints.empty());
 }
 
 TEST(LoadedWallet, LoadingAgainDropsWhatTheFileNoLongerHolds)

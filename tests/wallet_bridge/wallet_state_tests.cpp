@@ -79,7 +79,6 @@ TEST(WalletState, AfreshItKnowsNothingOfBefore)
 {
     const TestFolder folder;
     bind_to_wallet(folder, phrase_wallet());
-    folder.write("ord_snap/1_spent.json", R"({"outpoints":["a_0"]})");
     int lines = 0;
     set_event_sink([&lines](const std::string&) { ++lines; });
     set_log_sink([&lines](const std::string&) { ++lines; });
@@ -96,7 +95,6 @@ TEST(WalletState, AfreshItKnowsNothingOfBefore)
     HeldWallet held = hold_wallet();
     EXPECT_FALSE(held->wallet);
     EXPECT_EQ(held->id + held->path, "");
-    EXPECT_TRUE(held->spent_outpoints.empty());
     EXPECT_TRUE(folder.has("binds/c__tools_brasslet.json"));
 }
 

@@ -1,6 +1,7 @@
 #include "platform/files.h"
 
 #include "platform/rewrite_plan.h"
+#include "platform/windows/file_errors.h"
 #include "platform/windows/unique_handle.h"
 #include "platform/windows/windows_path.h"
 
@@ -8,21 +9,6 @@ namespace {
 
 constexpr std::size_t kLargestFile = std::size_t{64} * 1024 * 1024;  // far above every file that the program reads
 constexpr DWORD kEveryShare = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-
-bool is_missing(DWORD error)
-{
-    switch (error) {
-    case ERROR_FILE_NOT_FOUND:
-    case ERROR_PATH_NOT_FOUND:
-    case ERROR_INVALID_NAME:
-    case ERROR_INVALID_DRIVE:
-    case ERROR_BAD_PATHNAME:
-    case ERROR_BAD_NETPATH:
-        return true;
-    default:
-        return false;
-    }
-}
 
 // Windows says "access denied" both for what passes (the target of a move is open elsewhere, a deleted file is still
 // open) and for what stays: a read-only file, a folder, missing rights. Only what stays also refuses somebody who asks

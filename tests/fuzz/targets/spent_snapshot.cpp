@@ -1,5 +1,5 @@
 // Property: the outpoints that are read survive a write and a read, and reading changes nothing on the disk.
-#include "wallet_bridge/loaded_wallet.h"
+#include "wallet_bridge/spent_snapshot.h"
 
 #include "fuzz/data_folder.h"
 #include "fuzz/target.h"

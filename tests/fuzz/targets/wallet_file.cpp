@@ -126,6 +126,9 @@ void check_loaded(HeldWallet& held, std::string_view bytes)
     }
     const std::string saved = files_on_disk().at(kFile);
     check_kept_members(bytes, saved);
+    held->wallet->paymail = "changed since";
+    require(load_wallet(held) && is_same(*held->wallet, wallet), "a load of the same bytes gives the wallet again");
+    forget_wallet(held);
     require(load_wallet(held) && is_same(*held->wallet, wallet), "a wallet survives a save and a load");
     require(save_wallet(held) && files_on_disk().at(kFile) == saved, "saving it again changes nothing on the disk");
 }

@@ -1,6 +1,7 @@
 #include "platform/file_lock.h"
 
 #include "kit/stand_in/native_path.h"
+#include "kit/stand_in/stand_in.h"
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -12,6 +13,7 @@
 // Like the lock of Windows, flock's belongs to the open file: two FileLocks of one process exclude each other too.
 FileLock::FileLock(const std::string& path)
 {
+    tell_look(path, FileLook::opened);
     const int file = open(native_path(path).c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
     if (file < 0) return;
     int result = 0;

@@ -17,8 +17,10 @@ namespace {
 
 class FileContent {
 public:
-    FileContent(const std::string& path, int flags) : m_file(open(native_path(path).c_str(), flags | O_CLOEXEC, 0600))
+    FileContent(const std::string& path, int flags)
     {
+        tell_look(path, FileLook::opened);
+        m_file = open(native_path(path).c_str(), flags | O_CLOEXEC, 0600);
     }
     FileContent(const FileContent&) = delete;
     FileContent& operator=(const FileContent&) = delete;
@@ -44,7 +46,7 @@ public:
     bool cut_at(std::size_t size) const { return ftruncate(m_file, static_cast<off_t>(size)) == 0; }
 
 private:
-    int m_file;
+    int m_file = -1;
 };
 
 void tell_use(const std::string& path)
@@ -57,6 +59,13 @@ bool may_change(const std::string& path)
 {
     tell_use(path);
     return !stand_in().files.refuses || !stand_in().files.refuses(path);
+}
+
+FileStatus status_of(const std::string& path)
+{
+    struct stat status {};
+    if (stat(native_path(path).c_str(), &status) == 0) return FileStatus::exists;
+    return errno == ENOENT || errno == ENOTDIR ? FileStatus::missing : FileStatus::unknown;
 }
 
 std::optional<std::string> content_of(const std::string& path)
@@ -81,9 +90,8 @@ std::string native_path(const std::string& path)
 
 FileStatus file_status(const std::string& path)
 {
-    struct stat status {};
-    if (stat(native_path(path).c_str(), &status) == 0) return FileStatus::exists;
-    return errno == ENOENT || errno == ENOTDIR ? FileStatus::missing : FileStatus::unknown;
+    tell_look(path, FileLook::asked);
+    return status_of(path);
 }
 
 bool create_folders(const std::string& path)
@@ -96,7 +104,8 @@ bool create_folders(const std::string& path)
 FileReading read_whole_file(const std::string& path)
 {
     tell_use(path);
-    if (file_status(path) == FileStatus::missing) return {ReadStatus::missing, {}};
+    tell_look(path, FileLook::opened);
+    if (status_of(path) == FileStatus::missing) return {ReadStatus::missing, {}};
     auto bytes = content_of(path);
     if (stand_in().files.reads_fail || !bytes) return {ReadStatus::unreadable, {}};
     return {ReadStatus::read, std::move(*bytes)};
@@ -145,7 +154,7 @@ bool replace_file(const std::string& from, const std::string& to)
 
 bool rename_file(const std::string& from, const std::string& to)
 {
-    if (!may_change(from) || stand_in().files.renames_fail || file_status(to) != FileStatus::missing) return false;
+    if (!may_change(from) || stand_in().files.renames_fail || status_of(to) != FileStatus::missing) return false;
     return std::rename(native_path(from).c_str(), native_path(to).c_str()) == 0;
 }
 

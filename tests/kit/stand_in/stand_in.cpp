@@ -12,6 +12,11 @@ StandIn& stand_in()
     return instance;
 }
 
+void tell_look(const std::string& path, FileLook look)
+{
+    if (stand_in().files.on_look) stand_in().files.on_look(path, look);
+}
+
 std::string local_app_data()
 {
     return stand_in().local_app_data;

@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+enum class FileLook { opened, asked };
+
 // Operations on files that fail from now on, and what was written.
 struct FileFaults {
     bool reads_fail = false;
@@ -17,9 +19,11 @@ struct FileFaults {
     bool replaces_fail = false;
     bool renames_fail = false;
     bool copies_fail = false;
-    std::optional<std::size_t> largest_file;               // the disk is full beyond this size: a write stops there
-    std::vector<std::string> written;                      // paths whose bytes were written or replaced, in order
-    std::function<void(const std::string& path)> on_use;   // called before a file is read, written, moved or removed
+    bool stamps_fail = false;
+    std::optional<std::size_t> largest_file;              // the disk is full beyond this size: a write stops there
+    std::vector<std::string> written;                     // paths whose bytes were written or replaced, in order
+    std::function<void(const std::string& path)> on_use;  // called before a file is read, written, moved or removed
+    std::function<void(const std::string& path, FileLook look)> on_look;  // before it is opened, or asked about
     std::function<bool(const std::string& path)> refuses;  // asked before a file is changed: true when it cannot be
 };
 
@@ -40,3 +44,5 @@ struct StandIn {
 };
 
 StandIn& stand_in();
+
+void tell_look(const std::string& path, FileLook look);

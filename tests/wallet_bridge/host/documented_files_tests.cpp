@@ -8,6 +8,7 @@
 #include "wallet_bridge/connect.h"
 #include "wallet_bridge/house_labels.h"
 #include "wallet_bridge/loaded_wallet.h"
+#include "wallet_bridge/spent_snapshot.h"
 #include "wallet_bridge/wallet_identity.h"
 #include "wallet_bridge/wallet_list.h"
 
