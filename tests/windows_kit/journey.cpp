@@ -18,14 +18,21 @@ bool is_titled(HWND window)
     return std::wstring(title).starts_with(L"payname");
 }
 
+// By the tester, in the question that Windows asks.
+bool is_told_not_to(DWORD error)
+{
+    return error == ERROR_CANCELLED || error == static_cast<DWORD>(HRESULT_FROM_WIN32(ERROR_CANCELLED));
+}
+
 }  // namespace
 
 void Journey::SetUp()
 {
     if (!tester_agrees_to_trust_the_authority())
         GTEST_SKIP() << "The tester was not asked, or did not agree, to trust the authority of the kit's site.";
-    if (!site().is_trusted())
-        GTEST_SKIP() << "The authority of the kit's site is not trusted: Windows was told not to, or could not.";
+    if (is_told_not_to(site().trust_error()))
+        GTEST_SKIP() << "The tester told Windows not to trust the authority of the kit's site.";
+    ASSERT_EQ(site().trust_error(), DWORD{ERROR_SUCCESS}) << "Windows does not trust the authority of the kit's site";
     site().be_the_internet();
     site().set_state("bare");
     site().set_makers_page("<p>Current build: 0.001</p>");

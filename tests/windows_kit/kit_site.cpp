@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <memory>
 
 namespace {
@@ -71,7 +72,7 @@ KitSite::KitSite()
     if (!first.starts_with("port ")) ADD_FAILURE() << "the site of the kit does not start";
     m_port = first.substr(first.find(' ') + 1);
     const std::vector<std::string> answer = order("trust");
-    m_is_trusted = !answer.empty() && answer.front() == "trusted";
+    if (!answer.empty()) m_trust_error = std::strtoul(answer.front().c_str(), nullptr, 10);
 }
 
 KitSite::~KitSite()

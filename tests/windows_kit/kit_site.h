@@ -17,7 +17,8 @@ public:
     // What programs started from now on reach, in place of the internet.
     void be_the_internet() const;
 
-    bool is_trusted() const { return m_is_trusted; }
+    // Windows' error when it was to trust the site's authority; 0 when it does.
+    DWORD trust_error() const { return m_trust_error; }
     void set_state(const std::string& state) const;
     void set_makers_page(const std::string& text) const;
 
@@ -33,7 +34,7 @@ private:
     HANDLE m_orders = nullptr;
     HANDLE m_answers = nullptr;
     std::string m_port;
-    bool m_is_trusted = false;
+    DWORD m_trust_error = ERROR_GEN_FAILURE;
 };
 
 // The one of this run, started and trusted at the first call.

@@ -1,4 +1,5 @@
 """The authority of the kit's site is trusted with the tester's yes, and no longer than the checks run."""
+import shutil
 import subprocess
 import time
 
@@ -6,6 +7,7 @@ import pytest
 
 import unpacked
 
+SEES = "Journey.InstallSeesThePluginOnTheSite"
 STORE = r"HKCU\Software\Microsoft\SystemCertificates\Root\Certificates"
 
 
@@ -69,3 +71,18 @@ def test_without_a_yes_nothing_is_trusted_and_what_needs_it_is_not_shown(kit, be
     assert outcome.result("Journey.InstallSeesThePluginOnTheSite")["result"] == "not shown here"
     assert outcome.lines[-2:] == ["1 not shown here", "1 passed, 0 failed"]
     assert trusted() == before
+
+
+@pytest.mark.parametrize("error, result, told", [
+    (1223, "not shown here", "The tester told Windows not to trust"),
+    (0x800704C7, "not shown here", "The tester told Windows not to trust"),
+    (5, "failed", "Windows does not trust the authority"),
+])
+def test_a_refusal_by_the_tester_is_none_of_windows(kit, tmp_path, monkeypatch, error, result, told):
+    copy = tmp_path / "kit"
+    shutil.copytree(kit, copy)
+    shutil.copy(unpacked.ROOT / "build/windows/tests/distrusted.exe", copy / "files/tests/site/kit_site.exe")
+    monkeypatch.setenv("BRASSLET_TRUST_ERROR", str(error))
+    found = unpacked.run(copy, "--yes", f"--gtest_filter={SEES}").result(SEES)
+    assert found["result"] == result
+    assert told in found["text"]

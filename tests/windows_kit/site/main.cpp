@@ -6,7 +6,7 @@
 // and takes orders, a line each, until its input ends, which it does with the program that gave them, however that
 // ends. It answers every order with lines, of which "." is the last:
 //
-//   trust            has the user trust its authority until its input ends; prints "trusted" or "refused"
+//   trust            has the user trust its authority until its input ends; prints Windows' error, 0 when it is
 //   state NAME       what the site has by now: "bare", "plugin" (uploaded and active), "published" (a name as well)
 //   page TEXT        the maker's page
 //   heard            prints what came; see site.h
@@ -45,7 +45,7 @@ void obey(const std::string& order, Site& site, const Authority& authority)
 {
     const std::string word = order.substr(0, order.find(' '));
     const std::string rest = order.size() > word.size() ? order.substr(word.size() + 1) : "";
-    if (word == "trust") std::printf("%s\n", trust(der_of(authority.certificate)) ? "trusted" : "refused");
+    if (word == "trust") std::printf("%lu\n", trust(der_of(authority.certificate)));
     if (word == "state") site.set_state(rest);
     if (word == "page") site.set_makers_page(rest);
     if (word == "forget") site.forget();

@@ -48,12 +48,13 @@ int take_away_from(LPCSTR provider)
 
 }  // namespace
 
-bool trust(const std::string& certificate)
+unsigned long trust(const std::string& certificate)
 {
     const TrustedRoots roots;
-    return CertAddEncodedCertificateToStore(
-               roots.get(), X509_ASN_ENCODING, reinterpret_cast<const BYTE*>(certificate.data()),
-               static_cast<DWORD>(certificate.size()), CERT_STORE_ADD_NEW, nullptr) != FALSE;
+    const BOOL is_added = CertAddEncodedCertificateToStore(
+        roots.get(), X509_ASN_ENCODING, reinterpret_cast<const BYTE*>(certificate.data()),
+        static_cast<DWORD>(certificate.size()), CERT_STORE_ADD_NEW, nullptr);
+    return is_added ? 0 : GetLastError();
 }
 
 int take_authorities_away()

@@ -6,7 +6,8 @@
 
 inline constexpr char kAuthorityName[] = "Brasslet Windows kit, only while its checks run";
 
-bool trust(const std::string& certificate);  // DER
+// Windows' error, 0 once the authority is trusted. DER.
+unsigned long trust(const std::string& certificate);
 
 // Every authority of the kit's name, those of runs that were cut short as well. How many there were.
 int take_authorities_away();
