@@ -6,7 +6,7 @@ prepare_wine() {
     export WORLD_WINE_ROOT=
     [ "${WORLD_WINE-}" = next ] || return 0
     local release="$releases/wine-next"
-    if [ ! -f "$release/version" ]; then
+    if [ ! -f "$release/recipe" ]; then
         echo "WORLD_WINE=next is not there; run tests/world/fetch_wine." >&2
         exit 69
     fi
@@ -14,7 +14,10 @@ prepare_wine() {
     mount --bind "$release" "$WORLD_DIR/wine/release"
     (cd "$WORLD_DIR/wine" && mount -t overlay -o lowerdir=release,upperdir=changes,workdir=work world root)
     WORLD_WINE_ROOT="$WORLD_DIR/wine/root"
-    # There is no shell in there for the package's own scripts, which say the same.
+    # It takes the user's name in the code page of the program, and loses the end of one that is longer in UTF-8: what
+    # it protects for that user cannot be opened again.
+    export USER='Zoe User'
+    # As the package's own scripts say, which look for more than there is in there.
     export WINELOADER=/usr/lib/wine/wine64 WINESERVER=/usr/lib/wine/wineserver64
     share_with_wine /proc /dev /sys /tmp /usr/share/fonts /etc/hosts /etc/resolv.conf /etc/passwd /etc/group \
         "$HOME" "$WORLD_CACHE" "$project"
@@ -31,5 +34,5 @@ share_with_wine() {
 }
 
 wine_version() {
-    if [ -n "$WORLD_WINE_ROOT" ]; then cat "$releases/wine-next/version"; else version_of wine64 fonts-wine; fi
+    if [ -n "$WORLD_WINE_ROOT" ]; then cat "$releases/wine-next/recipe"; else version_of wine64 fonts-wine; fi
 }
