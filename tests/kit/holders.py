@@ -12,7 +12,9 @@ PYTHON_TEST = re.compile(r"^def (test_\w+)", re.M)
 # The program that the tests of a folder named so are in; all others are in unit_tests.
 PROGRAMS = {"host": {"wire": "wire_tests", "windows": None},
             "windows": {"wire": None, "host": None, "windows": "windows_tests"}}
-FOLDERS = {"host": ["structure"], "windows": ["world", "release"], "kit": ["windows_kit"], "site": ["plugin"], "versions": ["plugin"], "e2e": ["e2e"]}
+PROGRAMS["wine-next"] = PROGRAMS["windows"]
+FOLDERS = {"host": ["structure"], "windows": ["world", "release"], "kit": ["windows_kit"], "site": ["plugin"], "versions": ["plugin"], "e2e": ["e2e"],
+           "wine-next": ["e2e"]}
 
 
 def tests(layer: str):
@@ -21,7 +23,7 @@ def tests(layer: str):
         program = PROGRAMS[layer].get(source.parent.name, "unit_tests")
         for suite, test in CPP_TEST.findall(source.read_text(encoding="utf-8")) if program else []:
             yield f"{suite}.{test}", program
-    if layer in PROGRAMS:
+    if layer in ("host", "windows"):
         yield "Bench.TheQueriesGiveTheRightAnswers", "bench_queries"
     for source in ROOT.glob("tests/windows_kit/*_checks.cpp") if layer == "kit" else []:
         for suite, test in CPP_TEST.findall(source.read_text(encoding="utf-8")):

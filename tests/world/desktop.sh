@@ -15,13 +15,15 @@ prepare_desktop() {
     mount --bind "$WORLD_DIR/desktop/sockets/wine" "/tmp/.wine-$(id -u)"
     mount --bind "$WORLD_DIR/desktop/keymaps" /var/lib/xkb
 
+    prepare_wine
     start display Xvfb "$DISPLAY" -nolock -nolisten tcp -screen 0 2400x2000x24
     wait_for display xdpyinfo
 
-    cached desktop "$(key_of "$(version_of wine64 fonts-lato fonts-sil-charis fonts-wine)" "$scripts"/desktop.*)" make_prefix
+    cached desktop "$(key_of "$(wine_version) $(version_of fonts-lato fonts-sil-charis)" "$scripts"/{desktop,wine}.*)" make_prefix
     mount --bind "$cached_folder" "$WORLD_DIR/desktop/template"
     # Relative names, because a folder's name could hold what separates options.
     (cd "$WORLD_DIR/desktop" && mount -t overlay -o lowerdir=template,upperdir=changes,workdir=work world prefix)
+    share_with_wine "$WORLD_DIR"
     sed -i "s/^\"LogPixels\"=.*/\"LogPixels\"=dword:$(printf %08x "${WORLD_DPI:-96}")/" "$WINEPREFIX/user.reg"
 }
 
@@ -32,7 +34,7 @@ make_prefix() {
     {
         wine wineboot --init
         # The font that a caption's buttons are drawn with; Debian's Wine looks for it here alone.
-        cp /usr/share/wine/fonts/marlett.ttf "$WINEPREFIX/drive_c/windows/Fonts"
+        cp "$WORLD_WINE_ROOT/usr/share/wine/fonts/marlett.ttf" "$WINEPREFIX/drive_c/windows/Fonts"
         wine regedit /S "$scripts/desktop.reg"
         wineserver --wait
         # Folders of the prefix itself take their place: it shall mean the same wherever the project lies.

@@ -19,7 +19,7 @@ def test_the_command_s_exit_status_is_returned():
     assert done.returncode == 37
 
 
-@pytest.mark.parametrize("name", ["WORLD_WORDPRESS", "WORLD_PHP", "WORLD_WEB"])
+@pytest.mark.parametrize("name", ["WORLD_WORDPRESS", "WORLD_PHP", "WORLD_WEB", "WORLD_WINE"])
 def test_a_version_that_the_world_does_not_have_is_refused(name):
     done = subprocess.run([WORLD / "up", "--no-desktop", "--", "true"], capture_output=True, text=True, check=False,
                           env={**os.environ, name: "5.6"})
