@@ -7,11 +7,26 @@ import pytest
 import desk
 
 
+def reg(*words):
+    return subprocess.run(["wine", "reg", *words], check=True, stdout=subprocess.PIPE, timeout=60).stdout.decode("utf-8", "replace")
+
+
+def displays():
+    """Where Wine 10 keeps the DPI of a display, from the beginning of the session on. Wine 8 goes by the user's alone."""
+    key = ""
+    for line in reg("query", r"HKCC\System\CurrentControlSet\Control\Video", "/s").splitlines():
+        if line.startswith("HKEY"):
+            key = line.strip()
+        if line.split()[:1] == ["Dpi"]:
+            yield key
+
+
 @contextlib.contextmanager
 def monitor_of(dpi):
     def set_dpi(value):
-        subprocess.run(["wine", "reg", "add", r"HKCU\Control Panel\Desktop", "/v", "LogPixels", "/t", "REG_DWORD",
-                        "/d", str(value), "/f"], check=True, stdout=subprocess.DEVNULL, timeout=60)
+        reg("add", r"HKCU\Control Panel\Desktop", "/v", "LogPixels", "/t", "REG_DWORD", "/d", str(value), "/f")
+        for display in displays():
+            reg("add", display, "/v", "Dpi", "/t", "REG_DWORD", "/d", str(value), "/f")
 
     set_dpi(dpi)
     try:
