@@ -1,20 +1,26 @@
 // What a program with Brasslet's window cannot do without before the window is painted: the same controls in the same
 // places, as Windows itself makes and draws them; libcurl set up; the keys of a phrase derived once. In the same order,
 // and nothing else: no file, no colour, no picture, nothing drawn by the program.
+//
+// bench_plain_window URL sends one request besides, once the window is there, and then has the title "Asked".
 #include "app/layout.h"
 #include "bench/floor_window.h"
 #include "kit/wallet_files.h"
 #include "net/http_exchange.h"
+#include "platform/text_conversion.h"
 #include "wallet/wallet_keys.h"
 
 #include <commctrl.h>
 #include <objbase.h>
+#include <shellapi.h>
 
 #include <iterator>
+#include <string>
 
 namespace {
 
 constexpr unsigned kDpi = 96;
+constexpr UINT kAsk = WM_APP;
 
 struct Control {
     const wchar_t* window_class;
@@ -62,15 +68,35 @@ void place_controls(int width)
     }
 }
 
+void ask(HWND window, const std::string& url)
+{
+    HttpRequest request;
+    request.url = url;
+    if (exchange(request).status != 0) SetWindowTextW(window, L"Asked");
+}
+
+std::string url_to_ask()
+{
+    int count = 0;
+    wchar_t** const words = CommandLineToArgvW(GetCommandLineW(), &count);
+    std::string url = count > 1 ? narrow(words[1]) : std::string();
+    LocalFree(words);
+    return url;
+}
+
 LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam)
 {
     switch (message) {
     case WM_CREATE: {
         create_controls(window);
+        PostMessageW(window, kAsk, 0, 0);
         return derive_wallet_keys(SecretText(std::string(kPhrase)), 0, 0) ? 0 : -1;
     }
     case WM_SIZE:
         place_controls(LOWORD(lparam));
+        return 0;
+    case kAsk:
+        if (const std::string url = url_to_ask(); !url.empty()) ask(window, url);
         return 0;
     case WM_DESTROY:
         PostQuitMessage(0);
