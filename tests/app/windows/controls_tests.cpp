@@ -150,6 +150,14 @@ TEST_F(Tips, AreAsWideAsTheirLabelAndStayAsLongAsTheyMay)
     EXPECT_EQ(SendMessageW(app_state().tips, TTM_GETDELAYTIME, TTDT_AUTOPOP, 0), 0x7FFF);
 }
 
+// A timer's message, which another program can send as well, is what they are made by.
+TEST_F(Tips, AreMadeOnce)
+{
+    const HWND made = app_state().tips;
+    SendMessageW(window.window(), WM_TIMER, 1, 0);
+    EXPECT_EQ(app_state().tips, made);
+}
+
 TEST_F(Tips, OneComesWhenTheMouseRestsOnTheLabelWhereverItIsNow)
 {
     set_status(kLongSentence);

@@ -31,12 +31,17 @@ TEST(StartWork, TellsWhatTheUserShouldKnowOfTheSettings)
     EXPECT_NE(work.wait().notice, SettingsNotice::none);
 }
 
-TEST(StartWork, IsAskedForOnceAllControlsAreThereAndShownBeforeTheWindowIs)
+TEST(StartWork, IsAskedForOnceAllControlsAreInTheirPlacesAndShownBeforeTheWindowIs)
 {
     const TestFolder folder;
     const OwnWindow window(kDefaultDpi, [] {
         const HWND made = app_state().main_window;
-        EXPECT_NE(GetDlgItem(made, kVersionLabel), nullptr);
+        RECT version{};
+        GetWindowRect(GetDlgItem(made, kVersionLabel), &version);
+        MapWindowPoints(HWND_DESKTOP, made, reinterpret_cast<POINT*>(&version), 2);
+        EXPECT_GT(version.right, version.left);
+        EXPECT_EQ(from_windows(version), app_state().layout.version);
+        EXPECT_EQ(app_state().tips, nullptr);
         EXPECT_FALSE(IsWindowVisible(made));
         app_state().settings.site = "https://brasslet.test";
         app_state().settings_notice = SettingsNotice::damaged;
