@@ -9,6 +9,20 @@
 
 #include <gtest/gtest.h>
 
+namespace {
+
+// In the main window, while it is being made.
+Rect place_of(int id)
+{
+    const HWND made = app_state().main_window;
+    RECT place{};
+    GetWindowRect(GetDlgItem(made, id), &place);
+    MapWindowPoints(HWND_DESKTOP, made, reinterpret_cast<POINT*>(&place), 2);
+    return from_windows(place);
+}
+
+}  // namespace
+
 TEST(StartWork, BindsTheWalletAndFindsSettingsAndTextsOfTheCards)
 {
     const TestFolder folder;
@@ -36,11 +50,10 @@ TEST(StartWork, IsAskedForOnceAllControlsAreInTheirPlacesAndShownBeforeTheWindow
     const TestFolder folder;
     const OwnWindow window(kDefaultDpi, [] {
         const HWND made = app_state().main_window;
-        RECT version{};
-        GetWindowRect(GetDlgItem(made, kVersionLabel), &version);
-        MapWindowPoints(HWND_DESKTOP, made, reinterpret_cast<POINT*>(&version), 2);
-        EXPECT_GT(version.right, version.left);
-        EXPECT_EQ(from_windows(version), app_state().layout.version);
+        EXPECT_GT(place_of(kVersionLabel).width, 10);
+        EXPECT_EQ(place_of(kVersionLabel), app_state().layout.version);
+        SetWindowPos(made, nullptr, 0, 0, 1000, 700, SWP_NOMOVE | SWP_NOZORDER);
+        EXPECT_EQ(place_of(kCloseButton), app_state().layout.close);
         EXPECT_EQ(app_state().tips, nullptr);
         EXPECT_FALSE(IsWindowVisible(made));
         app_state().settings.site = "https://brasslet.test";
