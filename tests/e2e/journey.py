@@ -40,6 +40,7 @@ def resolves(alias: str) -> bool:
 def fill(field: int, text: str) -> None:
     """Clicks the field and types over what it holds."""
     desk.click(field)
+    desk.drive("wait-focus", field)  # the browser had it a moment ago
     desk.xdotool("key", "ctrl+a", "type", "--delay", 20, text)
     desk.drive("wait-text", field, text)
 

@@ -74,6 +74,15 @@ bool wait_until(const std::function<bool()>& condition, ULONGLONG milliseconds)
     return true;
 }
 
+// Whether the keys go to the control.
+bool has_focus(HWND control)
+{
+    GUITHREADINFO thread{};
+    thread.cbSize = sizeof thread;
+    return GetGUIThreadInfo(GetWindowThreadProcessId(control, nullptr), &thread) != 0 && thread.hwndFocus == control &&
+           GetForegroundWindow() == GetAncestor(control, GA_ROOT);
+}
+
 HWND window()
 {
     return FindWindowW(kWindowClass, nullptr);
@@ -157,6 +166,8 @@ const std::map<std::wstring, std::function<bool(const Arguments&)>>& commands()
         // wait-idle SECONDS: until no flow runs
         {L"wait-idle",
          [](const Arguments& a) { return wait_until(is_idle, static_cast<ULONGLONG>(std::stoi(a.at(0))) * 1000); }},
+        // wait-focus ID: until the keys go to the control
+        {L"wait-focus", [](const Arguments& a) { return wait_until([&a] { return has_focus(control(a)); }, 30'000); }},
         // wait-text ID [TEXT]: until the control has the text, or any text at all
         {L"wait-text",
          [](const Arguments& a) {
