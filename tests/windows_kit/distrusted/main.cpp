@@ -5,8 +5,9 @@
 #include <iostream>
 #include <string>
 
-int main()
+int main(int count, char** arguments)
 {
+    if (count > 1 && std::string(arguments[1]) == "--clean") return std::puts("0") < 0;
     std::puts("port 1");
     std::fflush(stdout);
     for (std::string order; std::getline(std::cin, order);) {
