@@ -16,7 +16,7 @@ protected:
     void SetUp() override
     {
         Journey::SetUp();
-        if (IsSkipped()) return;
+        if (IsSkipped() || HasFatalFailure()) return;
         site().set_state("plugin");
         write_wallet(folder);
     }

@@ -78,3 +78,10 @@ def test_a_word_that_is_not_known_is_refused(kit):
     outcome = unpacked.run(kit, "--everything")
     assert outcome.status == 2
     assert outcome.lines[0].startswith("check.exe does not know --everything. It knows --yes,")
+
+
+def test_the_search_after_the_last_login_finds_what_wine_leaves(kit):
+    check = "Journey.LeavesNothingOfALoginThatWasTheLastToBeSent"
+    found = unpacked.run(kit, "--yes", "--as-windows", f"--gtest_filter={check}").result(check)
+    assert found["result"] == "failed"
+    assert "the password's letters from" in found["text"] and found["text"].count("Expected equality") == 1
